@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// What nearly every test needs, compiled once per test program.
+#include "tests/support/Printers.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// Character classes by ASCII rules only: no locale changes how mail is read.
+namespace tarvomime {
+
+constexpr char asciiLower(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+constexpr char asciiUpper(char c)
+{
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+/// SP, HTAB, CR, LF, VT or FF.
+constexpr bool isWhiteSpace(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+constexpr bool isLineBreak(char c)
+{
+    return c == '\r' || c == '\n';
+}
+
+/// SP or HTAB: what makes a following line a continuation (RFC 5322, section 2.2.3).
+constexpr bool isBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
+} // namespace tarvomime

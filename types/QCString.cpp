@@ -1,0 +1,349 @@
+// SPDX-License-Identifier: MIT
+#include "types/QCString.h"
+
+#include "types/Ascii.h"
+
+#include <QtGlobal>
+#include <algorithm>
+#include <cstring>
+#include <functional>
+#include <limits>
+#include <optional>
+#include <utility>
+
+namespace {
+
+using tarvomime::asciiLower;
+using tarvomime::asciiUpper;
+using tarvomime::isWhiteSpace;
+
+std::string_view viewOf(const char* text)
+{
+    return text == nullptr ? std::string_view() : std::string_view(text);
+}
+
+int lengthUpToNul(const char* bytes, int length)
+{
+    const void* nul =
+        length > 0 ? std::memchr(bytes, '\0', static_cast<std::size_t>(length)) : nullptr;
+    return nul == nullptr ? length : static_cast<int>(static_cast<const char*>(nul) - bytes);
+}
+
+// An array that only refers to foreign memory has no capacity of its own. Its memory may end
+// without a terminator and may go before the text does, so such bytes are copied.
+QByteArray owned(const QByteArray& bytes)
+{
+    const bool foreign = bytes.capacity() == 0 && !bytes.isEmpty();
+    return foreign ? QByteArray(bytes.constData(), bytes.size()) : bytes;
+}
+
+bool equalIgnoringCase(const char* a, const char* b, std::size_t length)
+{
+    return std::equal(a, a + length, b,
+                      [](char x, char y) { return asciiLower(x) == asciiLower(y); });
+}
+
+bool matchesAt(std::string_view text, std::size_t position, std::string_view pattern,
+               bool caseSensitive)
+{
+    const char* candidate = text.data() + position;
+    return caseSensitive ? std::memcmp(candidate, pattern.data(), pattern.size()) == 0
+                         : equalIgnoringCase(candidate, pattern.data(), pattern.size());
+}
+
+int findForward(std::string_view text, std::string_view pattern, int from, bool caseSensitive)
+{
+    const int length = static_cast<int>(text.size());
+    if (from < 0)
+        from = std::max(0, from + length);
+    if (from > length)
+        return -1;
+    const auto start = static_cast<std::size_t>(from);
+    if (caseSensitive) {
+        const std::size_t found = text.find(pattern, start);
+        return found == std::string_view::npos ? -1 : static_cast<int>(found);
+    }
+    for (std::size_t i = start; i + pattern.size() <= text.size(); ++i) {
+        if (matchesAt(text, i, pattern, false))
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+int findBackward(std::string_view text, std::string_view pattern, int from, bool caseSensitive)
+{
+    const int length = static_cast<int>(text.size());
+    if (from < 0)
+        from += length;
+    int i = std::min(from, length - static_cast<int>(pattern.size()));
+    for (; i >= 0; --i) {
+        if (matchesAt(text, static_cast<std::size_t>(i), pattern, caseSensitive))
+            return i;
+    }
+    return -1;
+}
+
+int countMatches(std::string_view text, std::string_view pattern, bool caseSensitive)
+{
+    int count = 0;
+    for (int i = findForward(text, pattern, 0, caseSensitive); i >= 0;
+         i = findForward(text, pattern, i + 1, caseSensitive))
+        ++count;
+    return count;
+}
+
+// The grammar of both number readers. The magnitude may be as large as `limit`.
+struct Number
+{
+    bool negative = false;
+    quint64 magnitude = 0;
+};
+
+std::optional<Number> readNumber(std::string_view text, bool signAllowed, quint64 positiveLimit)
+{
+    while (!text.empty() && isWhiteSpace(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isWhiteSpace(text.back()))
+        text.remove_suffix(1);
+    Number number;
+    if (!text.empty() && (text.front() == '+' || (signAllowed && text.front() == '-'))) {
+        number.negative = text.front() == '-';
+        text.remove_prefix(1);
+    }
+    if (text.empty())
+        return std::nullopt;
+    // In two's complement there is one negative number more than there are positive ones.
+    const quint64 limit = positiveLimit + (number.negative ? 1 : 0);
+    for (const char c : text) {
+        if (c < '0' || c > '9')
+            return std::nullopt;
+        number.magnitude = number.magnitude * 10 + static_cast<quint64>(c - '0');
+        if (number.magnitude > limit)
+            return std::nullopt;
+    }
+    return number;
+}
+
+void report(bool* ok, bool value)
+{
+    if (ok != nullptr)
+        *ok = value;
+}
+
+QCString mapped(const QCString& text, char (*convert)(char))
+{
+    const auto changes = [convert](char c) { return convert(c) != c; };
+    if (std::none_of(text.begin(), text.end(), changes))
+        return text;
+    QByteArray result(text.begin(), text.length());
+    std::transform(result.cbegin(), result.cend(), result.begin(), convert);
+    return QCString::fromBytes(result);
+}
+
+} // namespace
+
+QCString::QCString(QByteArray buffer, int offset, int length) noexcept
+    : mBuffer(std::move(buffer)), mOffset(offset), mLength(length)
+{
+}
+
+QCString::QCString(const char* text)
+{
+    if (text != nullptr)
+        *this = fromBytes(QByteArray(text));
+}
+
+QCString::QCString(const char* text, int length)
+{
+    if (text == nullptr)
+        return;
+    const int used = lengthUpToNul(text, length);
+    *this = fromBytes(used > 0 ? QByteArray(text, used) : QByteArray(""));
+}
+
+QCString::QCString(const QByteArray& bytes) : QCString(fromBytes(bytes))
+{
+    mLength = lengthUpToNul(begin(), mLength);
+}
+
+QCString QCString::fromBytes(const QByteArray& bytes)
+{
+    if (bytes.isNull() || bytes.size() > std::numeric_limits<int>::max())
+        return {};
+    return {owned(bytes), 0, static_cast<int>(bytes.size())};
+}
+
+const char* QCString::data() const
+{
+    if (isNull())
+        return "";
+    const int stop = mOffset + mLength;
+    if (stop != mBuffer.size() && mBuffer.at(stop) != '\0') {
+        mBuffer = QByteArray(begin(), mLength);
+        mOffset = 0;
+    }
+    return begin();
+}
+
+QCString QCString::left(int count) const
+{
+    return mid(0, std::max(count, 0));
+}
+
+QCString QCString::right(int count) const
+{
+    const int kept = std::clamp(count, 0, mLength);
+    return mid(mLength - kept, kept);
+}
+
+QCString QCString::mid(int index, int count) const
+{
+    if (isNull())
+        return {};
+    if (index < 0 || index > mLength)
+        return fromLiteral("");
+    const int rest = mLength - index;
+    return {mBuffer, mOffset + index, count < 0 ? rest : std::min(count, rest)};
+}
+
+QCString QCString::stripWhiteSpace() const
+{
+    const char* first = begin();
+    const char* last = end();
+    while (first != last && isWhiteSpace(*first))
+        ++first;
+    while (last != first && isWhiteSpace(last[-1]))
+        --last;
+    return mid(static_cast<int>(first - begin()), static_cast<int>(last - first));
+}
+
+int QCString::find(char c, int from, bool caseSensitive) const
+{
+    return findForward(view(), std::string_view(&c, 1), from, caseSensitive);
+}
+
+int QCString::find(const QCString& text, int from, bool caseSensitive) const
+{
+    return findForward(view(), text.view(), from, caseSensitive);
+}
+
+int QCString::findRev(char c, int from, bool caseSensitive) const
+{
+    return findBackward(view(), std::string_view(&c, 1), from, caseSensitive);
+}
+
+int QCString::findRev(const QCString& text, int from, bool caseSensitive) const
+{
+    return findBackward(view(), text.view(), from, caseSensitive);
+}
+
+int QCString::contains(char c, bool caseSensitive) const
+{
+    return countMatches(view(), std::string_view(&c, 1), caseSensitive);
+}
+
+int QCString::contains(const QCString& text, bool caseSensitive) const
+{
+    return countMatches(view(), text.view(), caseSensitive);
+}
+
+QCString QCString::lower() const
+{
+    return mapped(*this, asciiLower);
+}
+
+QCString QCString::upper() const
+{
+    return mapped(*this, asciiUpper);
+}
+
+QCString& QCString::append(const QCString& text)
+{
+    if (isNull()) {
+        *this = text;
+        return *this;
+    }
+    // The appended bytes may lie in this very buffer: a second reference keeps them in place.
+    const QCString source = text;
+    return appendBytes(source.begin(), source.length());
+}
+
+QCString& QCString::append(char c)
+{
+    return appendBytes(&c, 1);
+}
+
+QCString& QCString::appendBytes(const char* bytes, int count)
+{
+    // Keep the buffer's spare room when this text is all of it; otherwise start one of its own.
+    QByteArray buffer = mOffset == 0 && mLength == mBuffer.size()
+                            ? std::exchange(mBuffer, QByteArray())
+                            : QByteArray(begin(), mLength);
+    buffer.append(bytes, count);
+    *this = QCString(std::move(buffer), 0, mLength + count);
+    return *this;
+}
+
+QCString& QCString::prepend(const QCString& text)
+{
+    QCString result = text;
+    result.append(*this);
+    *this = result;
+    return *this;
+}
+
+void QCString::truncate(int length)
+{
+    if (length < mLength)
+        *this = left(length);
+}
+
+int QCString::toInt(bool* ok) const
+{
+    const auto number = readNumber(view(), true, std::numeric_limits<qint32>::max());
+    report(ok, number.has_value());
+    if (!number)
+        return 0;
+    const auto magnitude = static_cast<qint64>(number->magnitude);
+    return static_cast<int>(number->negative ? -magnitude : magnitude);
+}
+
+unsigned int QCString::toUInt(bool* ok) const
+{
+    const auto number = readNumber(view(), false, std::numeric_limits<quint32>::max());
+    report(ok, number.has_value());
+    return number ? static_cast<unsigned int>(number->magnitude) : 0;
+}
+
+QCString& QCString::setNum(long number)
+{
+    return *this = fromBytes(QByteArray::number(static_cast<qlonglong>(number)));
+}
+
+QCString& QCString::setNum(unsigned long number)
+{
+    return *this = fromBytes(QByteArray::number(static_cast<qulonglong>(number)));
+}
+
+QCString::operator QByteArray() const
+{
+    if (isNull())
+        return {};
+    const bool whole = mOffset == 0 && mLength == mBuffer.size();
+    return whole ? mBuffer : QByteArray(begin(), mLength);
+}
+
+bool operator==(const QCString& a, const char* b) noexcept
+{
+    return a.view() == viewOf(b);
+}
+
+bool operator<(const QCString& a, const char* b) noexcept
+{
+    return a.view() < viewOf(b);
+}
+
+bool operator<(const char* a, const QCString& b) noexcept
+{
+    return viewOf(a) < b.view();
+}

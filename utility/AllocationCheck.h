@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cassert>
+
+/// Stops the program through the C library's assertion handler when `pointer` is null, in every
+/// build type: a component without its children cannot go on. The message shows `name`, the source
+/// file as compiled and `signature`, which is spelled out since compilers differ in how they print
+/// one.
+#define TARVOMIME_CHECK_ALLOCATION(pointer, name, signature)                                       \
+    do {                                                                                           \
+        if ((pointer) == nullptr)                                                                  \
+            __assert_fail(name, __FILE__, __LINE__, signature);                                    \
+    } while (false)
