@@ -13,7 +13,7 @@ die() {
 # Prints the named packages that are not installed, one a line.
 missing_packages() {
     local installed
-    installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "$@" 2>/dev/null |
+    installed=$({ dpkg-query -W -f='${Package} ${db:Status-Status}\n' "$@" 2>/dev/null || true; } |
         sed -n 's/ installed$//p')
     printf '%s\n' "$@" | grep -vxF "$installed" || true
 }

@@ -181,7 +181,7 @@ inline QCString operator+(const char* a, const QCString& b)
 }
 inline QCString operator+(QCString a, const QByteArray& b)
 {
-    return a.append(b);
+    return a.append(QCString(b));
 }
 inline QByteArray operator+(QByteArray a, const QCString& b)
 {
