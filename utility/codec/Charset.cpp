@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "utility/codec/Charset.h"
+
+#include "utility/EMAIL_Util.h"
+#include "utility/codec/CharsetNames.h"
+#include "utility/codec/Utf7.h"
+
+#include <QTextCodec>
+#include <array>
+#include <cstddef>
+#include <memory>
+
+namespace tarvomime {
+
+namespace {
+
+constexpr int charsetCount = CHARSET_ISO_8859_15 + 1;
+using CodecTable = std::array<QTextCodec*, charsetCount>;
+
+CodecTable findCodecs()
+{
+    CodecTable codecs{};
+    for (int charset = 0; charset < charsetCount; ++charset)
+        codecs[static_cast<std::size_t>(charset)] = QTextCodec::codecForName(codecName(charset));
+    return codecs;
+}
+
+} // namespace
+
+QTextCodec* codecOf(int charset)
+{
+    // A look-up by name takes a lock and compares names; the answers never change.
+    static const CodecTable codecs = findCodecs();
+    const bool known = charset >= 0 && charset < charsetCount;
+    return codecs[known ? static_cast<std::size_t>(charset) : std::size_t{CHARSET_UNKNOWN}];
+}
+
+void encodeWithCharset(QCString& out, const QString& text, int charset)
+{
+    encodeWithCharset(out, text, charset, codecOf(charset));
+}
+
+void encodeWithCharset(QCString& out, const QString& text, int charset, const QTextCodec* codec)
+{
+    if (charset == CHARSET_UTF_7)
+        return;
+    if (codec == nullptr)
+        out = QCString(text.toLatin1().constData());
+    else
+        out = QCString::fromBytes(codec->fromUnicode(text));
+}
+
+void decodeFromCharset(std::string_view bytes, QString& out, int charset)
+{
+    decodeFromCharset(bytes, out, charset, codecOf(charset));
+}
+
+void decodeFromCharset(std::string_view bytes, QString& out, int charset, const QTextCodec* codec)
+{
+    if (bytes.empty())
+        return;
+    const int size = static_cast<int>(bytes.size());
+    if (charset == CHARSET_UTF_7) {
+        utf7ToUnicode(bytes, out);
+        return;
+    }
+    std::unique_ptr<QTextDecoder> decoder;
+    if (codec != nullptr && charset != CHARSET_UTF_8)
+        decoder.reset(codec->makeDecoder());
+    // A decoder, unlike the codec itself, shows nothing for a character that the text's end cuts.
+    out = decoder ? decoder->toUnicode(bytes.data(), size) : QString::fromUtf8(bytes.data(), size);
+}
+
+bool canEncodeByCharset(const QString& text, int charset)
+{
+    return canEncodeByCharset(text, charset, codecOf(charset));
+}
+
+bool canEncodeByCharset(const QString& text, int charset, const QTextCodec* codec)
+{
+    if (charset == CHARSET_UTF_8)
+        return true;
+    if (charset == CHARSET_UNKNOWN || codec == nullptr)
+        return false;
+    return codec->toUnicode(codec->fromUnicode(text).constData()) == text;
+}
+
+} // namespace tarvomime

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "types/QCString.h"
+
+#include <QString>
+#include <string_view>
+
+class QTextCodec;
+
+/// Conversion between Unicode text and the bytes of a charset.
+///
+/// Each operation has a twin that is told the codec: null stands for a platform that lacks it.
+namespace tarvomime {
+
+/// The charset's codec, or null when the platform has none.
+QTextCodec* codecOf(int charset);
+
+void encodeWithCharset(QCString& out, const QString& text, int charset);
+void encodeWithCharset(QCString& out, const QString& text, int charset, const QTextCodec* codec);
+
+void decodeFromCharset(std::string_view bytes, QString& out, int charset);
+void decodeFromCharset(std::string_view bytes, QString& out, int charset, const QTextCodec* codec);
+
+bool canEncodeByCharset(const QString& text, int charset);
+bool canEncodeByCharset(const QString& text, int charset, const QTextCodec* codec);
+
+} // namespace tarvomime

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "utility/codec/CharsetNames.h"
+
+#include "types/Ascii.h"
+#include "utility/EMAIL_Util.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace tarvomime {
+
+namespace {
+
+struct CharsetRow
+{
+    const char* mimeName;
+    const char* codecName;
+};
+
+// By charset number.
+//
+// 1. us-ascii goes through the Latin-1 codec: 8-bit bytes under that label are read, not lost.
+// 2. UTF-7 has a decoder of its own and is never written; its codec only answers for plain text
+//    beside it.
+// 3. gb2312 goes through the codec of its superset GBK, tis620 through that of ISO 8859-11.
+constexpr std::array<CharsetRow, 24> charsetRows = {{
+    {"us-ascii", "ISO 8859-1"},
+    {"us-ascii", "ISO 8859-1"},
+    {"iso-8859-1", "ISO 8859-1"},
+    {"iso-8859-2", "ISO 8859-2"},
+    {"iso-8859-4", "ISO 8859-4"},
+    {"iso-8859-6", "ISO 8859-6"},
+    {"iso-8859-7", "ISO 8859-7"},
+    {"iso-8859-8", "ISO 8859-8"},
+    {"iso-8859-9", "ISO 8859-9"},
+    {"iso-8859-13", "ISO 8859-13"},
+    {"koi8-u", "KOI8-U"},
+    {"windows-1251", "CP 1251"},
+    {"utf-7", "ISO 8859-1"},
+    {"utf-8", "UTF-8"},
+    {"gb2312", "GBK"},
+    {"gbk", "GBK"},
+    {"big5", "Big5"},
+    {"tis620", "ISO 8859-11"},
+    {"iso-8859-11", "ISO 8859-11"},
+    {"windows-874", "CP 874"},
+    {"iso-8859-5", "ISO 8859-5"},
+    {"iso-8859-3", "ISO 8859-3"},
+    {"iso-8859-10", "ISO 8859-10"},
+    {"iso-8859-15", "ISO 8859-15"},
+}};
+static_assert(charsetRows.size() == CHARSET_ISO_8859_15 + 1);
+static_assert(std::string_view(charsetRows[CHARSET_UTF_8].mimeName) == "utf-8");
+
+struct RecognisedName
+{
+    std::string_view key;
+    int charset;
+};
+
+// A name is recognised by the first key it contains, so that decorated names ("x-iso-8859-2",
+// "csbig5", a name in quotes) are known too.
+//
+// 1. The order decides: every longer ISO 8859 name stands before "iso-8859-1", which it contains.
+// 2. "koi8" takes koi8-r for koi8-u: they differ in a few letters only.
+constexpr std::array<RecognisedName, 23> recognisedNames = {{
+    {"utf-8", CHARSET_UTF_8},
+    {"utf-7", CHARSET_UTF_7},
+    {"big5", CHARSET_BIG5},
+    {"gb2312", CHARSET_GB2312},
+    {"gbk", CHARSET_GBK},
+    {"windows-874", CHARSET_WINDOWS_874},
+    {"iso-8859-11", CHARSET_ISO_8859_11},
+    {"tis620", CHARSET_TIS620},
+    {"iso-8859-2", CHARSET_ISO_8859_2},
+    {"iso-8859-3", CHARSET_ISO_8859_3},
+    {"iso-8859-4", CHARSET_ISO_8859_4},
+    {"iso-8859-5", CHARSET_ISO_8859_5},
+    {"iso-8859-6", CHARSET_ISO_8859_6},
+    {"iso-8859-7", CHARSET_ISO_8859_7},
+    {"iso-8859-8", CHARSET_ISO_8859_8},
+    {"iso-8859-9", CHARSET_ISO_8859_9},
+    {"iso-8859-10", CHARSET_ISO_8859_10},
+    {"iso-8859-13", CHARSET_ISO_8859_13},
+    {"iso-8859-15", CHARSET_ISO_8859_15},
+    {"iso-8859-1", CHARSET_ISO_8859_1},
+    {"koi8", CHARSET_KOI8_U},
+    {"windows-1251", CHARSET_WINDOWS_1251},
+    {"us-ascii", CHARSET_US_ASCII},
+}};
+// Every charset but "unknown" is recognised by one key.
+static_assert(recognisedNames.size() == charsetRows.size() - 1);
+
+bool containsIgnoringCase(std::string_view name, std::string_view lowerKey)
+{
+    return std::search(name.begin(), name.end(), lowerKey.begin(), lowerKey.end(),
+                       [](char c, char k) { return asciiLower(c) == k; }) != name.end();
+}
+
+const CharsetRow& rowOf(int charset)
+{
+    const bool known = charset > CHARSET_UNKNOWN && charset < static_cast<int>(charsetRows.size());
+    return charsetRows[known ? static_cast<std::size_t>(charset) : 0];
+}
+
+} // namespace
+
+int charsetFromName(std::string_view name)
+{
+    for (const RecognisedName& row : recognisedNames) {
+        if (containsIgnoringCase(name, row.key))
+            return row.charset;
+    }
+    return CHARSET_UNKNOWN;
+}
+
+int writeCharsetName(int charset, QCString& name)
+{
+    name = QCString(rowOf(charset).mimeName);
+    return 1;
+}
+
+const char* codecName(int charset)
+{
+    return rowOf(charset).codecName;
+}
+
+} // namespace tarvomime
