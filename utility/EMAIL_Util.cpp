@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Util.h"
 
+#include "utility/codec/Base64.h"
+#include "utility/codec/BlockWriter.h"
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/DisplayNumber.h"
 #include "utility/codec/FileExtensions.h"
+#include "utility/codec/FileMapping.h"
 #include "utility/codec/MediaTypes.h"
+#include "utility/codec/QuotedPrintable.h"
 #include "utility/codec/Tokens.h"
+#include "utility/codec/TransferEncoding.h"
 #include "utility/codec/Utf7.h"
 
 void EMAIL_Util::split(QCString const& sep, QCString const& src, QCString& left, QCString& right,
@@ -23,6 +28,103 @@ QValueList<QCString> EMAIL_Util::split(QCString const& sep, QCString const& src,
 void EMAIL_Util::stripChar(char c, QCString const& src, QCString& out)
 {
     tarvomime::stripChar(c, src, out);
+}
+
+QByteArray EMAIL_Util::encB64(char const* data, unsigned long len, int breakLines)
+{
+    return tarvomime::encodeBase64(data, len, breakLines != 0);
+}
+
+int EMAIL_Util::encB64(char const* data, unsigned long len, QFile* out, int breakLines)
+{
+    return tarvomime::encodeBase64(data, len, out, breakLines != 0);
+}
+
+QByteArray EMAIL_Util::decB64(char const* text, unsigned long* outLen, const ProgressCallback&)
+{
+    return tarvomime::decodeBase64(text, outLen);
+}
+
+int EMAIL_Util::decB64(char const* text, int len, QFile* out, const ProgressCallback& cb)
+{
+    return tarvomime::decodeBase64(text, len, out, cb);
+}
+
+QByteArray EMAIL_Util::encQp(char const* data, unsigned long len, int breakLines)
+{
+    return tarvomime::encodeQp(data, len, breakLines != 0);
+}
+
+int EMAIL_Util::encQp(char const* data, unsigned long len, QFile* out, int breakLines)
+{
+    return tarvomime::encodeQp(data, len, out, breakLines != 0);
+}
+
+QByteArray EMAIL_Util::decQp(char const* text, unsigned long* outLen, const ProgressCallback&)
+{
+    return tarvomime::decodeQp(text, outLen);
+}
+
+int EMAIL_Util::decQp(char const* text, int len, QFile* out, const ProgressCallback& cb)
+{
+    return tarvomime::decodeQp(text, len, out, cb);
+}
+
+int EMAIL_Util::cteStrToEnum(QCString const& name)
+{
+    return tarvomime::transferEncodingFromName(name);
+}
+
+QCString EMAIL_Util::cteEnumToStr(int cte)
+{
+    return tarvomime::transferEncodingName(cte);
+}
+
+int EMAIL_Util::guessRightCTE(char const* data, int len)
+{
+    return tarvomime::guessTransferEncoding(data, len);
+}
+
+int EMAIL_Util::guessRightCTE(QByteArray const& data)
+{
+    return tarvomime::guessTransferEncoding(data);
+}
+
+void EMAIL_Util::encWithCTE(QByteArray const& in, QByteArray& out, int cte)
+{
+    tarvomime::encodeTransfer(in, out, cte);
+}
+
+int EMAIL_Util::encWithCTE(char const* data, int len, QFile* file, int cte)
+{
+    return tarvomime::encodeTransfer(data, len, file, cte);
+}
+
+void EMAIL_Util::decFromCTE(QCString const& in, QByteArray& out, int cte, const ProgressCallback&)
+{
+    tarvomime::decodeTransfer(in, out, cte);
+}
+
+int EMAIL_Util::decFromCTE(char const* data, int len, QFile* file, int cte,
+                           const ProgressCallback& cb)
+{
+    return tarvomime::decodeTransfer(data, len, file, cte, cb);
+}
+
+int EMAIL_Util::writeFile(QFile* file, char* buf, int& used, int threshold,
+                          const ProgressCallback& cb)
+{
+    return tarvomime::writeFile(file, buf, used, threshold, cb);
+}
+
+int EMAIL_Util::writeRawData(char const* data, int len, QFile* file, const ProgressCallback& cb)
+{
+    return tarvomime::writeRawData(data, len, file, cb);
+}
+
+int EMAIL_Util::openBuffer(QString const& path, FILE*& fp, char*& data, int& size)
+{
+    return tarvomime::mapFile(path, fp, data, size);
 }
 
 int EMAIL_Util::charsetStrToEnum(QCString const& name)

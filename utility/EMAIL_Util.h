@@ -93,40 +93,78 @@ public:
     /// 1. A text of two bytes or fewer leaves `out` alone, so that a lone pair of quotes survives.
     static void stripChar(char c, QCString const& src, QCString& out);
 
-    // Base64 (RFC 2045, section 6.8). `breakLines` non-zero ends lines of 76 characters, and the
-    // last one, with CR LF; 0 gives one run without any line end.
+    // Base64 (RFC 2045, section 6.8) and quoted-printable (section 6.7).
+    //
+    // The memory forms return the result as an array; it is empty for a null pointer and when there
+    // is no memory for it. The decoders read up to the terminating NUL, write the result's length
+    // to `outLen` and never call the callback.
+    //
+    // The file forms write to `out`, which is open for writing, in blocks of 32768 bytes or a few
+    // more; the decoders read exactly `len` bytes and ask the callback before each block but the
+    // last. They return 0 once the file has taken every byte, and -1 when a write failed or the
+    // callback returned -1; what was written by then stays in the file.
+    //
+    // No text is an error for a decoder.
 
+    /// `breakLines` non-zero ends lines of 76 characters, and the last one, with CR LF; 0 gives one
+    /// run without any line end.
     static QByteArray encB64(char const* data, unsigned long len, int breakLines);
     static int encB64(char const* data, unsigned long len, QFile* out, int breakLines);
+    /// Bytes outside the alphabet are skipped, all but 0xEC to 0xFF, which are read as "A"; padded
+    /// groups may be followed by others; an incomplete last group is dropped. An empty text leaves
+    /// `outLen` alone.
     static QByteArray decB64(char const* text, unsigned long* outLen,
                              const ProgressCallback& cb = nullptr);
     static int decB64(char const* text, int len, QFile* out, const ProgressCallback& cb = nullptr);
 
-    // Quoted-printable (RFC 2045, section 6.7). `breakLines` non-zero inserts soft line breaks and
-    // ends the text with CR LF.
-
+    /// Escapes controls (CR and LF too), the space, "!", "\"", "#", "=" and every byte from 0x7F
+    /// on. `breakLines` non-zero inserts soft line breaks behind column 68 and ends the text with
+    /// CR LF; 0 gives one run without any line end.
     static QByteArray encQp(char const* data, unsigned long len, int breakLines);
     static int encQp(char const* data, unsigned long len, QFile* out, int breakLines);
+    /// Keeps white space at line ends and does not check digits; a "=" with fewer than two bytes
+    /// behind it ends the text.
     static QByteArray decQp(char const* text, unsigned long* outLen,
                             const ProgressCallback& cb = nullptr);
     static int decQp(char const* text, int len, QFile* out, const ProgressCallback& cb = nullptr);
 
     // Transfer encodings and streamed output.
 
+    /// The `EMAIL_CTE` whose name `name` holds, in any case and with anything around it; else
+    /// `CTE_UNKNOWN`.
     static int cteStrToEnum(QCString const& name);
+    /// The name of an `EMAIL_CTE`; "7bit" for `CTE_UNKNOWN` and for every other number.
     static QCString cteEnumToStr(int cte);
+    /// The encoding for an attachment, judged by its first 4096 bytes: `CTE_BASE64` when more than
+    /// a tenth of them would be escaped in quoted-printable, else `CTE_QUOTED_PRINTABLE`, also for
+    /// a null pointer.
     static int guessRightCTE(char const* data, int len);
     static int guessRightCTE(QByteArray const& data);
+    /// Encodes with line breaks as `cte` says; any value but `CTE_QUOTED_PRINTABLE` and
+    /// `CTE_BASE64` copies the bytes. The file form returns 0 or -1.
     static void encWithCTE(QByteArray const& in, QByteArray& out, int cte);
     static int encWithCTE(char const* data, int len, QFile* file, int cte);
+    /// The reverse. In memory the text ends at its first NUL. The file form returns 0, -1, or,
+    /// where bytes are copied, the callback's non-zero value.
     static void decFromCTE(QCString const& in, QByteArray& out, int cte,
                            const ProgressCallback& cb = nullptr);
     static int decFromCTE(char const* data, int len, QFile* file, int cte,
                           const ProgressCallback& cb = nullptr);
+    /// Writes the `used` bytes of `buf` once they are `threshold` or more, then clears the first
+    /// four bytes of `buf` (which holds at least four) and sets `used` to 0. Returns 0, also when
+    /// there was nothing to write yet; -1 when the file did not take the bytes; the callback's
+    /// answer when it is not 0, with nothing written and `used` as it was.
     static int writeFile(QFile* file, char* buf, int& used, int threshold,
                          const ProgressCallback& cb = nullptr);
+    /// Writes `len` bytes in blocks of 32768, asking the callback before each block, the last one
+    /// included. Returns 0, -1, or the callback's non-zero value.
     static int writeRawData(char const* data, int len, QFile* file,
                             const ProgressCallback& cb = nullptr);
+    /// Maps the whole file at `path` read-only and private. Returns 0 and gives the caller the
+    /// mapping (`munmap(data, size)`) and the stream (`fclose(fp)`); or -1 with nothing left open
+    /// and the arguments as they were: for a file that cannot be opened for reading and writing,
+    /// for anything but a regular file, for an empty one and for one of 2 GiB or more. Never
+    /// blocks.
     static int openBuffer(QString const& path, FILE*& fp, char*& data, int& size);
 
     // Charsets.

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "utility/EMAIL_Util.h"
+
+#include <QByteArray>
+#include <string_view>
+
+/// Base64 (RFC 2045, section 6.8): the rules behind `EMAIL_Util::encB64` and `decB64`.
+///
+/// The decoder never fails on its text. Where it departs from the RFC or looks like a slip:
+/// 1. The bytes 0xEC to 0xFF are the digit "A" and not skipped: stored mail was decoded by a table
+///    of 236 entries with zeros behind them, and decodes the same today.
+/// 2. A padded group does not end the text: the groups behind it are decoded too, so that texts
+///    that were encoded piecewise read as one.
+/// 3. A trailing group of fewer than four characters is dropped.
+/// 4. Only "==" as third and fourth character and "=" as fourth shorten a group. A "=" elsewhere
+///    counts as 64, and the sums are taken modulo 256.
+namespace tarvomime {
+
+QByteArray encodeBase64(const char* data, unsigned long length, bool breakLines);
+int encodeBase64(const char* data, unsigned long length, QFile* out, bool breakLines);
+
+/// Decodes all of `text`, NUL bytes included (they are skipped like any foreign byte). With an
+/// empty text or no memory the result is empty and `*decodedLength` is left alone.
+QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength);
+/// The same up to the first NUL; a null pointer of either kind gives an empty array.
+QByteArray decodeBase64(const char* text, unsigned long* decodedLength);
+int decodeBase64(const char* text, int length, QFile* out, const ProgressCallback& callback);
+
+} // namespace tarvomime

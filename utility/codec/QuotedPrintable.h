@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "utility/EMAIL_Util.h"
+
+#include <QByteArray>
+#include <array>
+#include <string_view>
+
+/// Quoted-printable (RFC 2045, section 6.7): the rules behind `EMAIL_Util::encQp` and `decQp`.
+///
+/// Where the encoder departs from the RFC or looks like a slip:
+/// 1. It also escapes the space, "!", "\"", "#" and every CR and LF: what it writes survives any
+///    gateway, and no white space can be lost at a line's end.
+/// 2. It breaks a line after column 68, long before 76, so that an escape fits behind any column.
+/// 3. A CR never ends a line: its "=0D" stays beside the "=0A" that normally follows. The line is
+///    then broken after the next byte that is not CR, wherever that is.
+///
+/// The decoder never fails on its text:
+/// 1. White space before a line's end stays: a body is given back byte by byte.
+/// 2. Digits are not validated: a byte that is none counts as 70, and the sum is taken modulo 256.
+/// 3. "=" with fewer than two bytes behind it ends the text, a soft line break apart.
+namespace tarvomime {
+
+/// Whether the encoder writes a byte as "=XX".
+constexpr bool isQpEscaped(unsigned char byte)
+{
+    return byte <= '#' || byte == '=' || byte >= 0x7F;
+}
+
+QByteArray encodeQp(const char* data, unsigned long length, bool breakLines);
+int encodeQp(const char* data, unsigned long length, QFile* out, bool breakLines);
+
+/// Decodes all of `text`, NUL bytes included. With no memory the result is empty and
+/// `*decodedLength` is left alone.
+QByteArray decodeQp(std::string_view text, unsigned long* decodedLength);
+/// The same up to the first NUL; a null pointer of either kind gives an empty array.
+QByteArray decodeQp(const char* text, unsigned long* decodedLength);
+int decodeQp(const char* text, int length, QFile* out, const ProgressCallback& callback);
+
+} // namespace tarvomime
