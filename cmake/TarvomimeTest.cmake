@@ -2,8 +2,27 @@
 # tarvomime_add_test(name source...) builds one GoogleTest program and registers it under its name.
 function(tarvomime_add_test name)
   add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE tarvomime)
+  tarvomime_register_test(${name})
+endfunction()
+
+# tarvomime_add_internal_test(name source...) does the same for tests of what the shared library
+# hides: the library's own object files become part of the program.
+function(tarvomime_add_internal_test name)
+  if(NOT TARGET tarvomime_internals)
+    add_library(tarvomime_internals STATIC $<TARGET_OBJECTS:tarvomime>)
+    set_target_properties(tarvomime_internals PROPERTIES LINKER_LANGUAGE CXX)
+    get_target_property(libraries tarvomime LINK_LIBRARIES)
+    target_link_libraries(tarvomime_internals PUBLIC ${libraries})
+  endif()
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE tarvomime_internals)
+  tarvomime_register_test(${name})
+endfunction()
+
+function(tarvomime_register_test name)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
-  target_link_libraries(${name} PRIVATE tarvomime tarvomime_flags GTest::gmock GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE tarvomime_flags GTest::gmock GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE
     TARVOMIME_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
     TARVOMIME_CORPUS_DIR="${PROJECT_SOURCE_DIR}/../shared/corpus")
