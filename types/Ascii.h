@@ -14,6 +14,11 @@ constexpr char asciiUpper(char c)
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
+constexpr bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
 /// SP, HTAB, CR, LF, VT or FF.
 constexpr bool isWhiteSpace(char c)
 {

@@ -1,25 +1,145 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_AddrList.h"
 
+#include "utility/AllocationCheck.h"
+#include "utility/EMAIL_Util.h"
+
+#include <algorithm>
+#include <new>
+
+namespace {
+
+constexpr int mailboxType = 1;
+constexpr int groupType = 2;
+
+// `g` is the name by which the assertion's readers know a missing address.
+EMAIL_Address* newAddress(int type)
+{
+    auto* g = new (std::nothrow) EMAIL_Address;
+    TARVOMIME_CHECK_ALLOCATION(g, "g", "virtual void EMAIL_AddrList::parse()");
+    g->mAddrType = type;
+    return g;
+}
+
+EMAIL_Address* newMailbox(const QCString& text)
+{
+    EMAIL_Address* mailbox = newAddress(mailboxType);
+    mailbox->mAddresses.append(text);
+    return mailbox;
+}
+
+EMAIL_Address* newGroup(const QCString& name, const QCString& members)
+{
+    EMAIL_Address* group = newAddress(groupType);
+    group->mGroupName = name;
+    group->mAddresses = EMAIL_Util::split(QCString::fromLiteral(","), members, true);
+    return group;
+}
+
+void appendText(QByteArray& out, const QCString& text)
+{
+    out.append(text.begin(), text.length());
+}
+
+bool isWritten(const EMAIL_Address* address)
+{
+    if (address == nullptr)
+        return false;
+    if (address->mAddrType == groupType)
+        return true;
+    return !address->mAddresses.isEmpty() && !address->mAddresses.first().isEmpty();
+}
+
+void appendAddress(QByteArray& out, const EMAIL_Address& address)
+{
+    if (address.mAddrType != groupType) {
+        appendText(out, address.mAddresses.first());
+        return;
+    }
+    appendText(out, address.mGroupName);
+    out.append(": ", 2);
+    for (const QCString& member : address.mAddresses)
+        appendText(out, member);
+}
+
+QCString writtenList(const QPtrList<EMAIL_Address>& list)
+{
+    QByteArray body("");
+    for (const EMAIL_Address* address : list) {
+        if (!isWritten(address))
+            continue;
+        if (!body.isEmpty())
+            body.append(",\r\n\t", 4);
+        appendAddress(body, *address);
+    }
+    return QCString::fromBytes(body);
+}
+
+// Index of the quote that closes the one at index 0, or -1.
+int closingQuote(const QCString& text)
+{
+    int quote = text.find('"', 1);
+    while (quote >= 0 && text[quote - 1] == '\\')
+        quote = text.find('"', quote + 1);
+    return quote;
+}
+
+} // namespace
+
 EMAIL_AddrList::EMAIL_AddrList() : EMAIL_AddrList(QCString(), nullptr) {}
 
 EMAIL_AddrList::EMAIL_AddrList(const QCString& text, EMAIL_BaseComponent* parent)
     : EMAIL_Field(text, parent)
 {
+    mAddrList.setAutoDelete(true);
 }
 
 EMAIL_AddrList::~EMAIL_AddrList() = default;
 
 void EMAIL_AddrList::assemble()
 {
+    if (mParsed == 1)
+        mBody = writtenList(mAddrList);
     EMAIL_Field::assemble();
 }
 
 void EMAIL_AddrList::parse()
 {
-    EMAIL_Field::parse();
+    mAddrList.clear();
+    if (mBody.isEmpty())
+        return;
+    const int length = mBody.length();
+    const auto endsPiece = [](char c) { return c == ',' || c == ':'; };
+    int start = 0;
+    while (start < length) {
+        const char* separator = std::find_if(mBody.begin() + start, mBody.end(), endsPiece);
+        const int stop = static_cast<int>(separator - mBody.begin());
+        if (mBody[stop] == ':') {
+            mAddrList.append(newGroup(mBody.mid(start, stop - start), mBody.mid(stop + 1)));
+            break;
+        }
+        // The body's last character belongs to the last mailbox, even when it is a ",".
+        const int size = stop >= length - 1 ? length - start : stop - start;
+        mAddrList.append(newMailbox(mBody.mid(start, size).stripWhiteSpace()));
+        start = stop + 1;
+    }
+    mParsed = 1;
 }
 
 EMAIL_Address::EMAIL_Address() = default;
 
 EMAIL_Address::~EMAIL_Address() = default;
+
+QCString EMAIL_Address::getRouteAddress(QCString const& text)
+{
+    if (text.isEmpty())
+        return QCString::fromLiteral("");
+    QCString rest = text;
+    if (const int quote = text[0] == '"' ? closingQuote(text) : -1; quote >= 0)
+        rest = text.mid(quote + 1);
+    const int open = rest.find('<');
+    const int close = rest.find('>');
+    if (open < 0 || close < 0)
+        return rest;
+    return close < open ? rest.mid(open + 1) : rest.mid(open + 1, close - open - 1);
+}

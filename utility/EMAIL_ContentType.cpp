@@ -1,10 +1,87 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_ContentType.h"
 
+#include "utility/EMAIL_Util.h"
+#include "utility/codec/MediaTypes.h"
+#include "utility/codec/Tokens.h"
+
+#include <cstdlib>
+#include <ctime>
+
+namespace {
+
+QCString boundaryKey()
+{
+    return QCString::fromLiteral("boundary");
+}
+
+QCString charsetKey()
+{
+    return QCString::fromLiteral("charset");
+}
+
+QCString methodKey()
+{
+    return QCString::fromLiteral("method");
+}
+
+QCString nameKey()
+{
+    return QCString::fromLiteral("name");
+}
+
+QCString startKey()
+{
+    return QCString::fromLiteral("start");
+}
+
+void appendText(QByteArray& out, const QCString& text)
+{
+    out.append(text.begin(), text.length());
+}
+
+// Reads "name=value;name=value" into `params`; earlier values of a name are replaced.
+//
+// 1. Name and value live on from piece to piece: a piece without "=" is stored with the value of
+//    the piece before it.
+// 2. There is one round more than there are pieces, over an empty piece. It repeats the last pair,
+//    and stores an empty name when there are no pieces at all: "text/plain;" keeps its ";".
+// 3. Quotes protect nothing: a ";" inside a quoted value ends it.
+void readParameters(const QCString& text, QMap<QCString, QCString>& params)
+{
+    const QCString equals = QCString::fromLiteral("=");
+    QCString name = QCString::fromLiteral("");
+    QCString value = QCString::fromLiteral("");
+    QValueList<QCString> pieces = EMAIL_Util::split(QCString::fromLiteral(";"), text, true);
+    pieces.append(QCString());
+    for (const QCString& piece : pieces) {
+        EMAIL_Util::split(equals, piece, name, value, true);
+        params.insert(name.lower(), value);
+    }
+}
+
+void readQuoted(const QMap<QCString, QCString>& params, const QCString& key, QCString& out)
+{
+    const auto found = params.constFind(key);
+    if (found != params.constEnd())
+        out = tarvomime::withoutQuotes(found.value());
+}
+
+// The counter keeps two boundaries of one second apart.
+unsigned int nextSeed()
+{
+    static unsigned int counter = 0;
+    return static_cast<unsigned int>(std::time(nullptr)) + ++counter;
+}
+
+} // namespace
+
 EMAIL_ContentType::EMAIL_ContentType() : EMAIL_ContentType(QCString(), nullptr) {}
 
 EMAIL_ContentType::EMAIL_ContentType(const QCString& text, EMAIL_BaseComponent* parent)
-    : EMAIL_Field(text, parent)
+    : EMAIL_Field(text, parent), mType(QCString::fromLiteral("text")),
+      mSubType(QCString::fromLiteral("plain")), mTypeEnum(TYPE_TEXT),
+      mSubTypeEnum(tarvomime::plainSubtype)
 {
 }
 
@@ -12,10 +89,175 @@ EMAIL_ContentType::~EMAIL_ContentType() = default;
 
 void EMAIL_ContentType::assemble()
 {
+    if (mType.isEmpty() || mSubType.isEmpty())
+        return;
+    if (mParsed == 1)
+        mBody = writtenBody();
     EMAIL_Field::assemble();
+}
+
+QCString EMAIL_ContentType::writtenBody() const
+{
+    QByteArray body;
+    appendText(body, mType);
+    body.append('/');
+    appendText(body, mSubType);
+    if (!mBoundary.isEmpty()) {
+        body.append(";Boundary=\"");
+        appendText(body, mBoundary);
+        body.append('"');
+    }
+    for (auto param = mParams.constBegin(); param != mParams.constEnd(); ++param) {
+        if (param.key() == boundaryKey())
+            continue;
+        body.append(";\r\n\t", 4);
+        appendText(body, param.key());
+        body.append('=');
+        appendText(body, param.value());
+    }
+    return QCString::fromBytes(body);
 }
 
 void EMAIL_ContentType::parse()
 {
-    EMAIL_Field::parse();
+    if (mBody.isEmpty())
+        return;
+    const int position = parseMediaType();
+    mParsed = 1;
+    if (mBody[position] == ';')
+        readParameters(mBody.mid(position + 1), mParams);
+    else if (position == 0)
+        readParameters(mBody, mParams);
+    else
+        return;
+    readQuoted(mParams, boundaryKey(), mBoundary);
+}
+
+int EMAIL_ContentType::parseMediaType()
+{
+    const int semicolon = mBody.find(';');
+    const QCString mediaType = semicolon < 0 ? mBody : mBody.left(semicolon);
+    const int slash = mediaType.findRev('/');
+    if (slash <= 0) {
+        setTypeStr(QCString::fromLiteral("text"));
+        setSubTypeStr(QCString::fromLiteral("plain"));
+        return 0;
+    }
+    setTypeStr(mediaType.left(slash).stripWhiteSpace());
+    setSubTypeStr(mediaType.mid(slash + 1).stripWhiteSpace());
+    return mediaType.length();
+}
+
+void EMAIL_ContentType::setType(int type)
+{
+    mTypeEnum = type;
+    mType = QCString::fromLiteral("");
+    EMAIL_Util::typeEnumToStr(type, mType);
+    mParsed = 1;
+}
+
+void EMAIL_ContentType::setSubType(int subType)
+{
+    mSubTypeEnum = subType;
+    mSubType = QCString::fromLiteral("");
+    EMAIL_Util::subTypeEnumToStr(subType, mSubType);
+    mParsed = 1;
+}
+
+void EMAIL_ContentType::setTypeStr(const QCString& name)
+{
+    mType = name;
+    mTypeEnum = EMAIL_Util::typeStrToEnum(name);
+    mParsed = 1;
+}
+
+void EMAIL_ContentType::setSubTypeStr(const QCString& name)
+{
+    mSubType = name;
+    mSubTypeEnum = EMAIL_Util::subTypeStrToEnum(name);
+    mParsed = 1;
+}
+
+void EMAIL_ContentType::setBoundary(const QCString& boundary)
+{
+    mBoundary = boundary;
+}
+
+QCString EMAIL_ContentType::getMethod() const
+{
+    return mMethod;
+}
+
+void EMAIL_ContentType::setMethod(const QCString& method)
+{
+    mMethod = method;
+    storeParameter(methodKey(), method);
+}
+
+int EMAIL_ContentType::getCharset() const
+{
+    QCString charset;
+    readQuoted(mParams, charsetKey(), charset);
+    return EMAIL_Util::charsetStrToEnum(charset);
+}
+
+bool EMAIL_ContentType::hasCharset() const
+{
+    return mParams.contains(charsetKey());
+}
+
+int EMAIL_ContentType::setCharset(int charset)
+{
+    QCString name;
+    const int written = EMAIL_Util::charsetEnumToStr(charset, name);
+    if (written != 0)
+        storeParameter(charsetKey(), name);
+    return written;
+}
+
+void EMAIL_ContentType::setCharset(const QCString& charset)
+{
+    storeParameter(charsetKey(), charset);
+}
+
+void EMAIL_ContentType::getName(QCString& out) const
+{
+    readQuoted(mParams, nameKey(), out);
+}
+
+void EMAIL_ContentType::setName(const QCString& name)
+{
+    storeParameter(nameKey(), name);
+}
+
+void EMAIL_ContentType::getStart(QCString& out) const
+{
+    readQuoted(mParams, startKey(), out);
+}
+
+void EMAIL_ContentType::setStart(const QCString& start)
+{
+    storeParameter(startKey(), start);
+}
+
+void EMAIL_ContentType::setParameter(const QCString& name, const QCString& value)
+{
+    mParams.insert(name.lower(), value);
+}
+
+void EMAIL_ContentType::storeParameter(const QCString& key, const QCString& value)
+{
+    mParams.insert(key, value);
+    mParsed = 1;
+}
+
+void EMAIL_ContentType::createBoundary()
+{
+    static constexpr char digits[] = "0123456789ABCDEF";
+    constexpr int digitCount = 24;
+    QByteArray boundary(12, '-');
+    std::srand(nextSeed());
+    for (int i = 0; i < digitCount; ++i)
+        boundary.append(digits[std::rand() % 16]);
+    mBoundary = QCString::fromBytes(boundary);
 }

@@ -1,21 +1,172 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_DateTime.h"
 
-EMAIL_DateTime::EMAIL_DateTime() : EMAIL_DateTime(QCString(), nullptr) {}
+#include "types/Ascii.h"
+#include "utility/EMAIL_Util.h"
+#include "utility/codec/LocalTime.h"
+#include "utility/codec/ZoneOffset.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+namespace {
+
+using Tokens = QValueList<QCString>;
+
+constexpr std::array dayNames{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+constexpr std::array monthNames{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+
+// Index of the name that equals `text` whatever the case, or 0: Sunday, January.
+template <std::size_t N>
+int indexOfName(const std::array<const char*, N>& names, const QCString& text)
+{
+    const QCString wanted = text.lower();
+    const auto equals = [&wanted](const char* name) { return QCString(name).lower() == wanted; };
+    const auto found = std::find_if(names.begin(), names.end(), equals);
+    return found == names.end() ? 0 : static_cast<int>(found - names.begin());
+}
+
+// The name at `index`, counted round and round, backwards for negative numbers.
+template <std::size_t N>
+const char* nameAt(const std::array<const char*, N>& names, int index)
+{
+    constexpr int count = static_cast<int>(N);
+    return names[static_cast<std::size_t>((index % count + count) % count)];
+}
+
+// Looks for the first character that `wanted` accepts and tells where the search stopped.
+//
+// 1. The first character is looked at twice before the search moves on, so that it stops one
+//    position behind what it found unless that is the very first character. The day name counts on
+//    it: it is recognised only where it begins the text.
+// 2. Without such a character the search stops at the end.
+template <typename Predicate>
+int stopOfSearch(const QCString& text, Predicate wanted)
+{
+    const auto index =
+        static_cast<int>(std::find_if(text.begin(), text.end(), wanted) - text.begin());
+    return index == 0 || index == text.length() ? index : index + 1;
+}
+
+bool mayBeginDayName(char c)
+{
+    const char lower = tarvomime::asciiLower(c);
+    return lower >= 'b' && lower <= 'y';
+}
+
+// `stop` is where the search for the first digit stopped. Only in front of a digit at index 3 or
+// later is there room for a day name.
+int dayOfWeek(const QCString& text, int stop)
+{
+    if (stop <= 3)
+        return 0;
+    return indexOfName(dayNames, text.mid(stopOfSearch(text, mayBeginDayName), 3));
+}
+
+QCString tokenAt(const Tokens& tokens, int index)
+{
+    return index < tokens.size() ? tokens.at(index) : QCString();
+}
+
+int numberOr(int fallback, const QCString& text)
+{
+    bool ok = false;
+    const int number = text.toInt(&ok);
+    return ok ? number : fallback;
+}
+
+// A year so far back that its distance from 1900 is no `int` counts as one that does not convert.
+int yearsSince1900(const QCString& text)
+{
+    constexpr int epochYears = 1970 - 1900;
+    const int year = numberOr(1970, text);
+    return year < std::numeric_limits<int>::min() + 1900 ? epochYears : year - 1900;
+}
+
+void readClock(const QCString& text, struct tm& time)
+{
+    const Tokens pieces = EMAIL_Util::split(QCString::fromLiteral(":"), text, true);
+    time.tm_hour = numberOr(12, tokenAt(pieces, 0));
+    time.tm_min = numberOr(0, tokenAt(pieces, 1));
+    time.tm_sec = pieces.size() == 3 ? numberOr(0, tokenAt(pieces, 2)) : 0;
+}
+
+} // namespace
+
+EMAIL_DateTime::EMAIL_DateTime() = default;
 
 EMAIL_DateTime::EMAIL_DateTime(const QCString& text, EMAIL_BaseComponent* parent)
     : EMAIL_Field(text, parent)
 {
+    tzset();
 }
 
 EMAIL_DateTime::~EMAIL_DateTime() = default;
 
 void EMAIL_DateTime::assemble()
 {
+    if (mParsed == 1) {
+        const long long year = mTime.tm_year + 1900LL;
+        const long long zone = std::llabs(mZone);
+        // Eight numbers of at most 11 characters (the year one more) and 30 others.
+        std::array<char, 128> text{};
+        std::snprintf(text.data(), text.size(), "%s, %d %s %4lld %02d:%02d:%02d %c%02d%02d",
+                      nameAt(dayNames, mTime.tm_wday), mTime.tm_mday,
+                      nameAt(monthNames, mTime.tm_mon), year, mTime.tm_hour, mTime.tm_min,
+                      mTime.tm_sec, mZone < 0 ? '-' : '+', static_cast<int>(zone / 60 % 24),
+                      static_cast<int>(zone % 60));
+        mBody = QCString(text.data());
+    }
     EMAIL_Field::assemble();
 }
 
 void EMAIL_DateTime::parse()
 {
-    EMAIL_Field::parse();
+    if (mBody.isEmpty())
+        return;
+    // Never empty: without any digit it is the last character.
+    const int stop = stopOfSearch(mBody, tarvomime::isDigit);
+    const QCString date = mBody.right(mBody.length() - stop + 1);
+    const Tokens tokens = EMAIL_Util::split(QCString::fromLiteral(" "), date, true);
+
+    mTime.tm_mday = numberOr(1, tokenAt(tokens, 0));
+    mTime.tm_mon = indexOfName(monthNames, tokenAt(tokens, 1));
+    mTime.tm_year = yearsSince1900(tokenAt(tokens, 2));
+    readClock(tokenAt(tokens, 3), mTime);
+    mTime.tm_wday = dayOfWeek(mBody, stop);
+    const QCString zone = tokenAt(tokens, 4).lower();
+    if (!zone.isEmpty())
+        mZone = tarvomime::zoneOffset(zone);
+    mParsed = 1;
+}
+
+void EMAIL_DateTime::setTime(unsigned long t)
+{
+    constexpr unsigned long hour = 3600;
+    if (t == 0)
+        t = static_cast<unsigned long>(std::time(nullptr));
+    std::optional<std::tm> clock = tarvomime::localTime(t);
+    if (clock && clock->tm_isdst > 0)
+        clock = tarvomime::localTime(t - hour);
+    mTime = clock ? *clock : *tarvomime::localTime(0);
+    mZone = static_cast<int>(tarvomime::standardZone());
+    mParsed = 1;
+}
+
+unsigned long EMAIL_DateTime::getTime()
+{
+    const std::optional<std::time_t> local = tarvomime::calendarTime(mTime);
+    if (!local)
+        return 0;
+    const long correction = (tarvomime::standardZone() - mZone) * 60;
+    return static_cast<unsigned long>(*local) + static_cast<unsigned long>(correction);
+}
+
+struct tm EMAIL_DateTime::getTmTime() const
+{
+    return mTime;
 }

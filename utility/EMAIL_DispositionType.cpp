@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_DispositionType.h"
 
+#include "utility/EMAIL_Util.h"
+#include "utility/codec/Tokens.h"
+
 EMAIL_DispositionType::EMAIL_DispositionType() : EMAIL_DispositionType(QCString(), nullptr) {}
 
 EMAIL_DispositionType::EMAIL_DispositionType(const QCString& text, EMAIL_BaseComponent* parent)
@@ -12,10 +15,45 @@ EMAIL_DispositionType::~EMAIL_DispositionType() = default;
 
 void EMAIL_DispositionType::assemble()
 {
+    if (mParsed == 1) {
+        if (mFileName.isEmpty())
+            mFileName = QCString::fromLiteral("tmp");
+        mBody = mIsAttachment != 0 ? QCString("attachment") : QCString("inline");
+        mBody += QCString::fromLiteral("; filename = ");
+        mBody += mFileName;
+    }
     EMAIL_Field::assemble();
 }
 
 void EMAIL_DispositionType::parse()
 {
-    EMAIL_Field::parse();
+    QCString type;
+    QCString parameter;
+    EMAIL_Util::split(QCString::fromLiteral(";"), mBody, type, parameter, true);
+    mIsAttachment = type.find(QCString::fromLiteral("attachment"), 0, false) >= 0 ? 1 : 0;
+    const QCString equals = QCString::fromLiteral("=");
+    if (parameter.find(equals) >= 0) {
+        QCString name;
+        QCString value;
+        EMAIL_Util::split(equals, parameter, name, value, true);
+        mFileName = tarvomime::withoutQuotes(value);
+    }
+    mParsed = 1;
+}
+
+void EMAIL_DispositionType::setAttachment(int isAttachment)
+{
+    mIsAttachment = isAttachment;
+    mParsed = 1;
+}
+
+void EMAIL_DispositionType::setFileName(const QCString& fileName)
+{
+    mFileName = fileName;
+    mParsed = 1;
+}
+
+QCString EMAIL_DispositionType::getFileName() const
+{
+    return tarvomime::withoutQuotes(mFileName);
 }

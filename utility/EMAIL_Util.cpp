@@ -8,6 +8,7 @@
 #include "utility/codec/DisplayNumber.h"
 #include "utility/codec/FileExtensions.h"
 #include "utility/codec/FileMapping.h"
+#include "utility/codec/LocalTime.h"
 #include "utility/codec/MediaTypes.h"
 #include "utility/codec/QuotedPrintable.h"
 #include "utility/codec/Tokens.h"
@@ -196,4 +197,9 @@ QString EMAIL_Util::getFirstExtByMimeType(int type)
 QString EMAIL_Util::getDispNum(int n)
 {
     return tarvomime::paddedNumber(n);
+}
+
+QString EMAIL_Util::convertTimeFormat(unsigned long t)
+{
+    return tarvomime::displayTime(t);
 }

@@ -64,4 +64,11 @@ void stripChar(char c, const QCString& source, QCString& out)
     out = source.mid(start, end - start + 1);
 }
 
+QCString withoutQuotes(const QCString& value)
+{
+    QCString trimmed = value;
+    stripChar('"', value, trimmed);
+    return trimmed;
+}
+
 } // namespace tarvomime

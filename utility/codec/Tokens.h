@@ -13,4 +13,8 @@ void splitAtFirst(const QCString& separator, const QCString& source, QCString& l
 QValueList<QCString> splitAtEvery(const QCString& separator, const QCString& source, bool strip);
 void stripChar(char c, const QCString& source, QCString& out);
 
+/// A parameter's value without the double quotes around it. One or two bytes, which `stripChar`
+/// leaves alone, come back as they are: a value is never lost.
+QCString withoutQuotes(const QCString& value);
+
 } // namespace tarvomime
