@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
+#include <string_view>
+
 /// Character classes by ASCII rules only: no locale changes how mail is read.
 namespace tarvomime {
 
@@ -34,6 +37,13 @@ constexpr bool isLineBreak(char c)
 constexpr bool isBlank(char c)
 {
     return c == ' ' || c == '\t';
+}
+
+inline bool equalIgnoringCase(std::string_view a, std::string_view b)
+{
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+               return asciiLower(x) == asciiLower(y);
+           });
 }
 
 } // namespace tarvomime

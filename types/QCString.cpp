@@ -6,7 +6,6 @@
 #include <QtGlobal>
 #include <algorithm>
 #include <cstring>
-#include <functional>
 #include <limits>
 #include <optional>
 #include <utility>
@@ -15,6 +14,7 @@ namespace {
 
 using tarvomime::asciiLower;
 using tarvomime::asciiUpper;
+using tarvomime::equalIgnoringCase;
 using tarvomime::isWhiteSpace;
 
 std::string_view viewOf(const char* text)
@@ -37,18 +37,11 @@ QByteArray owned(const QByteArray& bytes)
     return foreign ? QByteArray(bytes.constData(), bytes.size()) : bytes;
 }
 
-bool equalIgnoringCase(const char* a, const char* b, std::size_t length)
-{
-    return std::equal(a, a + length, b,
-                      [](char x, char y) { return asciiLower(x) == asciiLower(y); });
-}
-
 bool matchesAt(std::string_view text, std::size_t position, std::string_view pattern,
                bool caseSensitive)
 {
-    const char* candidate = text.data() + position;
-    return caseSensitive ? std::memcmp(candidate, pattern.data(), pattern.size()) == 0
-                         : equalIgnoringCase(candidate, pattern.data(), pattern.size());
+    const std::string_view candidate = text.substr(position, pattern.size());
+    return caseSensitive ? candidate == pattern : equalIgnoringCase(candidate, pattern);
 }
 
 int findForward(std::string_view text, std::string_view pattern, int from, bool caseSensitive)

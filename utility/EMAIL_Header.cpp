@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include "utility/EMAIL_Header.h"
+
+#include "types/Ascii.h"
+#include "utility/AllocationCheck.h"
+#include "utility/EMAIL_Field.h"
+#include "utility/EMAIL_Util.h"
+#include "utility/FieldNames.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <new>
+#include <vector>
+
+namespace {
+
+using namespace tarvomime;
+
+// Reads logical lines (RFC 5322, section 2.2.3): an LF that SP or HTAB follows is a fold, and the
+// line goes on with the fold inside it.
+class LineReader
+{
+public:
+    explicit LineReader(const QCString& text) : mText(text) {}
+
+    bool hasMore() const { return mPosition < mText.length(); }
+
+    /// The next line, without the CR and LF characters at its end.
+    QCString take()
+    {
+        const int start = mPosition;
+        mPosition = lineEnd();
+        int end = mPosition;
+        while (end > start && isLineBreak(mText[end - 1]))
+            --end;
+        return mText.mid(start, end - start);
+    }
+
+private:
+    int lineEnd() const
+    {
+        int next = mPosition;
+        do {
+            const int lineFeed = mText.find('\n', next);
+            if (lineFeed < 0)
+                return mText.length();
+            next = lineFeed + 1;
+        } while (isBlank(mText[next]));
+        return next;
+    }
+
+    QCString mText;
+    int mPosition = 0;
+};
+
+bool carriesName(const EMAIL_Field* field, const QCString& name)
+{
+    return equalIgnoringCase(field->mName.view(), name.view());
+}
+
+int indexOf(const QPtrList<EMAIL_Field>& fields, const QCString& name)
+{
+    const auto found =
+        std::find_if(fields.begin(), fields.end(),
+                     [&name](const EMAIL_Field* field) { return carriesName(field, name); });
+    return found == fields.end() ? -1 : static_cast<int>(found - fields.begin());
+}
+
+} // namespace
+
+EMAIL_Header::EMAIL_Header()
+{
+    init();
+}
+
+EMAIL_Header::EMAIL_Header(const QCString& text, EMAIL_BaseComponent* parent)
+    : EMAIL_BaseComponent(text, parent)
+{
+    init();
+}
+
+void EMAIL_Header::init()
+{
+    mFields.setAutoDelete(true);
+}
+
+EMAIL_Header::~EMAIL_Header()
+{
+    mFields.clear();
+}
+
+void EMAIL_Header::parse()
+{
+    static const QCString colon = QCString::fromLiteral(":");
+    LineReader lines(mString);
+    while (lines.hasMore()) {
+        const QCString line = lines.take();
+        QCString name;
+        QCString value;
+        EMAIL_Util::split(colon, line, name, value, true);
+        EMAIL_Field* parsed = createField(name);
+        parsed->setMessage(line);
+        parsed->mBody = value;
+        mFields.append(parsed);
+    }
+}
+
+// The four that a reader looks for first lead, Date before Subject; sorting is stable, so that all
+// others keep their order.
+void EMAIL_Header::assemble()
+{
+    const std::array leaders{getField(FieldName::from()), getField(FieldName::to()),
+                             getField(FieldName::date()), getField(FieldName::subject())};
+    const auto rank = [&leaders](const EMAIL_Field* field) {
+        return std::find(leaders.begin(), leaders.end(), field) - leaders.begin();
+    };
+    std::vector<EMAIL_Field*> ordered(mFields.begin(), mFields.end());
+    std::stable_sort(
+        ordered.begin(), ordered.end(),
+        [&rank](const EMAIL_Field* a, const EMAIL_Field* b) { return rank(a) < rank(b); });
+    QByteArray text;
+    for (EMAIL_Field* each : ordered) {
+        each->assemble();
+        text.append(each->mString.begin(), each->mString.length());
+    }
+    mString = text.isEmpty() ? QCString::fromLiteral("") : QCString::fromBytes(text);
+}
+
+EMAIL_Field* EMAIL_Header::getField(const QCString& name) const
+{
+    return mFields.at(indexOf(mFields, name));
+}
+
+EMAIL_Field* EMAIL_Header::field(const QCString& name)
+{
+    if (EMAIL_Field* existing = getField(name))
+        return existing;
+    EMAIL_Field* created = createField(name);
+    mFields.append(created);
+    return created;
+}
+
+void EMAIL_Header::addField(EMAIL_Field* f)
+{
+    if (f == nullptr)
+        return;
+    f->setParent(this);
+    removeField(f->mName);
+    mFields.append(f);
+}
+
+void EMAIL_Header::removeField(const QCString& name)
+{
+    mFields.remove(indexOf(mFields, name));
+}
+
+void EMAIL_Header::stripCFWS(const QCString& in, QCString& out)
+{
+    if (in.isEmpty())
+        return;
+    const auto isIgnored = [](char c) { return isBlank(c) || isLineBreak(c); };
+    const char* first = std::find_if_not(in.begin(), in.end(), isIgnored);
+    const auto length = in.end() - first;
+    const std::unique_ptr<char[]> tmp(
+        new (std::nothrow) char[static_cast<std::size_t>(length) + 1]);
+    TARVOMIME_CHECK_ALLOCATION(tmp, "tmp",
+                               "static void EMAIL_Header::stripCFWS(const QCString&, QCString&)");
+    std::copy(first, in.end(), tmp.get());
+    out = QCString(tmp.get(), static_cast<int>(length));
+}
+
+void EMAIL_Header::asSendable(bool removeBcc)
+{
+    removeSmartDataInfo();
+    removeBodyTruncatedInfo();
+    if (removeBcc)
+        removeField(FieldName::bcc());
+    removeField(FieldName::attachmentNotDownloaded());
+    removeField(FieldName::attachmentName());
+    removeField(FieldName::deliveryNotification());
+}

@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+// The header's getters and setters, one for each standard field.
+#include "utility/EMAIL_AddrList.h"
+#include "utility/EMAIL_ContentType.h"
+#include "utility/EMAIL_DateTime.h"
+#include "utility/EMAIL_DispositionType.h"
+#include "utility/EMAIL_Header.h"
+#include "utility/EMAIL_Util.h"
+#include "utility/FieldNames.h"
+
+namespace {
+
+using namespace tarvomime;
+
+constexpr unsigned int defaultPriority = 3;
+
+// A field that an application added under this name may be of another class: it then counts as
+// absent here.
+template <class Typed>
+Typed* parsedField(const EMAIL_Header& header, const QCString& name)
+{
+    auto* typed = dynamic_cast<Typed*>(header.getField(name));
+    if (typed != nullptr && typed->mParsed == 0)
+        typed->parse();
+    return typed;
+}
+
+// Never null: a field of another class under this name is replaced.
+template <class Typed>
+Typed* typedField(EMAIL_Header& header, const QCString& name)
+{
+    if (auto* typed = dynamic_cast<Typed*>(header.field(name)))
+        return typed;
+    header.addField(header.createField(name));
+    return static_cast<Typed*>(header.getField(name));
+}
+
+QCString bodyOf(const EMAIL_Header& header, const QCString& name)
+{
+    const EMAIL_Field* field = header.getField(name);
+    return field == nullptr ? QCString::fromLiteral("") : field->mBody;
+}
+
+void setParsedBody(EMAIL_Header& header, const QCString& name, const QCString& value)
+{
+    EMAIL_Field* field = header.field(name);
+    field->mBody = value;
+    field->parse();
+}
+
+void setBody(EMAIL_Header& header, const QCString& name, const QCString& value)
+{
+    header.field(name)->mBody = value;
+}
+
+} // namespace
+
+EMAIL_AddrList* EMAIL_Header::getTo() const
+{
+    return parsedField<EMAIL_AddrList>(*this, FieldName::to());
+}
+
+EMAIL_AddrList* EMAIL_Header::getCc() const
+{
+    return parsedField<EMAIL_AddrList>(*this, FieldName::cc());
+}
+
+EMAIL_AddrList* EMAIL_Header::getBcc() const
+{
+    return parsedField<EMAIL_AddrList>(*this, FieldName::bcc());
+}
+
+EMAIL_AddrList* EMAIL_Header::getFrom() const
+{
+    return parsedField<EMAIL_AddrList>(*this, FieldName::from());
+}
+
+EMAIL_AddrList* EMAIL_Header::getSender() const
+{
+    return parsedField<EMAIL_AddrList>(*this, FieldName::sender());
+}
+
+EMAIL_AddrList* EMAIL_Header::getReplyTo() const
+{
+    return parsedField<EMAIL_AddrList>(*this, FieldName::replyTo());
+}
+
+EMAIL_DateTime* EMAIL_Header::getDate() const
+{
+    return parsedField<EMAIL_DateTime>(*this, FieldName::date());
+}
+
+EMAIL_ContentType* EMAIL_Header::getContentType() const
+{
+    return parsedField<EMAIL_ContentType>(*this, FieldName::contentType());
+}
+
+EMAIL_DispositionType* EMAIL_Header::getContentDisposition() const
+{
+    return parsedField<EMAIL_DispositionType>(*this, FieldName::contentDisposition());
+}
+
+EMAIL_ContentType* EMAIL_Header::contentType()
+{
+    EMAIL_ContentType* existing = getContentType();
+    return existing != nullptr ? existing
+                               : typedField<EMAIL_ContentType>(*this, FieldName::contentType());
+}
+
+EMAIL_DispositionType* EMAIL_Header::contentDisposition()
+{
+    return typedField<EMAIL_DispositionType>(*this, FieldName::contentDisposition());
+}
+
+QCString EMAIL_Header::getSubject() const
+{
+    return bodyOf(*this, FieldName::subject());
+}
+
+QCString EMAIL_Header::getXMailer() const
+{
+    return bodyOf(*this, FieldName::xMailer());
+}
+
+QCString EMAIL_Header::getContentId() const
+{
+    return bodyOf(*this, FieldName::contentId());
+}
+
+QCString EMAIL_Header::getContentDescription() const
+{
+    return bodyOf(*this, FieldName::contentDescription());
+}
+
+QCString EMAIL_Header::getContentLocation() const
+{
+    return bodyOf(*this, FieldName::contentLocation());
+}
+
+QCString EMAIL_Header::getMimeVersion() const
+{
+    return bodyOf(*this, FieldName::mimeVersion());
+}
+
+void EMAIL_Header::setTo(const QCString& value)
+{
+    setParsedBody(*this, FieldName::to(), value);
+}
+
+void EMAIL_Header::setCc(const QCString& value)
+{
+    setParsedBody(*this, FieldName::cc(), value);
+}
+
+void EMAIL_Header::setBcc(const QCString& value)
+{
+    setParsedBody(*this, FieldName::bcc(), value);
+}
+
+void EMAIL_Header::setFrom(const QCString& value)
+{
+    setParsedBody(*this, FieldName::from(), value);
+}
+
+void EMAIL_Header::setSender(const QCString& value)
+{
+    setParsedBody(*this, FieldName::sender(), value);
+}
+
+void EMAIL_Header::setReplyTo(const QCString& value)
+{
+    setParsedBody(*this, FieldName::replyTo(), value);
+}
+
+void EMAIL_Header::setContentDescription(const QCString& value)
+{
+    setParsedBody(*this, FieldName::contentDescription(), value);
+}
+
+void EMAIL_Header::setSubject(const QCString& value)
+{
+    setBody(*this, FieldName::subject(), value);
+}
+
+void EMAIL_Header::setXMailer(const QCString& value)
+{
+    setBody(*this, FieldName::xMailer(), value);
+}
+
+void EMAIL_Header::setXPriority(const QCString& value)
+{
+    setBody(*this, FieldName::xPriority(), value);
+}
+
+void EMAIL_Header::setContentId(const QCString& value)
+{
+    setBody(*this, FieldName::contentId(), value);
+}
+
+void EMAIL_Header::setMimeVersion(const QCString& value)
+{
+    setBody(*this, FieldName::mimeVersion(), value);
+}
+
+void EMAIL_Header::setContentLocation(const QCString& value)
+{
+    setBody(*this, FieldName::contentLocation(), value);
+}
+
+void EMAIL_Header::setDate(unsigned long t)
+{
+    typedField<EMAIL_DateTime>(*this, FieldName::date())->setTime(t);
+}
+
+void EMAIL_Header::setCte(int cte)
+{
+    setBody(*this, FieldName::contentTransferEncoding(), EMAIL_Util::cteEnumToStr(cte));
+}
+
+int EMAIL_Header::getCte() const
+{
+    const EMAIL_Field* cte = getField(FieldName::contentTransferEncoding());
+    return cte == nullptr ? CTE_7BIT : EMAIL_Util::cteStrToEnum(cte->mBody);
+}
+
+unsigned int EMAIL_Header::getXPriority() const
+{
+    QCString priority = bodyOf(*this, FieldName::xPriority());
+    const int comment = priority.find('(');
+    if (comment > 0 && priority.find(')', comment) > 0)
+        priority = priority.left(comment);
+    bool ok = false;
+    const unsigned int value = priority.toUInt(&ok);
+    return ok ? value : defaultPriority;
+}
+
+QCString EMAIL_Header::getMethod()
+{
+    static const QCString key = QCString::fromLiteral("method");
+    QCString method = contentType()->mParams.value(key);
+    EMAIL_Util::stripChar('"', method, method);
+    return method;
+}
+
+void EMAIL_Header::setMethod(const QCString& method)
+{
+    contentType()->setMethod(method);
+}

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <string_view>
+#include <vector>
+
+class EMAIL_BaseComponent;
+class EMAIL_Body;
+class EMAIL_Header;
+class QFile;
+
+namespace tarvomime {
+
+/// Gathers assembled text in one buffer; at the end every component gets its slice of it.
+class MemoryAssembly
+{
+public:
+    bool write(std::string_view text);
+    /// Writes the body's text as it stands; the bytes of a file-backed body stay in their file.
+    bool writeLeaf(const EMAIL_Body& body, const EMAIL_Header& header);
+    qint64 position() const { return mBuffer.size(); }
+    /// Notes that the text of `component` runs from `start` to the current position.
+    void handOut(EMAIL_BaseComponent& component, qint64 start);
+    /// Gives every noted component its slice.
+    bool finish();
+
+private:
+    struct Slice
+    {
+        EMAIL_BaseComponent* component;
+        qint64 start;
+        qint64 end;
+    };
+
+    QByteArray mBuffer;
+    std::vector<Slice> mSlices;
+};
+
+/// Streams assembled text into a file in blocks.
+class FileAssembly
+{
+public:
+    explicit FileAssembly(QFile& file);
+
+    bool write(std::string_view text);
+    /// Writes the body: from memory as it is; from its file either the stored range and CR LF, or,
+    /// where the file holds raw content, all of it in the header's transfer encoding.
+    bool writeLeaf(const EMAIL_Body& body, const EMAIL_Header& header);
+    qint64 position() const { return 0; }
+    /// The text went to the file: components keep what they hold.
+    void handOut(EMAIL_BaseComponent&, qint64) {}
+    /// Writes what is left and tells whether the file has taken everything.
+    bool finish();
+
+private:
+    bool writeFileBody(const EMAIL_Body& body, const EMAIL_Header& header);
+    bool writeBlock(std::string_view block);
+    bool flushBlock();
+
+    QFile& mFile;
+    QByteArray mBlock;
+};
+
+} // namespace tarvomime

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "utility/tree/TreeDeleter.h"
+
+#include "utility/EMAIL_Body.h"
+#include "utility/EMAIL_BodyPart.h"
+#include "utility/EMAIL_Message.h"
+
+#include <utility>
+#include <vector>
+
+namespace tarvomime {
+
+namespace {
+
+using Orphans = std::vector<EMAIL_Entity*>;
+
+void moveChildren(EMAIL_Body& body, Orphans& orphans)
+{
+    if (EMAIL_Message* message = std::exchange(body.mMessage, nullptr))
+        orphans.push_back(message);
+    if (!body.mBodyParts.autoDelete())
+        return;
+    orphans.insert(orphans.end(), body.mBodyParts.begin(), body.mBodyParts.end());
+    body.mBodyParts.setAutoDelete(false);
+    body.mBodyParts.clear();
+    body.mBodyParts.setAutoDelete(true);
+}
+
+} // namespace
+
+// An entity is deleted only after its own children were moved to the list, so that its destructor
+// finds none and no destructor runs inside another.
+void deleteChildren(EMAIL_Body& body)
+{
+    Orphans orphans;
+    moveChildren(body, orphans);
+    while (!orphans.empty()) {
+        EMAIL_Entity* entity = orphans.back();
+        orphans.pop_back();
+        moveChildren(*entity->mBody, orphans);
+        delete entity;
+    }
+}
+
+} // namespace tarvomime
