@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "types/QPtrList.h"
+#include "types/QValueList.h"
+
+#include <vector>
+
+namespace {
+
+struct Counted
+{
+    explicit Counted(int& counter) : alive(counter) { ++alive; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+    ~Counted() { --alive; }
+    int& alive;
+};
+
+struct Fixture : testing::Test
+{
+    Counted* fresh() { return new Counted(alive); }
+    int alive = 0;
+};
+
+using QPtrListTest = Fixture;
+
+} // namespace
+
+TEST_F(QPtrListTest, RefersToItsItemsUnlessToldToOwn)
+{
+    Counted item(alive);
+    {
+        QPtrList<Counted> list;
+        EXPECT_FALSE(list.autoDelete());
+        list.append(&item);
+        EXPECT_TRUE(list.remove(0));
+        list.append(&item);
+        list.clear();
+        list.append(&item);
+    }
+    EXPECT_EQ(alive, 1);
+}
+
+TEST_F(QPtrListTest, DeletesWhatItOwns)
+{
+    {
+        QPtrList<Counted> list;
+        list.setAutoDelete(true);
+        EXPECT_TRUE(list.autoDelete());
+        for (int i = 0; i < 4; ++i)
+            list.append(fresh());
+        EXPECT_TRUE(list.remove(1));
+        EXPECT_EQ(alive, 3);
+        delete list.take(0);
+        EXPECT_EQ(alive, 2);
+    }
+    EXPECT_EQ(alive, 0);
+}
+
+TEST_F(QPtrListTest, KeepsTheOrder)
+{
+    QPtrList<Counted> list;
+    list.setAutoDelete(true);
+    Counted* b = fresh();
+    Counted* c = fresh();
+    Counted* a = fresh();
+    Counted* d = fresh();
+    list.append(b);
+    EXPECT_TRUE(list.insert(1, c));
+    list.prepend(a);
+    EXPECT_TRUE(list.insert(list.count(), d));
+    EXPECT_EQ(std::vector<Counted*>(list.begin(), list.end()), (std::vector<Counted*>{a, b, c, d}));
+    EXPECT_EQ(list.first(), a);
+    EXPECT_EQ(list.last(), d);
+    EXPECT_EQ(list.at(2), c);
+    EXPECT_EQ(list.count(), 4);
+    EXPECT_FALSE(list.isEmpty());
+}
+
+TEST_F(QPtrListTest, RefusesWhatIsOutOfRange)
+{
+    QPtrList<Counted> list;
+    EXPECT_EQ(list.at(0), nullptr);
+    EXPECT_EQ(list.at(-1), nullptr);
+    EXPECT_EQ(list.first(), nullptr);
+    EXPECT_EQ(list.last(), nullptr);
+    EXPECT_EQ(list.take(0), nullptr);
+    EXPECT_FALSE(list.remove(0));
+    EXPECT_FALSE(list.remove(-1));
+    EXPECT_FALSE(list.insert(0, nullptr));
+    Counted item(alive);
+    EXPECT_FALSE(list.insert(1, &item));
+    EXPECT_FALSE(list.insert(-1, &item));
+    EXPECT_TRUE(list.isEmpty());
+}
+
+TEST(QValueList, IsQtsList)
+{
+    const QValueList<int> list{1, 2};
+    const QList<int>& same = list;
+    EXPECT_EQ(same.at(1), 2);
+}
