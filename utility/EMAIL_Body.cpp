@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Body.h"
 
+#include "utility/AllocationCheck.h"
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_Util.h"
@@ -8,6 +9,8 @@
 #include "utility/tree/TreeAssembler.h"
 #include "utility/tree/TreeDeleter.h"
 #include "utility/tree/TreeParser.h"
+
+#include <new>
 
 EMAIL_Body::EMAIL_Body() : EMAIL_Body(QCString(), nullptr) {}
 
@@ -20,6 +23,15 @@ EMAIL_Body::EMAIL_Body(const QCString& text, EMAIL_BaseComponent* parent)
 EMAIL_Body::~EMAIL_Body()
 {
     tarvomime::deleteChildren(*this);
+}
+
+// The parser's work list calls this in place of `parse`, whose name the message carries.
+void EMAIL_Body::createMessage()
+{
+    delete mMessage;
+    mMessage = new (std::nothrow) EMAIL_Message(mString, this);
+    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage",
+                               "void EMAIL_Body::parse(const char*, int, int, const QString&)");
 }
 
 void EMAIL_Body::assemble()

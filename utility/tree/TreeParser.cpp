@@ -2,7 +2,6 @@
 #include "utility/tree/TreeParser.h"
 
 #include "types/Ascii.h"
-#include "utility/AllocationCheck.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_ContentType.h"
@@ -14,7 +13,6 @@
 #include "utility/tree/EntitySplit.h"
 
 #include <functional>
-#include <new>
 
 namespace tarvomime {
 
@@ -122,10 +120,7 @@ void TreeParser::addBody(EMAIL_Body& body, const char* data, int start, int leng
 
 void TreeParser::addEnclosedMessage(EMAIL_Body& body)
 {
-    delete body.mMessage;
-    body.mMessage = new (std::nothrow) EMAIL_Message(body.mString, &body);
-    TARVOMIME_CHECK_ALLOCATION(body.mMessage, "mMessage",
-                               "void EMAIL_Body::parse(const char*, int, int, const QString&)");
+    body.createMessage();
     addEntity(*body.mMessage, body.mString.begin(), 0, body.mString.length());
 }
 

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "tests/faults/CountingNew.h"
+#include "utility/EMAIL_Field.h"
+#include "utility/EMAIL_Header.h"
+
+#include <memory>
+
+namespace {
+
+QCString headerOf(int fields, const char* line)
+{
+    QByteArray text;
+    for (int i = 0; i < fields; ++i)
+        text.append(line);
+    return text;
+}
+
+long allocationsOfParsing(const QCString& text)
+{
+    EMAIL_Header header(text, nullptr);
+    const long before = allocationCount();
+    header.parse();
+    return allocationCount() - before;
+}
+
+} // namespace
+
+// One allocation a field, the field itself, and the growth of the list: 1024 doubles 11 times.
+TEST(AllocationCount, OfParsingAHeader)
+{
+    for (const char* line : {"Subject: canonical\r\n", "X-Own-Name: 1\r\n", "X: a\r\n b\r\n"}) {
+        allocationsOfParsing(headerOf(1, line));
+        EXPECT_LE(allocationsOfParsing(headerOf(1024, line)), 1024 + 11) << line;
+    }
+}
+
+TEST(AllocationCount, OfACanonicalName)
+{
+    EMAIL_Header header;
+    const QCString name("content-transfer-encoding");
+    delete header.createField(name);
+    const long before = allocationCount();
+    const std::unique_ptr<EMAIL_Field> field(header.createField(name));
+    EXPECT_EQ(allocationCount() - before, 1) << "the field, not its name";
+}

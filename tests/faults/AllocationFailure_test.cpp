@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+// When a component cannot get its children, the program stops through the C library's assertion
+// handler, whose message names the source file, the function's signature and the member.
+#include "tests/faults/FailingNew.h"
+#include "utility/EMAIL_Body.h"
+#include "utility/EMAIL_ContentType.h"
+#include "utility/EMAIL_Header.h"
+#include "utility/EMAIL_Message.h"
+
+#include <functional>
+#include <string>
+
+namespace {
+
+struct FailureRow
+{
+    const char* name;
+    const char* file;
+    const char* signature;
+    const char* assertion;
+    std::size_t failingSize;
+    int skipped;
+    std::function<void()> action;
+};
+
+void PrintTo(const FailureRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class AllocationFailure : public testing::TestWithParam<FailureRow>
+{
+};
+
+std::string escaped(const std::string& text)
+{
+    std::string pattern;
+    for (const char c : text) {
+        if (std::string("()*&[]+.").find(c) != std::string::npos)
+            pattern += '\\';
+        pattern += c;
+    }
+    return pattern;
+}
+
+void parseMessageType()
+{
+    EMAIL_Message message(QCString("Content-Type: message/rfc822\n\nA: 1\n\nx"), nullptr);
+    failNothrowNew(sizeof(EMAIL_Message));
+    message.parse();
+}
+
+void stripLongText()
+{
+    QCString out;
+    const QCString in(QByteArray(996, 'x'));
+    failNothrowNew(997);
+    EMAIL_Header::stripCFWS(in, out);
+}
+
+constexpr const char* entityDefault = "EMAIL_Entity::EMAIL_Entity()";
+constexpr const char* entityFromText =
+    "EMAIL_Entity::EMAIL_Entity(const QCString&, EMAIL_BaseComponent*)";
+
+} // namespace
+
+TEST_P(AllocationFailure, StopsTheProgram)
+{
+    GTEST_FLAG_SET(death_test_style, "fast");
+    const FailureRow& row = GetParam();
+    const std::string message = std::string(row.file) + ":[0-9]+: " + escaped(row.signature) +
+                                ": Assertion `" + row.assertion + "' failed\\.";
+    EXPECT_DEATH(
+        {
+            if (row.failingSize != 0)
+                failNothrowNew(row.failingSize, row.skipped);
+            row.action();
+        },
+        // In front of the file's name stands the program's, never a folder.
+        "(^|: )" + message);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, AllocationFailure,
+    testing::Values(FailureRow{"header of a new entity", "utility/EMAIL_Entity\\.cpp",
+                               entityDefault, "mHeader", sizeof(EMAIL_Header), 0,
+                               [] { EMAIL_Message(); }},
+                    FailureRow{"body of a new entity", "utility/EMAIL_Entity\\.cpp", entityDefault,
+                               "mBody", sizeof(EMAIL_Body), 0, [] { EMAIL_Message(); }},
+                    FailureRow{"header of an entity with text", "utility/EMAIL_Entity\\.cpp",
+                               entityFromText, "mHeader", sizeof(EMAIL_Header), 0,
+                               [] { EMAIL_Message(QCString("x"), nullptr); }},
+                    FailureRow{"body of an entity with text", "utility/EMAIL_Entity\\.cpp",
+                               entityFromText, "mBody", sizeof(EMAIL_Body), 0,
+                               [] { EMAIL_Message(QCString("x"), nullptr); }},
+                    FailureRow{"enclosed message", "utility/EMAIL_Body\\.cpp",
+                               "void EMAIL_Body::parse(const char*, int, int, const QString&)",
+                               "mMessage", 0, 0, parseMessageType},
+                    FailureRow{"work buffer", "utility/EMAIL_Header\\.cpp",
+                               "static void EMAIL_Header::stripCFWS(const QCString&, QCString&)",
+                               "tmp", 0, 0, stripLongText}));

@@ -1,0 +1,6 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// Number of allocations so far: operator new in every form, and the malloc, calloc and realloc
+/// calls of Qt's containers.
+long allocationCount();
