@@ -10,8 +10,7 @@ class EMAIL_BodyPart;
 class EMAIL_Message;
 class QFile;
 
-namespace tarvomime
-{
+namespace tarvomime {
 class TreeParser;
 }
 

@@ -4,36 +4,15 @@
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_DateTime.h"
 #include "utility/EMAIL_DispositionType.h"
-#include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Util.h"
 #include "utility/FieldNames.h"
+#include "utility/TypedField.h"
 
 namespace {
 
 using namespace tarvomime;
 
 constexpr unsigned int defaultPriority = 3;
-
-// A field that an application added under this name may be of another class: it then counts as
-// absent here.
-template <class Typed>
-Typed* parsedField(const EMAIL_Header& header, const QCString& name)
-{
-    auto* typed = dynamic_cast<Typed*>(header.getField(name));
-    if (typed != nullptr && typed->mParsed == 0)
-        typed->parse();
-    return typed;
-}
-
-// Never null: a field of another class under this name is replaced.
-template <class Typed>
-Typed* typedField(EMAIL_Header& header, const QCString& name)
-{
-    if (auto* typed = dynamic_cast<Typed*>(header.field(name)))
-        return typed;
-    header.addField(header.createField(name));
-    return static_cast<Typed*>(header.getField(name));
-}
 
 QCString bodyOf(const EMAIL_Header& header, const QCString& name)
 {

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "utility/EMAIL_Header.h"
+
+namespace tarvomime {
+
+/// The first field of that name, parsed; null when absent. A field that an application added under
+/// this name may be of another class: it then counts as absent.
+template <class Typed>
+Typed* parsedField(const EMAIL_Header& header, const QCString& name)
+{
+    auto* typed = dynamic_cast<Typed*>(header.getField(name));
+    if (typed != nullptr && typed->mParsed == 0)
+        typed->parse();
+    return typed;
+}
+
+/// The first field of that name, created when absent and not parsed; never null, since a field of
+/// another class under this name is replaced.
+template <class Typed>
+Typed* typedField(EMAIL_Header& header, const QCString& name)
+{
+    if (auto* typed = dynamic_cast<Typed*>(header.field(name)))
+        return typed;
+    header.addField(header.createField(name));
+    return static_cast<Typed*>(header.getField(name));
+}
+
+} // namespace tarvomime
