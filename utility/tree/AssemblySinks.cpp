@@ -50,7 +50,9 @@ FileAssembly::FileAssembly(QFile& file) : mFile(file)
 bool FileAssembly::writeBlock(std::string_view block)
 {
     const auto size = static_cast<qint64>(block.size());
-    return mFile.write(block.data(), size) == size && mFile.error() == QFile::NoError;
+    // Qt warns on the console about a write to a file that is not open for writing.
+    return mFile.isWritable() && mFile.write(block.data(), size) == size &&
+           mFile.error() == QFile::NoError;
 }
 
 bool FileAssembly::flushBlock()
