@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+// The C library declares its handler only while NDEBUG is not set; including its header a second time
+// gives assert() back the meaning that this build asked for.
+#pragma push_macro("NDEBUG")
+#undef NDEBUG
+#include <cassert>
+#pragma pop_macro("NDEBUG")
 #include <cassert>
 
 /// Stops the program through the C library's assertion handler when `pointer` is null, in every
