@@ -62,7 +62,7 @@ public:
     /// The byte at `index`, or NUL outside the text.
     char at(int index) const noexcept
     {
-        return index >= 0 && index < mLength ? begin()[index] : '\0';
+        return index >= 0 && index < mLength ? mBuffer.constData()[mOffset + index] : '\0';
     }
     char operator[](int index) const noexcept { return at(index); }
 
