@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+class Option;
+} // namespace CLI
+
+namespace tarvomime::tool {
+
+class Session;
+
+// Each adds one subcommand; parsing a command line that names it runs it in `session`.
+void addHeaders(CLI::App& tool, Session& session);
+void addReassemble(CLI::App& tool, Session& session);
+void addEncode(CLI::App& tool, Session& session);
+void addDecode(CLI::App& tool, Session& session);
+void addWords(CLI::App& tool, Session& session);
+
+/// What every subcommand is made of: its name, a sentence for the list of commands, and a text with
+/// an example that ends its help.
+CLI::App* addCommand(CLI::App& tool, const std::string& name, const std::string& description,
+                     const std::string& footer);
+/// Adds "FILE..." (one or more).
+CLI::Option* addFiles(CLI::App& command, std::vector<std::string>& files);
+/// Adds "FILE" (exactly one).
+CLI::Option* addFile(CLI::App& command, std::string& file);
+/// Adds "--out FILE"; standard output without it.
+CLI::Option* addOut(CLI::App& command, std::string& out);
+/// Adds "--charset NAME" for text that names none; `charset` holds its number, and the default.
+CLI::Option* addCharset(CLI::App& command, int& charset);
+
+} // namespace tarvomime::tool

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace tarvomime::tool {
+
+enum class EmptyFile { Refused, Accepted };
+
+/// A whole file, mapped for reading and never changed.
+///
+/// Only regular files below 2 GiB open; a FIFO is refused at once instead of being waited for.
+class InputFile
+{
+public:
+    explicit InputFile(const std::string& path, EmptyFile empty = EmptyFile::Refused);
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+    ~InputFile();
+
+    bool isOpen() const { return mProblem.empty(); }
+    /// Why the file did not open, in words for its user.
+    const std::string& problem() const { return mProblem; }
+    const std::string& path() const { return mPath; }
+    const char* data() const { return mData; }
+    int size() const { return mSize; }
+    std::string_view bytes() const { return {mData, static_cast<std::size_t>(mSize)}; }
+
+    /// The name by which the library can open this file again to read bodies from it; empty when it
+    /// cannot: it opens files for reading and writing, and Qt must be able to spell the name.
+    QString reopenPath() const;
+    /// Gives the memory of the mapping's first `length` bytes back; reading them again is possible,
+    /// from the page cache.
+    void release(qint64 length) const;
+
+private:
+    void map(EmptyFile empty);
+
+    std::string mPath;
+    std::string mProblem;
+    const char* mData = "";
+    int mSize = 0;
+};
+
+} // namespace tarvomime::tool

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "tools/tarvomime/MessageWriter.h"
+
+#include "tools/tarvomime/Interrupt.h"
+#include "tools/tarvomime/OutputFile.h"
+#include "tools/tarvomime/Session.h"
+#include "utility/EMAIL_Message.h"
+
+namespace tarvomime::tool {
+
+void writeResult(const std::string& out, qint64 expectedSize, Session& session,
+                 const std::function<int(QFile*)>& write)
+{
+    const InterruptGuard guard;
+    ProgressBar bar("Writing", expectedSize);
+    OutputFile target(out, &bar);
+    if (!target.isOpen()) {
+        session.complain(target.name(), target.problem());
+        return;
+    }
+    const bool complete = write(target.file()) == 0 && target.commit();
+    if (wasInterrupted())
+        session.setInterrupted();
+    else if (!complete)
+        session.complain(target.name(), target.problem());
+}
+
+void writeMessage(EMAIL_Message& message, const std::string& out, qint64 expectedSize,
+                  Session& session)
+{
+    writeResult(out, expectedSize, session,
+                [&message](QFile* file) { return message.assemble(file); });
+}
+
+} // namespace tarvomime::tool
