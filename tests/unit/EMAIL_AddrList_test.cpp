@@ -51,7 +51,7 @@ struct Row
     const char* name;
     const char* body;
     std::vector<Entry> entries;
-    const char* written;
+    QByteArray written;
 };
 
 const Row rows[] = {
@@ -174,7 +174,7 @@ TEST_P(EMAIL_AddrListRow, ParsesAndAssembles)
     EXPECT_EQ(entriesOf(list), GetParam().entries);
     list.assemble();
     EXPECT_EQ(list.mBody, GetParam().written);
-    const QByteArray body = GetParam().written;
+    const QByteArray& body = GetParam().written;
     EXPECT_EQ(list.mString, body.isEmpty() ? QByteArray() : "To: " + body + "\r\n");
 }
 

@@ -8,7 +8,7 @@ struct Row
 {
     const char* name;
     const char* text;
-    const char* address;
+    QByteArray address;
 };
 
 const Row rows[] = {

@@ -23,10 +23,10 @@ struct Row
 {
     const char* name;
     const char* body;
-    const char* type;
-    const char* subType;
+    QByteArray type;
+    QByteArray subType;
     Params params;
-    const char* written;
+    QByteArray written;
 };
 
 const Row rows[] = {
@@ -262,7 +262,7 @@ TEST_P(EMAIL_ContentTypeRow, ParsesAndAssembles)
     EXPECT_EQ(paramsOf(field), row.params);
     field.assemble();
     EXPECT_EQ(field.mBody, row.written);
-    EXPECT_EQ(field.mString, QByteArray("Content-Type: ") + row.written + "\r\n");
+    EXPECT_EQ(field.mString, "Content-Type: " + row.written + "\r\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, EMAIL_ContentTypeRow, testing::ValuesIn(rows),

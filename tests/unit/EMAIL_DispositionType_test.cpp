@@ -8,8 +8,8 @@ struct Row
     const char* name;
     const char* body;
     int isAttachment;
-    const char* fileName;
-    const char* written;
+    QByteArray fileName;
+    QByteArray written;
 };
 
 const Row rows[] = {
@@ -66,8 +66,7 @@ TEST_P(EMAIL_DispositionTypeRow, ParsesAndAssembles)
     EXPECT_EQ(disposition.mFileName, GetParam().fileName);
     disposition.assemble();
     EXPECT_EQ(disposition.mBody, GetParam().written);
-    EXPECT_EQ(disposition.mString,
-              QByteArray("Content-Disposition: ") + GetParam().written + "\r\n");
+    EXPECT_EQ(disposition.mString, "Content-Disposition: " + GetParam().written + "\r\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, EMAIL_DispositionTypeRow, testing::ValuesIn(rows),
