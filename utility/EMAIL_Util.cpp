@@ -6,6 +6,8 @@
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/DisplayNumber.h"
+#include "utility/codec/EncodedWordDecoder.h"
+#include "utility/codec/EncodedWordEncoder.h"
 #include "utility/codec/FileExtensions.h"
 #include "utility/codec/FileMapping.h"
 #include "utility/codec/LocalTime.h"
@@ -157,6 +159,36 @@ bool EMAIL_Util::canEncodeByCharset(QString const& text, int cs)
 bool EMAIL_Util::UTF7ToUCS2(char const* data, unsigned int len, QString& out)
 {
     return tarvomime::utf7ToUnicode({data, len}, out);
+}
+
+bool EMAIL_Util::isNeedEncode2047(QString const& text)
+{
+    return tarvomime::needsWords(text);
+}
+
+void EMAIL_Util::encode_2047_String(QString const& text, int cs, QCString& out)
+{
+    tarvomime::encodeWords(text, cs, out);
+}
+
+void EMAIL_Util::encode_2047_String_Aux(QString const& text, int cs, int form, QCString& out)
+{
+    tarvomime::encodePayload(text, cs, form, out);
+}
+
+void EMAIL_Util::encode_2047_Address(QString const& text, int cs, QCString& out)
+{
+    tarvomime::encodeAddresses(text, cs, out);
+}
+
+void EMAIL_Util::decode_2047_String(QCString const& in, QString& out, int cs)
+{
+    tarvomime::decodeWords(in.view(), out, cs);
+}
+
+void EMAIL_Util::decode_2047_String_Aux(QCString const& word, QString& out, int cs)
+{
+    tarvomime::decodeWord(word.view(), out, cs);
 }
 
 int EMAIL_Util::typeStrToEnum(QCString const& name)

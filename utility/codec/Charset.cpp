@@ -35,6 +35,13 @@ QTextCodec* codecOf(int charset)
     return codecs[known ? static_cast<std::size_t>(charset) : std::size_t{CHARSET_UNKNOWN}];
 }
 
+QCString bytesThroughCodec(const QString& text, const QTextCodec* codec)
+{
+    if (codec == nullptr)
+        return QCString(text.toLatin1().constData());
+    return QCString::fromBytes(codec->fromUnicode(text));
+}
+
 void encodeWithCharset(QCString& out, const QString& text, int charset)
 {
     encodeWithCharset(out, text, charset, codecOf(charset));
@@ -42,12 +49,8 @@ void encodeWithCharset(QCString& out, const QString& text, int charset)
 
 void encodeWithCharset(QCString& out, const QString& text, int charset, const QTextCodec* codec)
 {
-    if (charset == CHARSET_UTF_7)
-        return;
-    if (codec == nullptr)
-        out = QCString(text.toLatin1().constData());
-    else
-        out = QCString::fromBytes(codec->fromUnicode(text));
+    if (charset != CHARSET_UTF_7)
+        out = bytesThroughCodec(text, codec);
 }
 
 void decodeFromCharset(std::string_view bytes, QString& out, int charset)

@@ -16,6 +16,9 @@ namespace tarvomime {
 /// The charset's codec, or null when the platform has none.
 QTextCodec* codecOf(int charset);
 
+/// The bytes that `codec` gives for `text`, U+0000 included.
+QCString bytesThroughCodec(const QString& text, const QTextCodec* codec);
+
 void encodeWithCharset(QCString& out, const QString& text, int charset);
 void encodeWithCharset(QCString& out, const QString& text, int charset, const QTextCodec* codec);
 

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "utility/codec/EncodedWordDecoder.h"
+
+#include "types/Ascii.h"
+#include "utility/EMAIL_Util.h"
+#include "utility/codec/Base64.h"
+#include "utility/codec/Charset.h"
+#include "utility/codec/CharsetNames.h"
+#include "utility/codec/QuotedPrintable.h"
+
+#include <cstddef>
+
+namespace tarvomime {
+
+namespace {
+
+constexpr std::size_t notFound = std::string_view::npos;
+constexpr std::string_view wordStart = "=?";
+constexpr std::string_view wordEnd = "?=";
+
+QLatin1String asLatin1(std::string_view bytes)
+{
+    return QLatin1String(bytes.data(), static_cast<int>(bytes.size()));
+}
+
+// Most senders of raw 8-bit headers that name no charset write Chinese.
+int assumedCharset(int charset)
+{
+    return charset == CHARSET_UNKNOWN ? CHARSET_GB2312 : charset;
+}
+
+// "_" stands for a space, written "=20" before the escapes are undone. Only behind a "=" it makes a
+// difference that the space is not written as such: there it becomes part of a broken escape.
+QByteArray withSpaces(std::string_view payload)
+{
+    QByteArray result;
+    result.reserve(static_cast<int>(payload.size()));
+    std::size_t bytesSinceEquals = 2;
+    for (const char c : payload) {
+        if (c != '_')
+            result.append(c);
+        else if (bytesSinceEquals < 2)
+            result.append("=20");
+        else
+            result.append(' ');
+        bytesSinceEquals = c == '=' ? 0 : bytesSinceEquals + 1;
+    }
+    return result;
+}
+
+QByteArray decodePayload(char form, std::string_view payload)
+{
+    // The transfer decodings read text, which ends at its NUL.
+    const std::string_view text = payload.substr(0, payload.find('\0'));
+    unsigned long length = 0;
+    switch (asciiLower(form)) {
+    case 'b':
+        return decodeBase64(text, &length);
+    case 'q': {
+        if (text.find('_') == notFound)
+            return decodeQp(text, &length);
+        const QByteArray spaced = withSpaces(text);
+        return decodeQp({spaced.constData(), static_cast<std::size_t>(spaced.size())}, &length);
+    }
+    default:
+        return {};
+    }
+}
+
+// The end of the word that starts at `start`, behind its "?=": the first one that does not come
+// before the third "?". `notFound` when the body ends first.
+std::size_t endOfWord(std::string_view body, std::size_t start)
+{
+    std::size_t mark = start + 1;
+    for (int marks = 0; marks < 3; ++marks) {
+        mark = body.find('?', mark + 1);
+        if (mark == notFound)
+            return notFound;
+    }
+    const std::size_t end = body.find(wordEnd, mark);
+    return end == notFound ? notFound : end + wordEnd.size();
+}
+
+std::size_t skipWhiteSpace(std::string_view body, std::size_t position)
+{
+    while (position < body.size() && (isLineBreak(body[position]) || isBlank(body[position])))
+        ++position;
+    return position;
+}
+
+std::size_t endOfPlainText(std::string_view body, std::size_t position)
+{
+    while (position < body.size() && !isLineBreak(body[position]) &&
+           body.compare(position, wordStart.size(), wordStart) != 0)
+        ++position;
+    return position;
+}
+
+} // namespace
+
+// Where this departs from RFC 2047:
+//
+// 1. White space behind a word is dropped before plain text too, not only before another word.
+// 2. Plain text beside words is Latin-1, whatever `charset` says.
+// 3. A word may be longer than 75 characters, hold white space and stand inside other text.
+// 4. When a word does not end, all that follows is kept as it stands, line ends included. No later
+//    word could end either, so that no search is made twice.
+void decodeWords(std::string_view body, QString& out, int charset)
+{
+    if (body.find(wordStart) == notFound) {
+        decodeFromCharset(body, out, assumedCharset(charset));
+        return;
+    }
+    std::size_t position = 0;
+    while (position < body.size()) {
+        if (isLineBreak(body[position])) {
+            ++position;
+            continue;
+        }
+        const std::size_t plainEnd = endOfPlainText(body, position);
+        if (plainEnd > position) {
+            out += asLatin1(body.substr(position, plainEnd - position));
+            position = plainEnd;
+            continue;
+        }
+        const std::size_t end = endOfWord(body, position);
+        if (end == notFound) {
+            out += asLatin1(body.substr(position));
+            return;
+        }
+        QString decoded;
+        decodeWord(body.substr(position, end - position), decoded, charset);
+        out += decoded;
+        position = skipWhiteSpace(body, end);
+    }
+}
+
+// 1. The name that is looked at may reach into the rest of the word, as much as there is text
+//    before it and beyond: names are recognised by what they contain, so a charset named anywhere
+//    in that stretch counts.
+// 2. A word of an unknown form ("=?utf-8?X?...?=") gives nothing.
+// 3. A word without its payload's end stays as it is, like one of an unknown charset.
+void decodeWord(std::string_view word, QString& out, int charset)
+{
+    if (word.empty())
+        return;
+    const std::size_t start = word.find(wordStart);
+    if (start == notFound) {
+        decodeFromCharset(word, out, assumedCharset(charset));
+        return;
+    }
+    const std::size_t nameStart = start + wordStart.size();
+    const std::size_t mark = word.find('?', nameStart);
+    const std::size_t payloadStart = mark == notFound ? notFound : mark + 3;
+    const std::size_t payloadEnd =
+        payloadStart < word.size() ? word.find(wordEnd, payloadStart) : notFound;
+    const int wordCharset =
+        payloadEnd == notFound ? CHARSET_UNKNOWN : charsetFromName(word.substr(nameStart, mark));
+    if (wordCharset == CHARSET_UNKNOWN) {
+        out = asLatin1(word);
+        return;
+    }
+    const QByteArray bytes =
+        decodePayload(word[mark + 1], word.substr(payloadStart, payloadEnd - payloadStart));
+    decodeFromCharset({bytes.constData(), static_cast<std::size_t>(bytes.size())}, out,
+                      wordCharset);
+}
+
+} // namespace tarvomime
