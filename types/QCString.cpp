@@ -15,7 +15,7 @@ namespace {
 using tarvomime::asciiLower;
 using tarvomime::asciiUpper;
 using tarvomime::equalIgnoringCase;
-using tarvomime::isWhiteSpace;
+using tarvomime::trimmed;
 
 std::string_view viewOf(const char* text)
 {
@@ -94,10 +94,7 @@ struct Number
 
 std::optional<Number> readNumber(std::string_view text, bool signAllowed, quint64 positiveLimit)
 {
-    while (!text.empty() && isWhiteSpace(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isWhiteSpace(text.back()))
-        text.remove_suffix(1);
+    text = trimmed(text);
     Number number;
     if (!text.empty() && (text.front() == '+' || (signAllowed && text.front() == '-'))) {
         number.negative = text.front() == '-';
@@ -201,13 +198,7 @@ QCString QCString::mid(int index, int count) const
 
 QCString QCString::stripWhiteSpace() const
 {
-    const char* first = begin();
-    const char* last = end();
-    while (first != last && isWhiteSpace(*first))
-        ++first;
-    while (last != first && isWhiteSpace(last[-1]))
-        --last;
-    return mid(static_cast<int>(first - begin()), static_cast<int>(last - first));
+    return isNull() ? QCString() : slice(trimmed(view()));
 }
 
 int QCString::find(char c, int from, bool caseSensitive) const

@@ -72,6 +72,11 @@ public:
     /// `count` bytes from `index` on; all the rest when `count` is negative. An index outside the
     /// text gives an empty text.
     QCString mid(int index, int count = -1) const;
+    /// The bytes of `part`, which must be a view into this very text, as a slice of it.
+    QCString slice(std::string_view part) const
+    {
+        return mid(static_cast<int>(part.data() - begin()), static_cast<int>(part.size()));
+    }
     /// Without SP, HTAB, CR, LF, VT and FF at both ends.
     QCString stripWhiteSpace() const;
 

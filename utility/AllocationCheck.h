@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// The C library declares its handler only while NDEBUG is not set; including its header a second time
-// gives assert() back the meaning that this build asked for.
+// The C library declares its handler only while NDEBUG is not set; including its header a second
+// time gives assert() back the meaning that this build asked for.
 #pragma push_macro("NDEBUG")
 #undef NDEBUG
 #include <cassert>

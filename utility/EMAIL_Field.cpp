@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Field.h"
 
+#include "utility/codec/Joined.h"
+
 EMAIL_Field::EMAIL_Field() = default;
 
 EMAIL_Field::EMAIL_Field(const QCString& text, EMAIL_BaseComponent* parent)
@@ -15,10 +17,7 @@ void EMAIL_Field::assemble()
     mString = QCString::fromLiteral("");
     if (mBody.isEmpty())
         return;
-    QByteArray line;
-    line.reserve(mName.length() + 2 + mBody.length() + 2);
-    line.append(mName.begin(), mName.length()).append(": ", 2);
-    line.append(mBody.begin(), mBody.length()).append("\r\n", 2);
+    const QByteArray line = tarvomime::joined({mName.view(), ": ", mBody.view(), "\r\n"});
     mString = QCString::fromBytes(line);
 }
 

@@ -23,6 +23,7 @@ EMAIL_Field* make(EMAIL_Header* header)
 
 struct KnownField
 {
+    std::string_view key;
     const QCString& (*name)();
     EMAIL_Field* (*create)(EMAIL_Header*);
 };
@@ -31,24 +32,24 @@ struct KnownField
 //    2045 and RFC 5322 write two of them otherwise: stored messages carry these spellings.
 // The private "X-QRN-" fields are not listed: they keep the spelling they come with.
 constexpr std::array<KnownField, 18> knownFields{{
-    {FieldName::to, make<EMAIL_AddrList>},
-    {FieldName::cc, make<EMAIL_AddrList>},
-    {FieldName::bcc, make<EMAIL_AddrList>},
-    {FieldName::replyTo, make<EMAIL_AddrList>},
-    {FieldName::from, make<EMAIL_AddrList>},
-    {FieldName::sender, make<EMAIL_AddrList>},
-    {FieldName::date, make<EMAIL_DateTime>},
-    {FieldName::subject, make<EMAIL_Field>},
-    {FieldName::xPriority, make<EMAIL_Field>},
-    {FieldName::contentDescription, make<EMAIL_Field>},
-    {FieldName::contentId, make<EMAIL_Field>},
-    {FieldName::contentTransferEncoding, make<EMAIL_Field>},
-    {FieldName::contentType, make<EMAIL_ContentType>},
-    {FieldName::mimeVersion, make<EMAIL_Field>},
-    {FieldName::contentLocation, make<EMAIL_Field>},
-    {FieldName::xMailer, make<EMAIL_Field>},
-    {FieldName::contentDisposition, make<EMAIL_DispositionType>},
-    {FieldName::messageId, make<EMAIL_Field>},
+    {"to", FieldName::to, make<EMAIL_AddrList>},
+    {"cc", FieldName::cc, make<EMAIL_AddrList>},
+    {"bcc", FieldName::bcc, make<EMAIL_AddrList>},
+    {"reply-to", FieldName::replyTo, make<EMAIL_AddrList>},
+    {"from", FieldName::from, make<EMAIL_AddrList>},
+    {"sender", FieldName::sender, make<EMAIL_AddrList>},
+    {"date", FieldName::date, make<EMAIL_DateTime>},
+    {"subject", FieldName::subject, make<EMAIL_Field>},
+    {"x-priority", FieldName::xPriority, make<EMAIL_Field>},
+    {"content-description", FieldName::contentDescription, make<EMAIL_Field>},
+    {"content-id", FieldName::contentId, make<EMAIL_Field>},
+    {"content-transfer-encoding", FieldName::contentTransferEncoding, make<EMAIL_Field>},
+    {"content-type", FieldName::contentType, make<EMAIL_ContentType>},
+    {"mime-version", FieldName::mimeVersion, make<EMAIL_Field>},
+    {"content-location", FieldName::contentLocation, make<EMAIL_Field>},
+    {"x-mailer", FieldName::xMailer, make<EMAIL_Field>},
+    {"content-disposition", FieldName::contentDisposition, make<EMAIL_DispositionType>},
+    {"message-id", FieldName::messageId, make<EMAIL_Field>},
 }};
 
 } // namespace
@@ -57,7 +58,7 @@ EMAIL_Field* EMAIL_Header::createField(const QCString& name)
 {
     const auto* known =
         std::find_if(knownFields.begin(), knownFields.end(), [&name](const KnownField& row) {
-            return equalIgnoringCase(row.name().view(), name.view());
+            return equalIgnoringCase(row.key, name.view());
         });
     const bool isKnown = known != knownFields.end();
     EMAIL_Field* created = isKnown ? known->create(this) : make<EMAIL_Field>(this);

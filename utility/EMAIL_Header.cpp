@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <limits>
 #include <memory>
 #include <new>
 #include <vector>
@@ -29,25 +31,25 @@ public:
     /// The next line, without the CR and LF characters at its end.
     QCString take()
     {
-        const int start = mPosition;
-        mPosition = lineEnd();
-        int end = mPosition;
-        while (end > start && isLineBreak(mText[end - 1]))
-            --end;
-        return mText.mid(start, end - start);
+        const std::string_view rest = mText.view().substr(static_cast<std::size_t>(mPosition));
+        std::string_view line = rest.substr(0, lineEnd(rest));
+        mPosition += static_cast<int>(line.size());
+        while (!line.empty() && isLineBreak(line.back()))
+            line.remove_suffix(1);
+        return mText.slice(line);
     }
 
 private:
-    int lineEnd() const
+    static std::size_t lineEnd(std::string_view text)
     {
-        int next = mPosition;
+        std::size_t end = 0;
         do {
-            const int lineFeed = mText.find('\n', next);
-            if (lineFeed < 0)
-                return mText.length();
-            next = lineFeed + 1;
-        } while (isBlank(mText[next]));
-        return next;
+            const std::size_t lineFeed = text.find('\n', end);
+            if (lineFeed == std::string_view::npos)
+                return text.size();
+            end = lineFeed + 1;
+        } while (end < text.size() && isBlank(text[end]));
+        return end;
     }
 
     QCString mText;
@@ -106,25 +108,46 @@ void EMAIL_Header::parse()
     }
 }
 
-// The four that a reader looks for first lead, Date before Subject; sorting is stable, so that all
-// others keep their order.
-void EMAIL_Header::assemble()
+// The four that a reader looks for first lead, Date before Subject; all others keep their order.
+std::vector<EMAIL_Field*> EMAIL_Header::writingOrder() const
 {
     const std::array leaders{getField(FieldName::from()), getField(FieldName::to()),
                              getField(FieldName::date()), getField(FieldName::subject())};
-    const auto rank = [&leaders](const EMAIL_Field* field) {
-        return std::find(leaders.begin(), leaders.end(), field) - leaders.begin();
-    };
-    std::vector<EMAIL_Field*> ordered(mFields.begin(), mFields.end());
-    std::stable_sort(
-        ordered.begin(), ordered.end(),
-        [&rank](const EMAIL_Field* a, const EMAIL_Field* b) { return rank(a) < rank(b); });
-    QByteArray text;
-    for (EMAIL_Field* each : ordered) {
+    std::vector<EMAIL_Field*> order;
+    order.reserve(static_cast<std::size_t>(mFields.count()));
+    std::copy_if(leaders.begin(), leaders.end(), std::back_inserter(order),
+                 [](const EMAIL_Field* field) { return field != nullptr; });
+    std::copy_if(mFields.begin(), mFields.end(), std::back_inserter(order),
+                 [&leaders](const EMAIL_Field* field) {
+                     return std::find(leaders.begin(), leaders.end(), field) == leaders.end();
+                 });
+    return order;
+}
+
+// Each line is written by its field and copied once into the header's text; the field then keeps
+// its slice of that text instead of a line of its own.
+void EMAIL_Header::assemble()
+{
+    const std::vector<EMAIL_Field*> order = writingOrder();
+    qint64 size = 0;
+    for (EMAIL_Field* each : order) {
         each->assemble();
-        text.append(each->mString.begin(), each->mString.length());
+        size += each->mString.length();
     }
-    mString = text.isEmpty() ? QCString::fromLiteral("") : QCString::fromBytes(text);
+    if (size > std::numeric_limits<int>::max()) {
+        mString = QCString::fromLiteral("");
+        return;
+    }
+    QByteArray text(static_cast<int>(size), Qt::Uninitialized);
+    char* end = text.data();
+    for (const EMAIL_Field* each : order)
+        end = std::copy(each->mString.begin(), each->mString.end(), end);
+    mString = QCString::fromBytes(text);
+    int start = 0;
+    for (EMAIL_Field* each : order) {
+        each->mString = mString.mid(start, each->mString.length());
+        start += each->mString.length();
+    }
 }
 
 EMAIL_Field* EMAIL_Header::getField(const QCString& name) const

@@ -4,6 +4,8 @@
 #include "types/QPtrList.h"
 #include "utility/EMAIL_BaseComponent.h"
 
+#include <vector>
+
 class EMAIL_AddrList;
 class EMAIL_ContentType;
 class EMAIL_DateTime;
@@ -158,4 +160,5 @@ public:
 
 private:
     void init();
+    std::vector<EMAIL_Field*> writingOrder() const;
 };

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/Tokens.h"
 
+#include "types/Ascii.h"
+
 namespace tarvomime {
 
 namespace {
 
-QCString piece(const QCString& text, bool strip)
+std::string_view piece(std::string_view text, bool strip)
 {
-    return strip ? text.stripWhiteSpace() : text;
+    return strip ? trimmed(text) : text;
 }
 
 } // namespace
@@ -19,14 +21,11 @@ void splitAtFirst(const QCString& separator, const QCString& source, QCString& l
         return;
     // An output may be the source itself.
     const QCString text = source;
-    const int position = text.find(separator);
-    if (position < 0) {
-        left = piece(text, strip);
-        return;
-    }
-    const int rest = position + separator.length();
-    left = piece(text.left(position), strip);
-    right = piece(text.mid(rest), strip);
+    const std::string_view all = text.view();
+    const std::size_t position = all.find(separator.view());
+    left = text.slice(piece(all.substr(0, position), strip));
+    if (position != std::string_view::npos)
+        right = text.slice(piece(all.substr(position + separator.view().size()), strip));
 }
 
 QValueList<QCString> splitAtEvery(const QCString& separator, const QCString& source, bool strip)
@@ -41,9 +40,9 @@ QValueList<QCString> splitAtEvery(const QCString& separator, const QCString& sou
         position = found + separator.length();
         found = source.find(separator, position);
     }
-    const QCString rest = source.mid(position);
-    if (!rest.isEmpty())
-        pieces.append(piece(rest, strip));
+    const std::string_view rest = source.view().substr(static_cast<std::size_t>(position));
+    if (!rest.empty())
+        pieces.append(source.slice(piece(rest, strip)));
     return pieces;
 }
 
