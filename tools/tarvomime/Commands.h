@@ -18,6 +18,7 @@ void addHeaders(CLI::App& tool, Session& session);
 void addReassemble(CLI::App& tool, Session& session);
 void addEncode(CLI::App& tool, Session& session);
 void addDecode(CLI::App& tool, Session& session);
+void addTree(CLI::App& tool, Session& session);
 void addWords(CLI::App& tool, Session& session);
 
 /// What every subcommand is made of: its name, a sentence for the list of commands, and a text with

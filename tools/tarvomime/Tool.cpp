@@ -27,6 +27,8 @@ void addCommands(CLI::App& tool, Session& session)
     addReassemble(tool, session);
     addEncode(tool, session);
     addDecode(tool, session);
+    addWords(tool, session);
+    addTree(tool, session);
 }
 
 /// CLI11 reads an argument like "[a,b]" as a list of values, and there are mail folders called
