@@ -20,7 +20,7 @@ class QFile;
 /// A `charset` argument of a getter is the charset (`EMAIL_Charset`) of 8-bit text that does not
 /// declare one. Absent fields read as an empty string unless a getter says otherwise; getters never
 /// fail. A handle without a message (`mMessage` null) reads as an empty message, ignores setters,
-/// and fails file operations with -1. Handles are not copied.
+/// and neither parses nor assembles a file. Handles are not copied.
 class TARVOMIME_EXPORT EMAIL_BasicMsg
 {
 public:
@@ -217,8 +217,6 @@ public:
     int mLength = 0;
 
 private:
-    void parseText(const QCString& text);
-    void setBodyText(const QCString& text);
     void setEncodedText(const QString& text);
     QString decodeBodyText(const QCString& text, int charset) const;
     int writeBodyFromFile(QFile* file, const ProgressCallback& cb) const;

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+// The handle itself and its private bookkeeping; values of the header and the body have their own
+// files.
+#include "utility/EMAIL_BasicMsg.h"
+
+#include "utility/AllocationCheck.h"
+#include "utility/EMAIL_Field.h"
+#include "utility/EMAIL_Header.h"
+#include "utility/EMAIL_Message.h"
+#include "utility/FieldNames.h"
+#include "utility/Latin1.h"
+#include "utility/codec/MappedFile.h"
+
+#include <limits>
+#include <new>
+
+using namespace tarvomime;
+
+EMAIL_BasicMsg::EMAIL_BasicMsg()
+{
+    mMessage = new (std::nothrow) EMAIL_Message;
+    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage", "EMAIL_BasicMsg::EMAIL_BasicMsg()");
+}
+
+EMAIL_BasicMsg::EMAIL_BasicMsg(const QString& raw)
+{
+    // A text that is too long for the interface gives an empty message.
+    if (raw.size() <= std::numeric_limits<int>::max())
+        mLength = static_cast<int>(raw.size());
+    mMessage = new (std::nothrow) EMAIL_Message(toLatin1(raw), nullptr);
+    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage",
+                               "EMAIL_BasicMsg::EMAIL_BasicMsg(const QString&)");
+    mMessage->parse();
+}
+
+EMAIL_BasicMsg::EMAIL_BasicMsg(const QByteArray& raw)
+{
+    mMessage = new (std::nothrow) EMAIL_Message(QCString(raw), nullptr);
+    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage",
+                               "EMAIL_BasicMsg::EMAIL_BasicMsg(const QByteArray&)");
+    mLength = mMessage->getMessage().length();
+    mMessage->parse();
+}
+
+EMAIL_BasicMsg::~EMAIL_BasicMsg()
+{
+    delete mMessage;
+}
+
+void EMAIL_BasicMsg::setDefaultFileds()
+{
+    setXMailer(QStringLiteral("Kelda-Tarvo"));
+    setMimeVersion(QStringLiteral("1.0"));
+}
+
+int EMAIL_BasicMsg::parse(const QString& path)
+{
+    if (mMessage == nullptr)
+        return -1;
+    const MappedFile file(path);
+    if (!file.isOpen())
+        return -1;
+    mLength = file.size();
+    mMessage->parse(file.data(), 0, file.size(), path);
+    return 0;
+}
+
+const QCString& EMAIL_BasicMsg::assemble()
+{
+    if (mMessage == nullptr) {
+        static const QCString nothing;
+        return nothing;
+    }
+    mMessage->assemble();
+    return mMessage->getMessage();
+}
+
+int EMAIL_BasicMsg::assemble(QFile* file)
+{
+    return mMessage == nullptr ? -1 : mMessage->assemble(file);
+}
+
+QString EMAIL_BasicMsg::headerAsString() const
+{
+    return mMessage == nullptr ? QString() : fromLatin1(getHeader()->getMessage());
+}
+
+int EMAIL_BasicMsg::getMessageLength() const
+{
+    return mLength;
+}
+
+EMAIL_Header* EMAIL_BasicMsg::getHeader() const
+{
+    return mMessage == nullptr ? nullptr : mMessage->mHeader;
+}
+
+void EMAIL_BasicMsg::setHeader(const QCString& text)
+{
+    if (EMAIL_Header* header = getHeader()) {
+        header->setMessage(text);
+        header->parse();
+    }
+}
+
+void EMAIL_BasicMsg::makeHeaderSendable()
+{
+    if (EMAIL_Header* header = getHeader())
+        header->asSendable(true);
+}
+
+void EMAIL_BasicMsg::addReceiptRequest(const QString& address)
+{
+    if (EMAIL_Header* header = getHeader()) {
+        const QCString value = toLatin1(address);
+        header->field(FieldName::dispositionNotificationTo())->mBody = value;
+        header->field(FieldName::returnReceiptTo())->mBody = value;
+    }
+}
+
+void EMAIL_BasicMsg::removeReceiptRequest()
+{
+    if (EMAIL_Header* header = getHeader()) {
+        header->removeField(FieldName::dispositionNotificationTo());
+        header->removeField(FieldName::returnReceiptTo());
+    }
+}
+
+int EMAIL_BasicMsg::needReadReceipt(QCString& out) const
+{
+    const EMAIL_Header* header = getHeader();
+    if (header == nullptr)
+        return 0;
+    const EMAIL_Field* request = header->getField(FieldName::dispositionNotificationTo());
+    if (request == nullptr)
+        request = header->getField(FieldName::returnReceiptTo());
+    if (request == nullptr)
+        return 0;
+    out = request->mBody;
+    return 1;
+}
+
+bool EMAIL_BasicMsg::getXSendDsn() const
+{
+    const EMAIL_Header* header = getHeader();
+    return header != nullptr && header->getField(FieldName::deliveryNotification()) != nullptr;
+}
+
+void EMAIL_BasicMsg::setXSendDsn(bool on)
+{
+    EMAIL_Header* header = getHeader();
+    if (header == nullptr)
+        return;
+    if (!on)
+        header->removeField(FieldName::deliveryNotification());
+    else if (!getXSendDsn())
+        header->field(FieldName::deliveryNotification())->mBody = "1";
+}
+
+void EMAIL_BasicMsg::setSmartSendInfo(unsigned int refFolderId, unsigned int refMessageId,
+                                      unsigned int dataLength, int type)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->setSmartSendInfo(refFolderId, refMessageId, dataLength, type);
+}
+
+int EMAIL_BasicMsg::getSmartSendInfo(unsigned int& refFolderId, unsigned int& refMessageId,
+                                     unsigned int& dataLength, int& type) const
+{
+    const EMAIL_Header* header = getHeader();
+    refFolderId = header == nullptr ? 0 : header->getSmartSendRefFolderID();
+    refMessageId = header == nullptr ? 0 : header->getSmartSendRefMessageID();
+    dataLength = header == nullptr ? 0 : header->getSmartSendDataLength();
+    type = header == nullptr ? 0 : header->getSmartSendType();
+    return 0;
+}
+
+int EMAIL_BasicMsg::getOperation() const
+{
+    const EMAIL_Header* header = getHeader();
+    return header == nullptr ? -1 : header->getOperation();
+}
+
+void EMAIL_BasicMsg::removeSmartDataInfo()
+{
+    if (EMAIL_Header* header = getHeader())
+        header->removeSmartDataInfo();
+}
+
+int EMAIL_BasicMsg::getBodySize(bool* ok) const
+{
+    if (const EMAIL_Header* header = getHeader())
+        return header->getBodySize(ok);
+    if (ok != nullptr)
+        *ok = false;
+    return 0;
+}
+
+void EMAIL_BasicMsg::setBodySize(unsigned int size)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->setBodySize(static_cast<int>(size));
+}
+
+int EMAIL_BasicMsg::getBodyTruncated(bool* ok) const
+{
+    if (const EMAIL_Header* header = getHeader())
+        return header->getBodyTruncated(ok);
+    if (ok != nullptr)
+        *ok = true;
+    return -1;
+}
+
+void EMAIL_BasicMsg::setBodyTruncated(int marker)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->setBodyTruncated(marker);
+}
+
+void EMAIL_BasicMsg::removeBodyTruncatedInfo()
+{
+    if (EMAIL_Header* header = getHeader())
+        header->removeBodyTruncatedInfo();
+}

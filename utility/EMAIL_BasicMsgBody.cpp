@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+// The body as text, bytes or a range of a file, and the reply-style copy.
+#include "utility/EMAIL_BasicMsg.h"
+#include "utility/EMAIL_Body.h"
+#include "utility/EMAIL_Header.h"
+#include "utility/EMAIL_Message.h"
+#include "utility/FieldNames.h"
+#include "utility/Subtypes.h"
+#include "utility/codec/BlockWriter.h"
+#include "utility/codec/MappedFile.h"
+
+#include <algorithm>
+
+using namespace tarvomime;
+
+namespace {
+
+// NUL counts as well: in a 7bit body it would end the text.
+bool needsCharset(const QString& text)
+{
+    return std::any_of(text.cbegin(), text.cend(),
+                       [](QChar c) { return c.unicode() == 0 || c.unicode() > 127; });
+}
+
+using Getter = QString (EMAIL_BasicMsg::*)(int) const;
+using Setter = void (EMAIL_BasicMsg::*)(const QString&);
+
+void copyIfAny(const EMAIL_BasicMsg& from, EMAIL_BasicMsg& to, Getter get, Setter set, int charset)
+{
+    const QString value = (from.*get)(charset);
+    if (!value.isEmpty())
+        (to.*set)(value);
+}
+
+} // namespace
+
+void EMAIL_BasicMsg::setBody(const QString& text, bool encode)
+{
+    if (mMessage == nullptr)
+        return;
+    if (encode && needsCharset(text)) {
+        setEncodedText(text);
+        return;
+    }
+    if (encode && !text.isEmpty()) {
+        getHeader()->removeField(FieldName::contentTransferEncoding());
+        setCharset(CHARSET_US_ASCII);
+    }
+    mMessage->mBody->setMessage(QCString::fromBytes(text.toLatin1()));
+}
+
+// 1. UTF-7 is read but never written: a message in it keeps its old body when the text is Latin-1.
+void EMAIL_BasicMsg::setEncodedText(const QString& text)
+{
+    int charset = getCharset();
+    if (charset == CHARSET_US_ASCII)
+        charset = CHARSET_ISO_8859_1;
+    if (!EMAIL_Util::canEncodeByCharset(text, charset))
+        charset = CHARSET_UTF_8;
+    setCharset(charset);
+    QCString bytes;
+    EMAIL_Util::encWithCharset(bytes, text, charset);
+    if (getType() == TYPE_UNKNOWN) {
+        setType(TYPE_TEXT);
+        setSubType(SUBTYPE_PLAIN);
+    }
+    setBody(QByteArray(bytes));
+}
+
+void EMAIL_BasicMsg::setBody(const QByteArray& data)
+{
+    const int type = getType();
+    if (mMessage == nullptr || data.isEmpty() || type == TYPE_MULTIPART || type == TYPE_MESSAGE)
+        return;
+    if (type == TYPE_UNKNOWN) {
+        setType(TYPE_APPLICATION);
+        setSubType(SUBTYPE_OCTET_STREAM);
+    }
+    if (getCTE() == CTE_7BIT)
+        setCTE(EMAIL_Util::guessRightCTE(data));
+    QByteArray encoded;
+    EMAIL_Util::encWithCTE(data, encoded, getCTE());
+    mMessage->mBody->setMessage(QCString::fromBytes(encoded));
+}
+
+QString EMAIL_BasicMsg::decodeBodyText(const QCString& text, int charset) const
+{
+    if (text.isEmpty())
+        return {};
+    QByteArray bytes;
+    EMAIL_Util::decFromCTE(text, bytes, getCTE());
+    const int declared = getCharset();
+    QString decoded;
+    EMAIL_Util::decFromCharset(bytes, decoded, declared == CHARSET_UNKNOWN ? charset : declared);
+    return decoded;
+}
+
+QString EMAIL_BasicMsg::getBody(int charset) const
+{
+    if (mMessage == nullptr || !isBodyInMemory())
+        return {};
+    return decodeBodyText(mMessage->mBody->getMessage(), charset);
+}
+
+int EMAIL_BasicMsg::getBody(QString& out, int charset) const
+{
+    QCString text;
+    if (mMessage != nullptr && mMessage->mBody->getBodyText(text) != 0)
+        return -1;
+    out = decodeBodyText(text, charset);
+    return 0;
+}
+
+int EMAIL_BasicMsg::getBody(QFile* file, const ProgressCallback& cb) const
+{
+    if (file == nullptr)
+        return -1;
+    if (!isBodyInMemory())
+        return writeBodyFromFile(file, cb);
+    QByteArray bytes;
+    if (mMessage != nullptr)
+        EMAIL_Util::decFromCTE(mMessage->mBody->getMessage(), bytes, getCTE());
+    return writeBlock(file, bytes.constData(), static_cast<int>(bytes.size()));
+}
+
+int EMAIL_BasicMsg::writeBodyFromFile(QFile* file, const ProgressCallback& cb) const
+{
+    QString path;
+    int offset = 0;
+    int length = 0;
+    bool encoded = false;
+    getBodyInfo(path, offset, length, encoded);
+    const MappedFile source(path);
+    if (!source.holds(offset, length))
+        return -1;
+    const int result = EMAIL_Util::decFromCTE(source.data() + offset, length, file, getCTE(), cb);
+    return result == 0 ? 0 : -1;
+}
+
+bool EMAIL_BasicMsg::isBodyInMemory() const
+{
+    return mMessage == nullptr || mMessage->mBody->isInMemory();
+}
+
+void EMAIL_BasicMsg::getBodyInfo(QString& path, int& offset, int& length, bool& encoded) const
+{
+    if (mMessage != nullptr)
+        mMessage->mBody->getBodyInfo(path, offset, length, encoded);
+}
+
+void EMAIL_BasicMsg::setBodyInfo(const QString& path, int offset, int length, bool encoded)
+{
+    if (mMessage != nullptr)
+        mMessage->mBody->setBodyInfo(path, offset, length, encoded);
+}
+
+QCString EMAIL_BasicMsg::newMessage(const char* raw, const QString& body, int charset)
+{
+    if (raw == nullptr)
+        return {};
+    const EMAIL_BasicMsg source(QString::fromLatin1(raw));
+    EMAIL_BasicMsg copy;
+    copyIfAny(source, copy, &EMAIL_BasicMsg::getFrom, &EMAIL_BasicMsg::setFrom, charset);
+    copyIfAny(source, copy, &EMAIL_BasicMsg::getTo, &EMAIL_BasicMsg::setTo, charset);
+    copyIfAny(source, copy, &EMAIL_BasicMsg::getCc, &EMAIL_BasicMsg::setCc, charset);
+    copyIfAny(source, copy, &EMAIL_BasicMsg::getBcc, &EMAIL_BasicMsg::setBcc, charset);
+    copy.setDate(source.getDate());
+    copy.setDefaultFileds();
+    copyIfAny(source, copy, &EMAIL_BasicMsg::getSubject, &EMAIL_BasicMsg::setSubject, charset);
+    if (!body.isEmpty())
+        copy.setBody(body, true);
+    return copy.assemble();
+}

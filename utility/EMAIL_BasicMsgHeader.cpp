@@ -1,0 +1,304 @@
+// SPDX-License-Identifier: MIT
+// Addresses, subject, date, priority and Content-Type: Unicode values against encoded fields.
+#include "utility/EMAIL_BasicMsg.h"
+#include "utility/EMAIL_ContentType.h"
+#include "utility/EMAIL_DateTime.h"
+#include "utility/EMAIL_DispositionType.h"
+#include "utility/EMAIL_Header.h"
+#include "utility/FieldNames.h"
+#include "utility/Latin1.h"
+
+using namespace tarvomime;
+
+namespace {
+
+using Encoder = void (*)(const QString&, int, QCString&);
+using Setter = void (EMAIL_Header::*)(const QCString&);
+
+constexpr int priorityHigh = 1;
+constexpr int priorityNormal = 3;
+constexpr int priorityLow = 5;
+
+QString decoded(const QCString& value, int charset)
+{
+    QString text;
+    EMAIL_Util::decode_2047_String(value, text, charset);
+    return text;
+}
+
+// The stored body as a whole: a typed access would parse the field, and a parsed field is written
+// in its normalised form.
+QString decodedField(const EMAIL_Header* header, const QCString& name, int charset)
+{
+    const EMAIL_Field* field = header == nullptr ? nullptr : header->getField(name);
+    return field == nullptr ? QString() : decoded(field->mBody, charset);
+}
+
+void setEncoded(EMAIL_Header* header, Setter setter, Encoder encode, const QString& value,
+                int charset)
+{
+    if (header == nullptr)
+        return;
+    QCString wire;
+    encode(value, charset, wire);
+    (header->*setter)(wire);
+}
+
+EMAIL_ContentType* contentTypeIn(const EMAIL_Header* header)
+{
+    return header == nullptr ? nullptr : header->getContentType();
+}
+
+} // namespace
+
+QString EMAIL_BasicMsg::getFrom(int charset) const
+{
+    return decodedField(getHeader(), FieldName::from(), charset);
+}
+
+void EMAIL_BasicMsg::setFrom(const QString& addresses)
+{
+    setEncoded(getHeader(), &EMAIL_Header::setFrom, EMAIL_Util::encode_2047_Address, addresses,
+               mCharset);
+}
+
+QString EMAIL_BasicMsg::getTo(int charset) const
+{
+    return decodedField(getHeader(), FieldName::to(), charset);
+}
+
+void EMAIL_BasicMsg::setTo(const QString& addresses)
+{
+    setEncoded(getHeader(), &EMAIL_Header::setTo, EMAIL_Util::encode_2047_Address, addresses,
+               mCharset);
+}
+
+QString EMAIL_BasicMsg::getCc(int charset) const
+{
+    return decodedField(getHeader(), FieldName::cc(), charset);
+}
+
+void EMAIL_BasicMsg::setCc(const QString& addresses)
+{
+    setEncoded(getHeader(), &EMAIL_Header::setCc, EMAIL_Util::encode_2047_Address, addresses,
+               mCharset);
+}
+
+QString EMAIL_BasicMsg::getBcc(int charset) const
+{
+    return decodedField(getHeader(), FieldName::bcc(), charset);
+}
+
+void EMAIL_BasicMsg::setBcc(const QString& addresses)
+{
+    setEncoded(getHeader(), &EMAIL_Header::setBcc, EMAIL_Util::encode_2047_Address, addresses,
+               mCharset);
+}
+
+QString EMAIL_BasicMsg::getReplyTo(int charset) const
+{
+    return decodedField(getHeader(), FieldName::replyTo(), charset);
+}
+
+// 1. The encoder of whole texts, unlike every other address field: stored mail is written this way.
+void EMAIL_BasicMsg::setReplyTo(const QString& addresses)
+{
+    setEncoded(getHeader(), &EMAIL_Header::setReplyTo, EMAIL_Util::encode_2047_String, addresses,
+               mCharset);
+}
+
+QString EMAIL_BasicMsg::getSender() const
+{
+    return decodedField(getHeader(), FieldName::sender(), CHARSET_UNKNOWN);
+}
+
+void EMAIL_BasicMsg::setSender(const QString& address)
+{
+    setEncoded(getHeader(), &EMAIL_Header::setSender, EMAIL_Util::encode_2047_Address, address,
+               mCharset);
+}
+
+QString EMAIL_BasicMsg::getSubject(int charset) const
+{
+    return decodedField(getHeader(), FieldName::subject(), charset);
+}
+
+void EMAIL_BasicMsg::setSubject(const QString& subject)
+{
+    setEncoded(getHeader(), &EMAIL_Header::setSubject, EMAIL_Util::encode_2047_String, subject,
+               mCharset);
+}
+
+QString EMAIL_BasicMsg::getXMailer() const
+{
+    const EMAIL_Header* header = getHeader();
+    return header == nullptr ? QString() : fromLatin1(header->getXMailer());
+}
+
+void EMAIL_BasicMsg::setXMailer(const QString& value)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->setXMailer(toLatin1(value));
+}
+
+QString EMAIL_BasicMsg::getMimeVersion() const
+{
+    const EMAIL_Header* header = getHeader();
+    return header == nullptr ? QString() : fromLatin1(header->getMimeVersion());
+}
+
+void EMAIL_BasicMsg::setMimeVersion(const QString& value)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->setMimeVersion(toLatin1(value));
+}
+
+unsigned long EMAIL_BasicMsg::getDate() const
+{
+    const EMAIL_Header* header = getHeader();
+    EMAIL_DateTime* date = header == nullptr ? nullptr : header->getDate();
+    return date == nullptr ? 0 : date->getTime();
+}
+
+void EMAIL_BasicMsg::setDate(unsigned long seconds)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->setDate(seconds);
+}
+
+QString EMAIL_BasicMsg::getRawDateStr() const
+{
+    const EMAIL_Header* header = getHeader();
+    const EMAIL_Field* date = header == nullptr ? nullptr : header->getField(FieldName::date());
+    return date == nullptr ? QString() : fromLatin1(date->mBody);
+}
+
+QString EMAIL_BasicMsg::getDateStr() const
+{
+    const EMAIL_Header* header = getHeader();
+    if (header == nullptr || header->getDate() == nullptr)
+        return {};
+    return EMAIL_Util::convertTimeFormat(getDate());
+}
+
+int EMAIL_BasicMsg::getXPriority() const
+{
+    const EMAIL_Header* header = getHeader();
+    const unsigned int priority = header == nullptr ? priorityNormal : header->getXPriority();
+    if (priority < priorityNormal)
+        return priorityHigh;
+    return priority < priorityLow ? priorityNormal : priorityLow;
+}
+
+void EMAIL_BasicMsg::setXPriority(int priority)
+{
+    EMAIL_Header* header = getHeader();
+    if (header == nullptr)
+        return;
+    if (priority < priorityNormal)
+        header->setXPriority("1");
+    else
+        header->setXPriority(priority < priorityLow ? "3" : "5");
+}
+
+int EMAIL_BasicMsg::getType() const
+{
+    const EMAIL_ContentType* type = contentTypeIn(getHeader());
+    return type == nullptr ? TYPE_UNKNOWN : type->mTypeEnum;
+}
+
+void EMAIL_BasicMsg::setType(int type)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->contentType()->setType(type);
+}
+
+int EMAIL_BasicMsg::getSubType() const
+{
+    const EMAIL_ContentType* type = contentTypeIn(getHeader());
+    return type == nullptr ? 0 : type->mSubTypeEnum;
+}
+
+void EMAIL_BasicMsg::setSubType(int subType)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->contentType()->setSubType(subType);
+}
+
+QString EMAIL_BasicMsg::getTypeStr() const
+{
+    const EMAIL_ContentType* type = contentTypeIn(getHeader());
+    return type == nullptr ? QString() : fromLatin1(type->mType);
+}
+
+void EMAIL_BasicMsg::setTypeStr(const QString& name)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->contentType()->setTypeStr(toLatin1(name));
+}
+
+QString EMAIL_BasicMsg::getSubTypeStr() const
+{
+    const EMAIL_ContentType* type = contentTypeIn(getHeader());
+    return type == nullptr ? QString() : fromLatin1(type->mSubType);
+}
+
+void EMAIL_BasicMsg::setSubTypeStr(const QString& name)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->contentType()->setSubTypeStr(toLatin1(name));
+}
+
+int EMAIL_BasicMsg::getCharset() const
+{
+    const EMAIL_ContentType* type = contentTypeIn(getHeader());
+    return type == nullptr ? CHARSET_US_ASCII : type->getCharset();
+}
+
+void EMAIL_BasicMsg::setCharset(int charset)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->contentType()->setCharset(charset);
+}
+
+int EMAIL_BasicMsg::getCTE() const
+{
+    const EMAIL_Header* header = getHeader();
+    return header == nullptr ? CTE_7BIT : header->getCte();
+}
+
+void EMAIL_BasicMsg::setCTE(int cte)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->setCte(cte);
+}
+
+QString EMAIL_BasicMsg::getMethod() const
+{
+    EMAIL_Header* header = getHeader();
+    return header == nullptr ? QString() : fromLatin1(header->getMethod().lower());
+}
+
+void EMAIL_BasicMsg::setMethod(const QString& method)
+{
+    if (EMAIL_Header* header = getHeader())
+        header->contentType()->setMethod(toLatin1(method));
+}
+
+QString EMAIL_BasicMsg::getFileName(int charset) const
+{
+    const EMAIL_ContentType* type = contentTypeIn(getHeader());
+    QCString name;
+    if (type != nullptr)
+        type->getName(name);
+    return name.isEmpty() ? QString() : decoded(name, charset);
+}
+
+QString EMAIL_BasicMsg::getName(int charset) const
+{
+    const EMAIL_Header* header = getHeader();
+    const EMAIL_DispositionType* disposition =
+        header == nullptr ? nullptr : header->getContentDisposition();
+    const QCString name = disposition == nullptr ? QCString() : disposition->getFileName();
+    return name.isEmpty() ? QString() : decoded(name, charset);
+}

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "types/QCString.h"
+
+#include <QString>
+
+/// Values that cross between the application and the wire without encoding: one character, one
+/// byte.
+namespace tarvomime {
+
+inline QCString toLatin1(const QString& text)
+{
+    return QCString(text.toLatin1());
+}
+
+inline QString fromLatin1(const QCString& text)
+{
+    return QString::fromLatin1(text.begin(), text.length());
+}
+
+} // namespace tarvomime
