@@ -3,11 +3,14 @@
 
 #include "utility/AllocationCheck.h"
 #include "utility/EMAIL_Util.h"
+#include "utility/codec/AppendText.h"
 
 #include <algorithm>
 #include <new>
 
 namespace {
+
+using tarvomime::appendText;
 
 constexpr int mailboxType = 1;
 constexpr int groupType = 2;
@@ -34,11 +37,6 @@ EMAIL_Address* newGroup(const QCString& name, const QCString& members)
     group->mGroupName = name;
     group->mAddresses = EMAIL_Util::split(QCString::fromLiteral(","), members, true);
     return group;
-}
-
-void appendText(QByteArray& out, const QCString& text)
-{
-    out.append(text.begin(), text.length());
 }
 
 bool isWritten(const EMAIL_Address* address)

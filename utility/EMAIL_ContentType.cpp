@@ -2,6 +2,7 @@
 #include "utility/EMAIL_ContentType.h"
 
 #include "utility/EMAIL_Util.h"
+#include "utility/codec/AppendText.h"
 #include "utility/codec/MediaTypes.h"
 #include "utility/codec/Tokens.h"
 
@@ -9,6 +10,8 @@
 #include <ctime>
 
 namespace {
+
+using tarvomime::appendText;
 
 QCString boundaryKey()
 {
@@ -33,11 +36,6 @@ QCString nameKey()
 QCString startKey()
 {
     return QCString::fromLiteral("start");
-}
-
-void appendText(QByteArray& out, const QCString& text)
-{
-    out.append(text.begin(), text.length());
 }
 
 // Reads "name=value;name=value" into `params`; earlier values of a name are replaced.

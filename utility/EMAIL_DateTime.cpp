@@ -24,8 +24,9 @@ constexpr std::array monthNames{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
 template <std::size_t N>
 int indexOfName(const std::array<const char*, N>& names, const QCString& text)
 {
-    const QCString wanted = text.lower();
-    const auto equals = [&wanted](const char* name) { return QCString(name).lower() == wanted; };
+    const auto equals = [&text](const char* name) {
+        return tarvomime::equalIgnoringCase(name, text.view());
+    };
     const auto found = std::find_if(names.begin(), names.end(), equals);
     return found == names.end() ? 0 : static_cast<int>(found - names.begin());
 }

@@ -2,6 +2,7 @@
 #include "utility/EMAIL_DispositionType.h"
 
 #include "utility/EMAIL_Util.h"
+#include "utility/codec/Joined.h"
 #include "utility/codec/Tokens.h"
 
 EMAIL_DispositionType::EMAIL_DispositionType() : EMAIL_DispositionType(QCString(), nullptr) {}
@@ -18,9 +19,8 @@ void EMAIL_DispositionType::assemble()
     if (mParsed == 1) {
         if (mFileName.isEmpty())
             mFileName = QCString::fromLiteral("tmp");
-        mBody = mIsAttachment != 0 ? QCString("attachment") : QCString("inline");
-        mBody += QCString::fromLiteral("; filename = ");
-        mBody += mFileName;
+        const char* kind = mIsAttachment != 0 ? "attachment" : "inline";
+        mBody = QCString::fromBytes(tarvomime::joined({kind, "; filename = ", mFileName.view()}));
     }
     EMAIL_Field::assemble();
 }

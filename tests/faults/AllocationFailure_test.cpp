@@ -2,6 +2,7 @@
 // When a component cannot get its children, the program stops through the C library's assertion
 // handler, whose message names the source file, the function's signature and the member.
 #include "tests/faults/FailingNew.h"
+#include "utility/EMAIL_AddrList.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Header.h"
@@ -48,6 +49,13 @@ void parseMessageType()
     EMAIL_Message message(QCString("Content-Type: message/rfc822\n\nA: 1\n\nx"), nullptr);
     failNothrowNew(sizeof(EMAIL_Message));
     message.parse();
+}
+
+void parseAddresses(const char* body)
+{
+    EMAIL_AddrList list;
+    list.mBody = body;
+    list.parse();
 }
 
 void stripLongText()
@@ -98,4 +106,13 @@ INSTANTIATE_TEST_SUITE_P(
                                "mMessage", 0, 0, parseMessageType},
                     FailureRow{"work buffer", "utility/EMAIL_Header\\.cpp",
                                "static void EMAIL_Header::stripCFWS(const QCString&, QCString&)",
-                               "tmp", 0, 0, stripLongText}));
+                               "tmp", 0, 0, stripLongText},
+                    FailureRow{"mailbox", "utility/EMAIL_AddrList\\.cpp",
+                               "virtual void EMAIL_AddrList::parse()", "g", sizeof(EMAIL_Address),
+                               0, [] { parseAddresses("a@x"); }},
+                    FailureRow{"second mailbox", "utility/EMAIL_AddrList\\.cpp",
+                               "virtual void EMAIL_AddrList::parse()", "g", sizeof(EMAIL_Address),
+                               1, [] { parseAddresses("a@x, b@y"); }},
+                    FailureRow{"address group", "utility/EMAIL_AddrList\\.cpp",
+                               "virtual void EMAIL_AddrList::parse()", "g", sizeof(EMAIL_Address),
+                               0, [] { parseAddresses("team: a@x"); }}));
