@@ -26,12 +26,12 @@ TEST(CodecLookup, ValuesOutsideTheTableUseLatin1)
 TEST(CodecLookup, WithoutACodecTextIsWrittenAsLatin1UpToItsFirstNul)
 {
     QCString out;
-    encodeWithCharset(out, QString::fromUtf8("J\xC3\xB6rg"), CHARSET_KOI8_U, nullptr);
+    encodeThroughCodec(out, QString::fromUtf8("J\xC3\xB6rg"), CHARSET_KOI8_U, nullptr);
     EXPECT_EQ(out, "J\xF6rg");
     EXPECT_EQ(out.size(), 5);
-    encodeWithCharset(out, QString("ab") + QChar(0) + "cd", CHARSET_KOI8_U, nullptr);
+    encodeThroughCodec(out, QString("ab") + QChar(0) + "cd", CHARSET_KOI8_U, nullptr);
     EXPECT_EQ(out, "ab");
-    encodeWithCharset(out, QString(), CHARSET_KOI8_U, nullptr);
+    encodeThroughCodec(out, QString(), CHARSET_KOI8_U, nullptr);
     EXPECT_EQ(out, "");
     EXPECT_FALSE(out.isNull());
 }
@@ -39,14 +39,14 @@ TEST(CodecLookup, WithoutACodecTextIsWrittenAsLatin1UpToItsFirstNul)
 TEST(CodecLookup, WithoutACodecBytesAreReadAsUtf8)
 {
     QString out("kept");
-    decodeFromCharset({}, out, CHARSET_KOI8_U, nullptr);
+    decodeThroughCodec({}, out, CHARSET_KOI8_U, nullptr);
     EXPECT_EQ(out, "kept");
-    decodeFromCharset("J\xC3\xB6rg \xFF!", out, CHARSET_KOI8_U, nullptr);
+    decodeThroughCodec("J\xC3\xB6rg \xFF!", out, CHARSET_KOI8_U, nullptr);
     EXPECT_EQ(out, QString::fromUtf8("J\xC3\xB6rg \xEF\xBF\xBD!"));
 }
 
 TEST(CodecLookup, WithoutACodecOnlyUtf8CanEncode)
 {
     for (int charset = -1; charset <= 99; ++charset)
-        EXPECT_EQ(canEncodeByCharset("a", charset, nullptr), charset == CHARSET_UTF_8) << charset;
+        EXPECT_EQ(canEncodeThroughCodec("a", charset, nullptr), charset == CHARSET_UTF_8) << charset;
 }

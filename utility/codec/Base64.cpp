@@ -137,6 +137,16 @@ int encodeBase64(const char* data, unsigned long length, QFile* out, bool breakL
     return runToFile(Base64Encoder(data, data == nullptr ? 0 : length, breakLines), out, nullptr);
 }
 
+void appendBase64(QByteArray& out, std::string_view bytes)
+{
+    const auto start = out.size();
+    const auto length = static_cast<int>(encodedLength(bytes.size(), false));
+    out.resize(start + length);
+    char* const next = out.data() + start;
+    Base64Encoder encoder(bytes.data(), bytes.size(), false);
+    encoder.finish(encoder.run(next, next + length));
+}
+
 QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength)
 {
     if (text.empty())

@@ -20,6 +20,8 @@ namespace tarvomime {
 
 QByteArray encodeBase64(const char* data, unsigned long length, bool breakLines);
 int encodeBase64(const char* data, unsigned long length, QFile* out, bool breakLines);
+/// Appends the base64 of `bytes`, in one run, to `out`.
+void appendBase64(QByteArray& out, std::string_view bytes);
 
 /// Decodes all of `text`, NUL bytes included (they are skipped like any foreign byte). With an
 /// empty text or no memory the result is empty and `*decodedLength` is left alone.

@@ -3,6 +3,7 @@
 
 #include "utility/EMAIL_Util.h"
 #include "utility/codec/CharsetNames.h"
+#include "utility/codec/SingleByteCharset.h"
 #include "utility/codec/Utf7.h"
 
 #include <QTextCodec>
@@ -14,13 +15,12 @@ namespace tarvomime {
 
 namespace {
 
-constexpr int charsetCount = CHARSET_ISO_8859_15 + 1;
-using CodecTable = std::array<QTextCodec*, charsetCount>;
+using CodecTable = std::array<QTextCodec*, kCharsetCount>;
 
 CodecTable findCodecs()
 {
     CodecTable codecs{};
-    for (int charset = 0; charset < charsetCount; ++charset)
+    for (int charset = 0; charset < kCharsetCount; ++charset)
         codecs[static_cast<std::size_t>(charset)] = QTextCodec::codecForName(codecName(charset));
     return codecs;
 }
@@ -31,8 +31,16 @@ QTextCodec* codecOf(int charset)
 {
     // A look-up by name takes a lock and compares names; the answers never change.
     static const CodecTable codecs = findCodecs();
-    const bool known = charset >= 0 && charset < charsetCount;
-    return codecs[known ? static_cast<std::size_t>(charset) : std::size_t{CHARSET_UNKNOWN}];
+    return codecs[static_cast<std::size_t>(knownCharset(charset))];
+}
+
+QCString bytesInCharset(const QString& text, int charset)
+{
+    const SingleByteCharset* table = SingleByteCharset::of(charset);
+    QByteArray bytes;
+    if (table != nullptr && table->encode(text, bytes))
+        return QCString::fromBytes(bytes);
+    return bytesThroughCodec(text, codecOf(charset));
 }
 
 QCString bytesThroughCodec(const QString& text, const QTextCodec* codec)
@@ -44,10 +52,11 @@ QCString bytesThroughCodec(const QString& text, const QTextCodec* codec)
 
 void encodeWithCharset(QCString& out, const QString& text, int charset)
 {
-    encodeWithCharset(out, text, charset, codecOf(charset));
+    if (charset != CHARSET_UTF_7)
+        out = bytesInCharset(text, charset);
 }
 
-void encodeWithCharset(QCString& out, const QString& text, int charset, const QTextCodec* codec)
+void encodeThroughCodec(QCString& out, const QString& text, int charset, const QTextCodec* codec)
 {
     if (charset != CHARSET_UTF_7)
         out = bytesThroughCodec(text, codec);
@@ -55,10 +64,14 @@ void encodeWithCharset(QCString& out, const QString& text, int charset, const QT
 
 void decodeFromCharset(std::string_view bytes, QString& out, int charset)
 {
-    decodeFromCharset(bytes, out, charset, codecOf(charset));
+    const SingleByteCharset* table = SingleByteCharset::of(charset);
+    if (table != nullptr && charset != CHARSET_UTF_7 && !bytes.empty())
+        out = table->decode(bytes);
+    else
+        decodeThroughCodec(bytes, out, charset, codecOf(charset));
 }
 
-void decodeFromCharset(std::string_view bytes, QString& out, int charset, const QTextCodec* codec)
+void decodeThroughCodec(std::string_view bytes, QString& out, int charset, const QTextCodec* codec)
 {
     if (bytes.empty())
         return;
@@ -76,10 +89,15 @@ void decodeFromCharset(std::string_view bytes, QString& out, int charset, const 
 
 bool canEncodeByCharset(const QString& text, int charset)
 {
-    return canEncodeByCharset(text, charset, codecOf(charset));
+    const SingleByteCharset* table = SingleByteCharset::of(charset);
+    if (table == nullptr || charset == CHARSET_UNKNOWN)
+        return canEncodeThroughCodec(text, charset, codecOf(charset));
+    // The bytes are read back up to their first NUL only.
+    QByteArray bytes;
+    return table->encode(text, bytes) && !bytes.contains('\0');
 }
 
-bool canEncodeByCharset(const QString& text, int charset, const QTextCodec* codec)
+bool canEncodeThroughCodec(const QString& text, int charset, const QTextCodec* codec)
 {
     if (charset == CHARSET_UTF_8)
         return true;

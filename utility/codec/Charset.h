@@ -8,24 +8,28 @@
 
 class QTextCodec;
 
-/// Conversion between Unicode text and the bytes of a charset.
+/// Conversion between Unicode text and the bytes of a charset: the rules behind
+/// `EMAIL_Util::encWithCharset`, `decFromCharset` and `canEncodeByCharset`.
 ///
-/// Each operation has a twin that is told the codec: null stands for a platform that lacks it.
+/// Each operation has a plain twin (`...ThroughCodec`) that is told the codec, null standing for a
+/// platform that lacks it; the others take a table in its place where both give the same.
 namespace tarvomime {
 
 /// The charset's codec, or null when the platform has none.
 QTextCodec* codecOf(int charset);
 
-/// The bytes that `codec` gives for `text`, U+0000 included.
+/// The bytes that the charset's codec gives for `text`, U+0000 included; its Latin-1 form when
+/// there is no codec.
+QCString bytesInCharset(const QString& text, int charset);
 QCString bytesThroughCodec(const QString& text, const QTextCodec* codec);
 
 void encodeWithCharset(QCString& out, const QString& text, int charset);
-void encodeWithCharset(QCString& out, const QString& text, int charset, const QTextCodec* codec);
+void encodeThroughCodec(QCString& out, const QString& text, int charset, const QTextCodec* codec);
 
 void decodeFromCharset(std::string_view bytes, QString& out, int charset);
-void decodeFromCharset(std::string_view bytes, QString& out, int charset, const QTextCodec* codec);
+void decodeThroughCodec(std::string_view bytes, QString& out, int charset, const QTextCodec* codec);
 
 bool canEncodeByCharset(const QString& text, int charset);
-bool canEncodeByCharset(const QString& text, int charset, const QTextCodec* codec);
+bool canEncodeThroughCodec(const QString& text, int charset, const QTextCodec* codec);
 
 } // namespace tarvomime

@@ -14,8 +14,10 @@ namespace {
 
 struct CharsetRow
 {
-    const char* mimeName;
+    std::string_view mimeName;
     const char* codecName;
+    /// The codec writes and reads every character as one byte.
+    bool singleByte;
 };
 
 // By charset number.
@@ -24,34 +26,33 @@ struct CharsetRow
 // 2. UTF-7 has a decoder of its own and is never written; its codec only answers for plain text
 //    beside it.
 // 3. gb2312 goes through the codec of its superset GBK, tis620 through that of ISO 8859-11.
-constexpr std::array<CharsetRow, 24> charsetRows = {{
-    {"us-ascii", "ISO 8859-1"},
-    {"us-ascii", "ISO 8859-1"},
-    {"iso-8859-1", "ISO 8859-1"},
-    {"iso-8859-2", "ISO 8859-2"},
-    {"iso-8859-4", "ISO 8859-4"},
-    {"iso-8859-6", "ISO 8859-6"},
-    {"iso-8859-7", "ISO 8859-7"},
-    {"iso-8859-8", "ISO 8859-8"},
-    {"iso-8859-9", "ISO 8859-9"},
-    {"iso-8859-13", "ISO 8859-13"},
-    {"koi8-u", "KOI8-U"},
-    {"windows-1251", "CP 1251"},
-    {"utf-7", "ISO 8859-1"},
-    {"utf-8", "UTF-8"},
-    {"gb2312", "GBK"},
-    {"gbk", "GBK"},
-    {"big5", "Big5"},
-    {"tis620", "ISO 8859-11"},
-    {"iso-8859-11", "ISO 8859-11"},
-    {"windows-874", "CP 874"},
-    {"iso-8859-5", "ISO 8859-5"},
-    {"iso-8859-3", "ISO 8859-3"},
-    {"iso-8859-10", "ISO 8859-10"},
-    {"iso-8859-15", "ISO 8859-15"},
+constexpr std::array<CharsetRow, kCharsetCount> charsetRows = {{
+    {"us-ascii", "ISO 8859-1", true},
+    {"us-ascii", "ISO 8859-1", true},
+    {"iso-8859-1", "ISO 8859-1", true},
+    {"iso-8859-2", "ISO 8859-2", true},
+    {"iso-8859-4", "ISO 8859-4", true},
+    {"iso-8859-6", "ISO 8859-6", true},
+    {"iso-8859-7", "ISO 8859-7", true},
+    {"iso-8859-8", "ISO 8859-8", true},
+    {"iso-8859-9", "ISO 8859-9", true},
+    {"iso-8859-13", "ISO 8859-13", true},
+    {"koi8-u", "KOI8-U", true},
+    {"windows-1251", "CP 1251", true},
+    {"utf-7", "ISO 8859-1", true},
+    {"utf-8", "UTF-8", false},
+    {"gb2312", "GBK", false},
+    {"gbk", "GBK", false},
+    {"big5", "Big5", false},
+    {"tis620", "ISO 8859-11", true},
+    {"iso-8859-11", "ISO 8859-11", true},
+    {"windows-874", "CP 874", true},
+    {"iso-8859-5", "ISO 8859-5", true},
+    {"iso-8859-3", "ISO 8859-3", true},
+    {"iso-8859-10", "ISO 8859-10", true},
+    {"iso-8859-15", "ISO 8859-15", true},
 }};
-static_assert(charsetRows.size() == CHARSET_ISO_8859_15 + 1);
-static_assert(std::string_view(charsetRows[CHARSET_UTF_8].mimeName) == "utf-8");
+static_assert(charsetRows[CHARSET_UTF_8].mimeName == "utf-8");
 
 struct RecognisedName
 {
@@ -100,8 +101,7 @@ bool containsIgnoringCase(std::string_view name, std::string_view lowerKey)
 
 const CharsetRow& rowOf(int charset)
 {
-    const bool known = charset > CHARSET_UNKNOWN && charset < static_cast<int>(charsetRows.size());
-    return charsetRows[known ? static_cast<std::size_t>(charset) : 0];
+    return charsetRows[static_cast<std::size_t>(knownCharset(charset))];
 }
 
 } // namespace
@@ -117,13 +117,24 @@ int charsetFromName(std::string_view name)
 
 int writeCharsetName(int charset, QCString& name)
 {
-    name = QCString(rowOf(charset).mimeName);
+    const std::string_view mimeName = mimeCharsetName(charset);
+    name = QCString(mimeName.data(), static_cast<int>(mimeName.size()));
     return 1;
+}
+
+std::string_view mimeCharsetName(int charset)
+{
+    return rowOf(charset).mimeName;
 }
 
 const char* codecName(int charset)
 {
     return rowOf(charset).codecName;
+}
+
+bool isSingleByte(int charset)
+{
+    return rowOf(charset).singleByte;
 }
 
 } // namespace tarvomime

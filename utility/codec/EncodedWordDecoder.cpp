@@ -8,6 +8,7 @@
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/QuotedPrintable.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace tarvomime {
@@ -29,22 +30,25 @@ int assumedCharset(int charset)
     return charset == CHARSET_UNKNOWN ? CHARSET_GB2312 : charset;
 }
 
-// "_" stands for a space, written "=20" before the escapes are undone. Only behind a "=" it makes a
-// difference that the space is not written as such: there it becomes part of a broken escape.
+bool hasUnderscoreInEscape(std::string_view payload)
+{
+    for (std::size_t mark = payload.find('='); mark != notFound;
+         mark = payload.find('=', mark + 1)) {
+        if (payload.substr(mark + 1, 2).find('_') != notFound)
+            return true;
+    }
+    return false;
+}
+
+// "_" stands for a space, written "=20" before the escapes are undone. Only inside a broken escape
+// it makes a difference that the space is not written as such.
 QByteArray withSpaces(std::string_view payload)
 {
-    QByteArray result;
-    result.reserve(static_cast<int>(payload.size()));
-    std::size_t bytesSinceEquals = 2;
-    for (const char c : payload) {
-        if (c != '_')
-            result.append(c);
-        else if (bytesSinceEquals < 2)
-            result.append("=20");
-        else
-            result.append(' ');
-        bytesSinceEquals = c == '=' ? 0 : bytesSinceEquals + 1;
-    }
+    QByteArray result(payload.data(), static_cast<int>(payload.size()));
+    if (hasUnderscoreInEscape(payload))
+        result.replace("_", "=20");
+    else
+        std::replace(result.begin(), result.end(), '_', ' ');
     return result;
 }
 

@@ -6,6 +6,7 @@
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/QuotedPrintable.h"
+#include "utility/codec/SingleByteCharset.h"
 #include "utility/codec/WordChunks.h"
 
 #include <QStringList>
@@ -33,28 +34,24 @@ int charsetOfWords(int charset)
     return labelled ? charset : CHARSET_ISO_8859_1;
 }
 
-QByteArray labelOf(int charset)
-{
-    QCString name;
-    writeCharsetName(charset, name);
-    return name + '?';
-}
-
 /// Cuts a text into words of one charset.
 class WordWriter
 {
 public:
     WordWriter(const QString& text, int charset)
-        : mText(text), mCharset(charset), mLabel(labelOf(charset)),
-          mLongestPayload(longestLabelAndPayload - static_cast<int>(mLabel.size()))
+        : mText(text), mCharset(charset), mName(mimeCharsetName(charset)),
+          mLongestPayload(longestLabelAndPayload - static_cast<int>(mName.size()) - 1)
     {
     }
 
     QByteArray write()
     {
-        // Valid UTF-16 becomes UTF-8 unit by unit, so that one conversion serves all the words.
+        const SingleByteCharset* table = SingleByteCharset::of(mCharset);
+        QByteArray bytes;
         if (mCharset == CHARSET_UTF_8 && mText.isValidUtf16())
-            writeUtf8();
+            writeBytes(mText.toUtf8(), utf8Length);
+        else if (table != nullptr && table->encode(mText, bytes))
+            writeBytes(bytes, [](QChar) { return 1; });
         else
             writeThroughCodec();
         return mWords;
@@ -63,17 +60,25 @@ public:
 private:
     int longestBytes() const { return mLongestPayload / 4 * 3; }
 
-    void writeUtf8()
+    // Where each unit has its own bytes, one conversion serves all the words.
+    template <class BytesOf>
+    void writeBytes(const QByteArray& bytes, BytesOf bytesOf)
     {
-        const QByteArray bytes = mText.toUtf8();
+        reserveFor(static_cast<int>(bytes.size()));
         const char* next = bytes.constData();
+        const char* const end = next + bytes.size();
         for (int position = 0; position < mText.length();) {
-            const int reach = utf8Reach(mText, position, longestBytes());
-            const int count =
-                chunkLength(mText, position, [reach](int units) { return units <= reach; });
-            const auto size = static_cast<std::size_t>(utf8Length(mText, position, count));
+            auto size = static_cast<int>(end - next);
+            int count = static_cast<int>(mText.length()) - position;
+            if (size > longestBytes()) {
+                const int reach = unitsWithin(longestBytes(), mText, position, bytesOf);
+                count = chunkLength(mText, position, [reach](int units) { return units <= reach; });
+                size = bytesOfUnits(mText, position, count, bytesOf);
+            }
             position += count;
-            append(encodeBytes({next, size}, CTE_BASE64), position);
+            beginWord();
+            appendBase64(mWords, {next, static_cast<std::size_t>(size)});
+            endWord(position);
             next += size;
         }
     }
@@ -92,22 +97,32 @@ private:
                 return payload.length() <= mLongestPayload;
             });
             position += count;
-            append(payload, position);
+            beginWord();
+            mWords.append(payload.begin(), payload.length());
+            endWord(position);
         }
     }
 
-    void append(const QByteArray& payload, int end)
+    // Halving leaves words that are at least half full, but for the last one.
+    void reserveFor(int bytes)
     {
-        mWords += "=?";
-        mWords += mLabel;
-        mWords += "b?";
-        mWords += payload;
-        mWords += end < mText.length() ? "?=\r\n\t" : "?=";
+        const int words = bytes <= longestBytes() ? 1 : 2 * bytes / longestBytes() + 1;
+        const int frame = static_cast<int>(mName.size()) + 10;
+        mWords.reserve((bytes + 2) / 3 * 4 + words * (frame + 2));
     }
+
+    void beginWord()
+    {
+        mWords.append("=?", 2);
+        mWords.append(mName.data(), static_cast<int>(mName.size()));
+        mWords.append("?b?", 3);
+    }
+
+    void endWord(int end) { mWords.append(end < mText.length() ? "?=\r\n\t" : "?="); }
 
     const QString& mText;
     const int mCharset;
-    const QByteArray mLabel;
+    const std::string_view mName;
     const int mLongestPayload;
     QByteArray mWords;
 };
@@ -120,7 +135,7 @@ QCString encodeAddress(const QString& item, int charset)
     QCString result;
     if (addressStart > 0)
         encodeWords(item.left(addressStart), charset, result);
-    return result.append(bytesThroughCodec(item.mid(addressStart), codecOf(charset)));
+    return result.append(bytesInCharset(item.mid(addressStart), charset));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <algorithm>
+#include <numeric>
 
 /// How a text is cut into pieces that fit an encoded word: the whole remainder, its half, its
 /// quarter and so on, whichever fits first. Positions and counts are in UTF-16 units.
@@ -46,21 +47,22 @@ inline int utf8Length(QChar unit)
     return unit.unicode() < 0x800 || unit.isSurrogate() ? 2 : 3;
 }
 
-inline int utf8Length(const QString& text, int position, int count)
+template <class BytesOf>
+int bytesOfUnits(const QString& text, int position, int count, BytesOf bytesOf)
 {
-    int bytes = 0;
-    for (int i = position; i < position + count; ++i)
-        bytes += utf8Length(text.at(i));
-    return bytes;
+    const QChar* unit = text.constData() + position;
+    return std::accumulate(unit, unit + count, 0,
+                           [bytesOf](int sum, QChar c) { return sum + bytesOf(c); });
 }
 
-/// How many units from `position` on make no more than `longest` bytes of UTF-8.
-inline int utf8Reach(const QString& text, int position, int longest)
+/// How many units from `position` on make no more than `longest` bytes.
+template <class BytesOf>
+int unitsWithin(int longest, const QString& text, int position, BytesOf bytesOf)
 {
-    int reach = position;
-    while (reach < text.length() && (longest -= utf8Length(text.at(reach))) >= 0)
-        ++reach;
-    return reach - position;
+    int end = position;
+    while (end < text.length() && (longest -= bytesOf(text.at(end))) >= 0)
+        ++end;
+    return end - position;
 }
 
 } // namespace tarvomime

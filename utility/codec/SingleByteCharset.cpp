@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "utility/codec/SingleByteCharset.h"
+
+#include "utility/codec/Charset.h"
+#include "utility/codec/CharsetNames.h"
+
+#include <QTextCodec>
+#include <algorithm>
+#include <cstddef>
+#include <numeric>
+
+namespace tarvomime {
+
+namespace {
+
+using Tables = std::array<std::unique_ptr<const SingleByteCharset>, kCharsetCount>;
+
+Tables makeTables()
+{
+    Tables tables;
+    for (int charset = 0; charset < kCharsetCount; ++charset) {
+        const QTextCodec* codec = isSingleByte(charset) ? codecOf(charset) : nullptr;
+        if (codec != nullptr)
+            tables[static_cast<std::size_t>(charset)] = SingleByteCharset::readOff(*codec);
+    }
+    return tables;
+}
+
+} // namespace
+
+const SingleByteCharset* SingleByteCharset::of(int charset)
+{
+    static const Tables tables = makeTables();
+    return tables[static_cast<std::size_t>(knownCharset(charset))].get();
+}
+
+std::unique_ptr<const SingleByteCharset> SingleByteCharset::readOff(const QTextCodec& codec)
+{
+    QByteArray bytes(256, Qt::Uninitialized);
+    std::iota(bytes.begin(), bytes.end(), '\0');
+    const std::unique_ptr<QTextDecoder> decoder(codec.makeDecoder());
+    const QString units = decoder->toUnicode(bytes);
+    const QByteArray written = codec.fromUnicode(units);
+    if (units.size() != bytes.size() || written.size() != bytes.size())
+        return nullptr;
+    return std::unique_ptr<const SingleByteCharset>(new SingleByteCharset(units, written));
+}
+
+SingleByteCharset::SingleByteCharset(const QString& units, const QByteArray& written)
+{
+    std::copy(units.cbegin(), units.cend(), mUnits.begin());
+    mPages.emplace_back().fill(kNoByte);
+    for (int i = 0; i < units.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(written.at(i));
+        if (mUnits[byte] == units.at(i))
+            add(units.at(i), byte);
+    }
+}
+
+void SingleByteCharset::add(QChar unit, unsigned char byte)
+{
+    unsigned char& page = mPageOf[unit.row()];
+    if (page == 0) {
+        page = static_cast<unsigned char>(mPages.size());
+        mPages.emplace_back().fill(kNoByte);
+    }
+    mPages[page][unit.cell()] = byte;
+}
+
+QString SingleByteCharset::decode(std::string_view bytes) const
+{
+    QString text(static_cast<int>(bytes.size()), Qt::Uninitialized);
+    QChar* next = text.data();
+    for (const char byte : bytes)
+        *next++ = mUnits[static_cast<unsigned char>(byte)];
+    return text;
+}
+
+bool SingleByteCharset::encode(const QString& text, QByteArray& bytes) const
+{
+    bytes = QByteArray(static_cast<int>(text.size()), Qt::Uninitialized);
+    char* next = bytes.data();
+    for (const QChar unit : text) {
+        const short byte = mPages[mPageOf[unit.row()]][unit.cell()];
+        if (byte == kNoByte)
+            return false;
+        *next++ = static_cast<char>(byte);
+    }
+    return true;
+}
+
+} // namespace tarvomime
