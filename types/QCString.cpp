@@ -299,14 +299,14 @@ unsigned int QCString::toUInt(bool* ok) const
     return number ? static_cast<unsigned int>(number->magnitude) : 0;
 }
 
-QCString& QCString::setNum(long number)
+QCString& QCString::setNum(long long number)
 {
-    return *this = fromBytes(QByteArray::number(static_cast<qlonglong>(number)));
+    return *this = fromBytes(QByteArray::number(number));
 }
 
-QCString& QCString::setNum(unsigned long number)
+QCString& QCString::setNum(unsigned long long number)
 {
-    return *this = fromBytes(QByteArray::number(static_cast<qulonglong>(number)));
+    return *this = fromBytes(QByteArray::number(number));
 }
 
 QCString::operator QByteArray() const

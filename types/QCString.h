@@ -4,8 +4,11 @@
 #include "types/TarvomimeExport.h"
 
 #include <QByteArray>
+#include <QString>
 #include <cstddef>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
 /// 8-bit text of the wire: a slice of a shared buffer.
 ///
@@ -25,6 +28,11 @@
 /// Texts are not synchronised: `data()` may terminate the slice in place even on a const object.
 class TARVOMIME_EXPORT QCString
 {
+    // Qt 5's byte array hides a conversion to int, which makes it as near to a char as to a text:
+    // where one name takes both, an overload for exactly this type decides.
+    template <class Bytes>
+    using IfByteArray = std::enable_if_t<std::is_same_v<Bytes, QByteArray>, bool>;
+
 public:
     /// A null text.
     QCString() noexcept = default;
@@ -90,6 +98,21 @@ public:
     /// Number of occurrences, overlapping ones included.
     int contains(char c, bool caseSensitive = true) const;
     int contains(const QCString& text, bool caseSensitive = true) const;
+    template <class Bytes, IfByteArray<Bytes> = true>
+    int find(const Bytes& text, int from = 0, bool caseSensitive = true) const
+    {
+        return find(QCString(text), from, caseSensitive);
+    }
+    template <class Bytes, IfByteArray<Bytes> = true>
+    int findRev(const Bytes& text, int from = -1, bool caseSensitive = true) const
+    {
+        return findRev(QCString(text), from, caseSensitive);
+    }
+    template <class Bytes, IfByteArray<Bytes> = true>
+    int contains(const Bytes& text, bool caseSensitive = true) const
+    {
+        return contains(QCString(text), caseSensitive);
+    }
 
     QCString lower() const;
     QCString upper() const;
@@ -99,6 +122,16 @@ public:
     QCString& prepend(const QCString& text);
     QCString& operator+=(const QCString& text) { return append(text); }
     QCString& operator+=(char c) { return append(c); }
+    template <class Bytes, IfByteArray<Bytes> = true>
+    QCString& append(const Bytes& text)
+    {
+        return append(QCString(text));
+    }
+    template <class Bytes, IfByteArray<Bytes> = true>
+    QCString& operator+=(const Bytes& text)
+    {
+        return append(QCString(text));
+    }
     /// Cuts the text off behind `length` bytes; a longer `length` changes nothing.
     void truncate(int length);
 
@@ -107,10 +140,18 @@ public:
     int toInt(bool* ok = nullptr) const;
     unsigned int toUInt(bool* ok = nullptr) const;
     /// Replaces the text by the number in decimal.
-    QCString& setNum(int number) { return setNum(static_cast<long>(number)); }
-    QCString& setNum(unsigned int number) { return setNum(static_cast<unsigned long>(number)); }
-    QCString& setNum(long number);
-    QCString& setNum(unsigned long number);
+    QCString& setNum(int number) { return setNum(static_cast<long long>(number)); }
+    QCString& setNum(unsigned int number)
+    {
+        return setNum(static_cast<unsigned long long>(number));
+    }
+    QCString& setNum(long number) { return setNum(static_cast<long long>(number)); }
+    QCString& setNum(unsigned long number)
+    {
+        return setNum(static_cast<unsigned long long>(number));
+    }
+    QCString& setNum(long long number);
+    QCString& setNum(unsigned long long number);
 
     /// The bytes of the text; shared where the text is the whole of its buffer, copied otherwise.
     operator QByteArray() const; // NOLINT(google-explicit-constructor): the one way out
@@ -124,6 +165,24 @@ private:
     mutable int mOffset = -1;
     int mLength = 0;
 };
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+// Qt 6's views take any class that looks like a container, by `data()` and `size()`, and `size()`
+// counts the terminator here: they would see one byte too many, and compete with the conversion to
+// a byte array. Text is no such container.
+QT_BEGIN_NAMESPACE
+namespace QtPrivate {
+template <>
+struct IsContainerCompatibleWithQByteArrayView<QCString> : std::false_type
+{
+};
+template <>
+struct IsContainerCompatibleWithQUtf8StringView<QCString> : std::false_type
+{
+};
+} // namespace QtPrivate
+QT_END_NAMESPACE
+#endif
 
 inline bool operator==(const QCString& a, const QCString& b) noexcept
 {
@@ -170,6 +229,41 @@ inline bool operator!=(const QCString& a, const QByteArray& b) noexcept
 inline bool operator!=(const QByteArray& a, const QCString& b) noexcept
 {
     return !(b == a);
+}
+inline bool operator<(const QCString& a, const QByteArray& b) noexcept
+{
+    return a.view() < std::string_view(b.constData(), static_cast<std::size_t>(b.size()));
+}
+inline bool operator<(const QByteArray& a, const QCString& b) noexcept
+{
+    return std::string_view(a.constData(), static_cast<std::size_t>(a.size())) < b.view();
+}
+
+namespace tarvomime {
+
+// One of the two is a text, and the second is ordered before the first by `<`.
+template <class A, class B>
+using IfTextOrders = std::enable_if_t<
+    (std::is_same_v<A, QCString> || std::is_same_v<B, QCString>)&&std::is_convertible_v<
+        decltype(std::declval<const B&>() < std::declval<const A&>()), bool>,
+    bool>;
+
+} // namespace tarvomime
+
+template <class A, class B, tarvomime::IfTextOrders<A, B> = true>
+bool operator>(const A& a, const B& b) noexcept
+{
+    return b < a;
+}
+template <class A, class B, tarvomime::IfTextOrders<A, B> = true>
+bool operator<=(const A& a, const B& b) noexcept
+{
+    return !(b < a);
+}
+template <class A, class B, tarvomime::IfTextOrders<B, A> = true>
+bool operator>=(const A& a, const B& b) noexcept
+{
+    return !(a < b);
 }
 
 inline QCString operator+(QCString a, const QCString& b)

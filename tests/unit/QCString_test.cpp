@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "types/QCString.h"
 
+#include <QHash>
+#include <QList>
+#include <QMap>
+#include <QSet>
 #include <limits>
 #include <memory>
 #include <type_traits>
@@ -192,6 +196,62 @@ TEST(QCString, Orders)
     EXPECT_TRUE("a" < QCString("b"));
 }
 
+TEST(QCString, OrdersInEveryDirection)
+{
+    const QCString a("a");
+    EXPECT_TRUE(QCString("b") > a);
+    EXPECT_FALSE(a > a);
+    EXPECT_TRUE(a >= a);
+    EXPECT_TRUE(a <= a);
+    EXPECT_FALSE(QCString("b") <= a);
+    EXPECT_FALSE(a >= "b");
+    EXPECT_TRUE("b" > a);
+    EXPECT_TRUE("a" <= a);
+    EXPECT_TRUE(a < QByteArray("b"));
+    EXPECT_FALSE(QByteArray("b") < a);
+    EXPECT_TRUE(QByteArray("b") >= a);
+}
+
+TEST(QCString, TakesByteArraysAsTexts)
+{
+    const QByteArray bytes("bc\0d", 4);
+    QCString text("abcabc");
+    EXPECT_EQ(text.find(bytes), 1);
+    EXPECT_EQ(text.find(bytes, 2), 4);
+    EXPECT_EQ(text.findRev(bytes), 4);
+    EXPECT_EQ(text.contains(bytes), 2);
+    text += bytes;
+    EXPECT_EQ(text, "abcabcbc");
+    text.append(bytes).prepend(bytes);
+    EXPECT_EQ(text, "bcabcabcbcbc");
+}
+
+TEST(QCString, GivesQtTheBytesWithoutTheirTerminator)
+{
+    const QCString text("\xC3\xA9t\xC3\xA9");
+    EXPECT_EQ(QString(text), QStringLiteral("\u00E9t\u00E9"));
+    EXPECT_EQ(QString::fromUtf8(text), QStringLiteral("\u00E9t\u00E9"));
+    EXPECT_EQ(QString::fromUtf8(text.left(3)), QStringLiteral("\u00E9t"));
+    EXPECT_EQ(QString::fromLatin1(text).length(), 5);
+    EXPECT_EQ(QString::fromLocal8Bit(text.mid(2, 1)), QStringLiteral("t"));
+    QByteArray bytes("<");
+    bytes += text.mid(2, 1);
+    bytes.append(text.mid(2, 1));
+    bytes.prepend(text.mid(2, 1));
+    EXPECT_EQ(bytes, QByteArray("t<tt"));
+}
+
+TEST(QCString, StandsInQtsContainers)
+{
+    const QCString key = QCString("subject: Hi").left(7);
+    QMap<QCString, QCString> map;
+    map[key] = "Hi";
+    EXPECT_EQ(map.value("subject"), "Hi");
+    EXPECT_EQ((QHash<QCString, int>{{key, 4}}).value("subject"), 4);
+    EXPECT_TRUE(QSet<QCString>{key}.contains("subject"));
+    EXPECT_TRUE(QList<QCString>{key}.contains("subject"));
+}
+
 TEST(QCString, ReadsBytesOutsideAsNul)
 {
     const QCString text("ab");
@@ -381,4 +441,7 @@ TEST(QCString, WritesNumbers)
     EXPECT_EQ(text.setNum(std::numeric_limits<int>::min()), "-2147483648");
     EXPECT_EQ(text.setNum(0), "0");
     EXPECT_EQ(text.setNum(18446744073709551615UL), "18446744073709551615");
+    EXPECT_EQ(text.setNum(std::numeric_limits<qint64>::min()), "-9223372036854775808");
+    EXPECT_EQ(text.setNum(quint64(5)), "5");
+    EXPECT_EQ(text.setNum(-6L), "-6");
 }
