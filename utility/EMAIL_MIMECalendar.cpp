@@ -86,7 +86,9 @@ int EMAIL_MIME::getIcsPart(const QString& icsPath, const QString& text, const QS
     calPart->setName(QStringLiteral("meeting.ics"));
     calPart->setMethod(method);
     QFile file(icsPath);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > std::numeric_limits<int>::max())
+    // Qt prints a warning about a file without a name.
+    if (icsPath.isEmpty() || !file.open(QIODevice::ReadOnly) ||
+        file.size() > std::numeric_limits<int>::max())
         return -1;
     const QByteArray calendar = file.readAll();
     if (file.error() != QFile::NoError)

@@ -4,9 +4,12 @@
 #include "tests/faults/FailingNew.h"
 #include "utility/EMAIL_AddrList.h"
 #include "utility/EMAIL_Body.h"
+#include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Header.h"
+#include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_Message.h"
+#include "utility/EMAIL_MultiPart.h"
 
 #include <functional>
 #include <string>
@@ -66,6 +69,34 @@ void stripLongText()
     EMAIL_Header::stripCFWS(in, out);
 }
 
+void useEmptyHandle(const std::function<void(EMAIL_MIME&)>& action)
+{
+    EMAIL_MIME mime;
+    delete mime.mMessage;
+    mime.mMessage = nullptr;
+    failNothrowNew(sizeof(EMAIL_Message));
+    action(mime);
+}
+
+void convertPart(int type)
+{
+    EMAIL_Message message;
+    EMAIL_MultiPart part(nullptr);
+    part.setType(type);
+    failNothrowNew(sizeof(EMAIL_BodyPart));
+    EMAIL_MIME::mulitPartToEntity(part, message, 0);
+}
+
+void convertEntity()
+{
+    EMAIL_Message message(QCString("Content-Type: multipart/mixed; boundary=b\n\n--b\nx\n--b--\n"),
+                          nullptr);
+    message.parse();
+    EMAIL_MultiPart part(nullptr);
+    failNothrowNew(sizeof(EMAIL_MultiPart));
+    EMAIL_MIME::entityToMulitPart(&message, part);
+}
+
 constexpr const char* entityDefault = "EMAIL_Entity::EMAIL_Entity()";
 constexpr const char* entityFromText =
     "EMAIL_Entity::EMAIL_Entity(const QCString&, EMAIL_BaseComponent*)";
@@ -116,3 +147,40 @@ INSTANTIATE_TEST_SUITE_P(
                     FailureRow{"address group", "utility/EMAIL_AddrList\\.cpp",
                                "virtual void EMAIL_AddrList::parse()", "g", sizeof(EMAIL_Address),
                                0, [] { parseAddresses("team: a@x"); }}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Messages, AllocationFailure,
+    testing::Values(
+        FailureRow{"new message", "utility/EMAIL_BasicMsg\\.cpp",
+                   "EMAIL_BasicMsg::EMAIL_BasicMsg()", "mMessage", sizeof(EMAIL_Message), 0,
+                   [] { EMAIL_BasicMsg(); }},
+        FailureRow{"message from text", "utility/EMAIL_BasicMsg\\.cpp",
+                   "EMAIL_BasicMsg::EMAIL_BasicMsg(const QString&)", "mMessage",
+                   sizeof(EMAIL_Message), 0, [] { EMAIL_BasicMsg(QStringLiteral("x")); }},
+        FailureRow{"message from bytes", "utility/EMAIL_BasicMsg\\.cpp",
+                   "EMAIL_BasicMsg::EMAIL_BasicMsg(const QByteArray&)", "mMessage",
+                   sizeof(EMAIL_Message), 0, [] { EMAIL_BasicMsg(QByteArray("x")); }},
+        FailureRow{"message for a part that is added", "utility/EMAIL_MIME\\.cpp",
+                   "void EMAIL_MIME::addMultiPart(const EMAIL_MultiPart&, int)", "mMessage", 0, 0,
+                   [] {
+                       useEmptyHandle([](EMAIL_MIME& mime) {
+                           mime.addMultiPart(EMAIL_MultiPart(nullptr), 0);
+                       });
+                   }},
+        FailureRow{"message for a part that is set", "utility/EMAIL_MIME\\.cpp",
+                   "bool EMAIL_MIME::setMultiPart(const EMAIL_MultiPart&, int, bool)", "mMessage",
+                   0, 0,
+                   [] {
+                       useEmptyHandle([](EMAIL_MIME& mime) {
+                           mime.setMultiPart(EMAIL_MultiPart(nullptr), 0, true);
+                       });
+                   }},
+        FailureRow{"body part of a container", "utility/EMAIL_MIME\\.cpp",
+                   "void EMAIL_MIME::mulitPartToEntity(const EMAIL_MultiPart&, EMAIL_Entity&, int)",
+                   "bodyPart", 0, 0, [] { convertPart(TYPE_MULTIPART); }},
+        FailureRow{"body part of a leaf", "utility/EMAIL_MIME\\.cpp",
+                   "void EMAIL_MIME::mulitPartToEntity(const EMAIL_MultiPart&, EMAIL_Entity&, int)",
+                   "bodyPart", 0, 0, [] { convertPart(TYPE_TEXT); }},
+        FailureRow{"sub-part", "utility/EMAIL_MIME\\.cpp",
+                   "void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity*, EMAIL_MultiPart&)",
+                   "subMulitPart", 0, 0, convertEntity}));
