@@ -12,7 +12,7 @@ public:
     EMAIL_Address();
     ~EMAIL_Address();
 
-    /// The bare address (local-part@domain) of one mailbox text: what stands between the first "<"
+    /// The bare address (local-part\@domain) of one mailbox text: what stands between the first "<"
     /// and the first ">", untrimmed, a leading quoted display name being skipped. A text without
     /// both comes back as it is (behind the display name); an empty text gives an empty one.
     ///
