@@ -38,4 +38,5 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/tarvomime.pc DESTINATION ${pkgconfig_f
 
 if(TARGET tarvomime_tool)
   install(TARGETS tarvomime_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES ${PROJECT_SOURCE_DIR}/docs/tarvomime.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endif()

@@ -48,5 +48,6 @@ TEST(CodecLookup, WithoutACodecBytesAreReadAsUtf8)
 TEST(CodecLookup, WithoutACodecOnlyUtf8CanEncode)
 {
     for (int charset = -1; charset <= 99; ++charset)
-        EXPECT_EQ(canEncodeThroughCodec("a", charset, nullptr), charset == CHARSET_UTF_8) << charset;
+        EXPECT_EQ(canEncodeThroughCodec("a", charset, nullptr), charset == CHARSET_UTF_8)
+            << charset;
 }
