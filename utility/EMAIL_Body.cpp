@@ -6,11 +6,35 @@
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_Util.h"
 #include "utility/codec/MappedFile.h"
+#include "utility/tree/BodyChildren.h"
 #include "utility/tree/TreeAssembler.h"
 #include "utility/tree/TreeDeleter.h"
 #include "utility/tree/TreeParser.h"
 
 #include <new>
+
+// Both children are made here so that a failed allocation names this file.
+namespace tarvomime {
+
+EMAIL_Message& createEnclosedMessage(EMAIL_Body& body)
+{
+    delete body.mMessage;
+    body.mMessage = new (std::nothrow) EMAIL_Message(body.mString, &body);
+    TARVOMIME_CHECK_ALLOCATION(body.mMessage, "mMessage",
+                               "void EMAIL_Body::parse(const char*, int, int, const QString&)");
+    return *body.mMessage;
+}
+
+EMAIL_BodyPart& createPart(EMAIL_Body& body, const QCString& text)
+{
+    auto* bodyPart = new (std::nothrow) EMAIL_BodyPart(text, &body);
+    TARVOMIME_CHECK_ALLOCATION(bodyPart, "bodyPart",
+                               "void EMAIL_Body::parse(const char*, int, int, const QString&)");
+    body.mBodyParts.append(bodyPart);
+    return *bodyPart;
+}
+
+} // namespace tarvomime
 
 EMAIL_Body::EMAIL_Body() : EMAIL_Body(QCString(), nullptr) {}
 
@@ -23,15 +47,6 @@ EMAIL_Body::EMAIL_Body(const QCString& text, EMAIL_BaseComponent* parent)
 EMAIL_Body::~EMAIL_Body()
 {
     tarvomime::deleteChildren(*this);
-}
-
-// The parser's work list calls this in place of `parse`, whose name the message carries.
-void EMAIL_Body::createMessage()
-{
-    delete mMessage;
-    mMessage = new (std::nothrow) EMAIL_Message(mString, this);
-    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage",
-                               "void EMAIL_Body::parse(const char*, int, int, const QString&)");
 }
 
 void EMAIL_Body::assemble()
@@ -54,9 +69,7 @@ void EMAIL_Body::setMessage(const QCString& text)
 
 void EMAIL_Body::parse(const char* data, int start, int length, const QString& path)
 {
-    tarvomime::TreeParser parser(path);
-    parser.addBody(*this, data, start, length);
-    parser.run();
+    tarvomime::parseBody(*this, data, start, length, path);
 }
 
 int EMAIL_Body::assemble(QFile* file)

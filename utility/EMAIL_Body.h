@@ -10,10 +10,6 @@ class EMAIL_BodyPart;
 class EMAIL_Message;
 class QFile;
 
-namespace tarvomime {
-class TreeParser;
-}
-
 /// The body of an entity: a text in memory, or a range of bytes of a file; for a multipart type
 /// also the parts it was cut into, for a message type the enclosed message (RFC 2046, section 5).
 class TARVOMIME_EXPORT EMAIL_Body : public EMAIL_BaseComponent
@@ -50,8 +46,4 @@ public:
     QString mFile;
     bool mInMemory = true;
     bool mEncoded = true;
-
-private:
-    friend class tarvomime::TreeParser;
-    void createMessage();
 };

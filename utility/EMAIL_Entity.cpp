@@ -48,9 +48,7 @@ void EMAIL_Entity::parse()
 
 void EMAIL_Entity::parse(const char* data, int start, int length, const QString& path)
 {
-    tarvomime::TreeParser parser(path);
-    parser.addEntity(*this, data, start, length);
-    parser.run();
+    tarvomime::parseEntity(*this, data, start, length, path);
 }
 
 int EMAIL_Entity::assemble(QFile* file)

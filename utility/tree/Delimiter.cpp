@@ -1,45 +1,86 @@
 // SPDX-License-Identifier: MIT
 #include "utility/tree/Delimiter.h"
 
+#include <algorithm>
 #include <cstddef>
-#include <string>
 
 namespace tarvomime {
 
 namespace {
 
 constexpr auto npos = std::string_view::npos;
+constexpr std::string_view dashes = "--";
 
-bool isClosing(std::string_view text, std::size_t behindBoundary)
+bool startsWith(std::string_view text, std::size_t position, std::string_view beginning)
 {
-    return behindBoundary + 1 < text.size() && text.substr(behindBoundary, 2) == "--";
+    return text.substr(position, beginning.size()) == beginning;
 }
 
-int behindLine(std::string_view text, std::size_t position)
+bool isDelimiterLine(std::string_view text, std::size_t position, std::string_view boundary)
 {
-    const std::size_t lineFeed = text.find('\n', position);
-    return static_cast<int>(lineFeed == npos ? text.size() : lineFeed + 1);
+    return startsWith(text, position, dashes) &&
+           startsWith(text, position + dashes.size(), boundary);
+}
+
+// The plain rule: the LF in front of the next line that begins with "--" and the boundary.
+std::size_t searchLine(std::string_view text, std::size_t from, std::string_view boundary)
+{
+    std::size_t lineFeed = text.find('\n', from);
+    while (lineFeed != npos && !isDelimiterLine(text, lineFeed + 1, boundary))
+        lineFeed = text.find('\n', lineFeed + 1);
+    return lineFeed;
+}
+
+// The delimiter that starts at `start` and whose dashes are at `line`.
+Delimiter delimiterAt(std::string_view text, int start, std::size_t line, std::size_t boundarySize)
+{
+    const std::size_t behind = line + dashes.size() + boundarySize;
+    const std::size_t lineFeed = text.find('\n', behind);
+    const std::size_t next = lineFeed == npos ? text.size() : lineFeed + 1;
+    return {start, static_cast<int>(next), startsWith(text, behind, dashes), true};
 }
 
 } // namespace
 
-Delimiter findDelimiter(std::string_view text, int position, std::string_view boundary)
+DelimiterFinder::DelimiterFinder(std::string_view text, int searchesBeforeIndex)
+    : mText(text), mIndex(text),
+      mSearchBudget(static_cast<long long>(text.size()) * searchesBeforeIndex)
 {
-    const auto from = static_cast<std::size_t>(position);
-    std::string pattern("\n--");
-    pattern.append(boundary);
-    const std::string_view line = std::string_view(pattern).substr(1);
-    if (from + boundary.size() + 1 < text.size() && text.substr(from, line.size()) == line) {
-        const std::size_t behind = from + line.size();
-        return {position, behindLine(text, behind), isClosing(text, behind), true};
-    }
-    const std::size_t lineFeed = text.find(pattern, from);
-    if (lineFeed == npos)
+}
+
+Delimiter DelimiterFinder::find(TextRange range, std::string_view boundary,
+                                const DelimiterIndex::Matches*& cache)
+{
+    const std::string_view text = mText.substr(0, static_cast<std::size_t>(range.end));
+    const auto from = static_cast<std::size_t>(range.start);
+    if (isDelimiterLine(text, from, boundary))
+        return delimiterAt(text, range.start, from, boundary.size());
+    const int lineFeed = findLine(range, boundary, cache);
+    if (lineFeed < 0)
         return {0, 0, false, false};
-    const std::size_t behind = lineFeed + pattern.size();
-    const bool afterCr = lineFeed > from && text[lineFeed - 1] == '\r';
-    return {static_cast<int>(lineFeed) - (afterCr ? 1 : 0), behindLine(text, behind),
-            isClosing(text, behind), true};
+    const bool afterCr =
+        lineFeed > range.start && text[static_cast<std::size_t>(lineFeed) - 1] == '\r';
+    return delimiterAt(text, lineFeed - (afterCr ? 1 : 0), static_cast<std::size_t>(lineFeed) + 1,
+                       boundary.size());
+}
+
+int DelimiterFinder::findLine(TextRange range, std::string_view boundary,
+                              const DelimiterIndex::Matches*& cache)
+{
+    if (mSearchBudget > 0 || !DelimiterIndex::canHold(boundary)) {
+        const std::string_view text = mText.substr(0, static_cast<std::size_t>(range.end));
+        const std::size_t found = searchLine(text, static_cast<std::size_t>(range.start), boundary);
+        mSearchBudget -= static_cast<long long>(std::min(found, text.size())) - range.start;
+        return found == npos ? -1 : static_cast<int>(found);
+    }
+    if (cache == nullptr)
+        cache = &mIndex.matches(boundary);
+    const auto match = std::lower_bound(cache->begin(), cache->end(), range.start);
+    if (match == cache->end())
+        return -1;
+    const auto lastByte = static_cast<long long>(*match) + 1 +
+                          static_cast<long long>(dashes.size() + boundary.size());
+    return lastByte > range.end ? -1 : *match;
 }
 
 } // namespace tarvomime

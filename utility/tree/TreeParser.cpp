@@ -1,155 +1,203 @@
 // SPDX-License-Identifier: MIT
 #include "utility/tree/TreeParser.h"
 
-#include "types/Ascii.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_Util.h"
+#include "utility/tree/BodyChildren.h"
 #include "utility/tree/Container.h"
-#include "utility/tree/Delimiter.h"
 #include "utility/tree/EntitySplit.h"
 
-#include <functional>
+#include <limits>
+#include <utility>
 
 namespace tarvomime {
 
 namespace {
 
-struct Range
-{
-    int start;
-    int length;
-};
+constexpr int maxPosition = std::numeric_limits<int>::max();
 
-std::string_view viewOf(const char* data, Range range)
+const EMAIL_ContentType* contentTypeOf(const EMAIL_Body& body)
 {
-    return {data + range.start, static_cast<std::size_t>(range.length)};
+    const auto* entity = dynamic_cast<const EMAIL_Entity*>(body.mParent);
+    return entity == nullptr ? nullptr : entity->mHeader->getContentType();
 }
 
-Range withoutLineBreaks(const char* data, Range range)
+bool isWithin(TextRange range, TextRange outer)
 {
-    while (range.length > 0 && isLineBreak(data[range.start])) {
-        ++range.start;
-        --range.length;
-    }
-    while (range.length > 0 && isLineBreak(data[range.start + range.length - 1]))
-        --range.length;
-    return range;
+    return range.start >= outer.start && range.end <= outer.end;
 }
 
-// The range as a slice of `text` where it lies inside it, otherwise as a copy.
-QCString sliceOf(const QCString& text, const char* data, Range range)
+// A body in memory can reach this with a range that it kept from another time: what lies outside
+// the given bytes is left alone.
+void narrowRange(EMAIL_Body& body, const char* data, TextRange given)
 {
-    const char* first = data + range.start;
-    const std::less_equal<> notAfter;
-    if (notAfter(text.begin(), first) && notAfter(first + range.length, text.end()))
-        return text.mid(static_cast<int>(first - text.begin()), range.length);
-    return {first, range.length};
+    if (body.mLength <= 0 || body.mOffset < 0 || body.mLength > given.end - body.mOffset)
+        return;
+    const TextRange stored{body.mOffset, body.mOffset + body.mLength};
+    if (!isWithin(stored, given))
+        return;
+    const TextRange kept = withoutLineBreaks(data, stored);
+    body.mOffset = kept.start;
+    body.mLength = kept.length();
+}
+
+template <class Component>
+void parseComponent(Component& component, const char* data, int start, int length,
+                    const QString& path)
+{
+    const bool isRange = start >= 0 && length >= 0 && start <= maxPosition - length;
+    const TextRange range = isRange ? TextRange{start, start + length} : TextRange{};
+    if (path.isEmpty())
+        TreeParser(component.mString).parse(component, data, range);
+    else
+        TreeParser(path, data, range.end).parse(component, data, range);
 }
 
 } // namespace
 
-TreeParser::TreeParser(const QString& path) : mPath(path) {}
-
-void TreeParser::addEntity(EMAIL_Entity& entity, const char* data, int start, int length)
+void parseEntity(EMAIL_Entity& entity, const char* data, int start, int length, const QString& path)
 {
-    mTasks.push_back({&entity, data, start, length});
+    parseComponent(entity, data, start, length, path);
 }
 
+void parseBody(EMAIL_Body& body, const char* data, int start, int length, const QString& path)
+{
+    parseComponent(body, data, start, length, path);
+}
+
+TreeParser::TreeParser(const QCString& text)
+    : mText(text), mData(mText.begin()), mDelimiters(mText.view())
+{
+}
+
+TreeParser::TreeParser(const QString& path, const char* data, int size)
+    : mPath(path), mData(data), mDelimiters(viewOf(data, {0, size}))
+{
+}
+
+void TreeParser::parse(EMAIL_Entity& entity, const char* data, TextRange range)
+{
+    takeEntity(entity, data, range);
+    run();
+}
+
+void TreeParser::parse(EMAIL_Body& body, const char* data, TextRange range)
+{
+    takeBody(body, data, range);
+    run();
+}
+
+// What a step leaves behind is either one entity to look at or an open level, never a call.
 void TreeParser::run()
 {
-    while (!mTasks.empty()) {
-        const Task task = mTasks.front();
-        mTasks.pop_front();
-        parseEntity(task);
+    for (;;) {
+        if (mPending.entity != nullptr) {
+            const Pending next = std::exchange(mPending, {});
+            takeEntity(*next.entity, mData, next.range);
+        } else if (!mLevels.empty()) {
+            cutNextPart();
+        } else {
+            return;
+        }
     }
 }
 
-void TreeParser::parseEntity(const Task& task)
+QCString TreeParser::headerText(const char* data, TextRange range) const
 {
-    EMAIL_Entity& entity = *task.entity;
-    const EntitySplit split = splitEntity(viewOf(task.data, {task.start, task.length}));
-    const Range header{task.start + split.headerStart, split.headerEnd - split.headerStart};
-    entity.mHeader->setMessage(inFile() ? QCString(task.data + header.start, header.length)
-                                        : sliceOf(entity.mString, task.data, header));
+    return !inFile() && data == mData ? slice(range) : QCString(data + range.start, range.length());
+}
+
+void TreeParser::takeEntity(EMAIL_Entity& entity, const char* data, TextRange range)
+{
+    const EntitySplit split = splitEntity(viewOf(data, range));
+    entity.mHeader->setMessage(
+        headerText(data, {range.start + split.headerStart, range.start + split.headerEnd}));
     entity.mHeader->parse();
 
+    const int bodyStart = range.start + split.bodyStart;
     if (inFile()) {
-        if (split.bodyStart < task.length)
-            addBody(*entity.mBody, task.data, task.start + split.bodyStart,
-                    task.length - split.bodyStart);
+        if (bodyStart < range.end)
+            takeBody(*entity.mBody, data, {bodyStart, range.end});
         return;
     }
-    const QCString body = entity.mString.mid(task.start + split.bodyStart);
-    if (body.isEmpty())
+    if (entity.mString.isEmpty())
         return;
-    entity.mBody->setMessage(body);
-    addBody(*entity.mBody, body.begin(), 0, body.length());
+    const int textEnd = static_cast<int>(entity.mString.end() - mData);
+    if (bodyStart >= textEnd)
+        return;
+    entity.mBody->setMessage(slice({bodyStart, textEnd}));
+    takeBody(*entity.mBody, mData, {bodyStart, textEnd});
 }
 
-void TreeParser::addBody(EMAIL_Body& body, const char* data, int start, int length)
+void TreeParser::takeBody(EMAIL_Body& body, const char* data, TextRange range)
 {
     body.mInMemory = !inFile();
     if (inFile()) {
         body.mFile = mPath;
         body.mEncoded = true;
-        body.mOffset = start;
-        body.mLength = length;
+        body.mOffset = range.start;
+        body.mLength = range.length();
     }
-    const auto* entity = dynamic_cast<const EMAIL_Entity*>(body.mParent);
-    const EMAIL_ContentType* type = entity == nullptr ? nullptr : entity->mHeader->getContentType();
+    const EMAIL_ContentType* type = contentTypeOf(body);
     if (type == nullptr)
         return;
     if (type->mTypeEnum == TYPE_MESSAGE && body.mInMemory) {
-        addEnclosedMessage(body);
+        mPending = {&createEnclosedMessage(body), textRange(body)};
     } else if (isContainer(type->mTypeEnum, type->mSubTypeEnum)) {
         body.mBoundary = type->mBoundary;
-        cutIntoParts(body, data, start, length);
-    } else if (body.mInMemory) {
-        const Range kept = withoutLineBreaks(body.mString.begin(), {0, body.mString.length()});
-        body.mString = body.mString.mid(kept.start, kept.length);
+        startCutting(body, body.mInMemory ? textRange(body) : range);
+    } else if (!body.mString.isEmpty() && body.mInMemory) {
+        body.mString = slice(withoutLineBreaks(mData, textRange(body)));
     } else {
-        const Range kept = withoutLineBreaks(data, {start, length});
-        body.mOffset = kept.start;
-        body.mLength = kept.length;
+        narrowRange(body, data, range);
     }
 }
 
-void TreeParser::addEnclosedMessage(EMAIL_Body& body)
+TextRange TreeParser::textRange(const EMAIL_Body& body) const
 {
-    body.createMessage();
-    addEntity(*body.mMessage, body.mString.begin(), 0, body.mString.length());
+    if (body.mString.isEmpty())
+        return {};
+    const auto start = static_cast<int>(body.mString.begin() - mData);
+    return {start, start + body.mString.length()};
 }
 
-void TreeParser::cutIntoParts(EMAIL_Body& body, const char* data, int start, int length)
+Delimiter TreeParser::nextDelimiter(Level& level)
 {
-    const std::string_view text = viewOf(data, {start, length});
-    const std::string_view boundary = body.mBoundary.view();
-    Delimiter delimiter = findDelimiter(text, 0, boundary);
-    while (delimiter.found && !delimiter.closing) {
-        const int partStart = delimiter.next;
-        delimiter = findDelimiter(text, partStart, boundary);
-        if (!delimiter.found)
-            return;
-        addPart(body, data, start + partStart, delimiter.start - partStart);
-    }
+    return mDelimiters.find(level.rest, level.body->mBoundary.view(), level.delimiters);
 }
 
-void TreeParser::addPart(EMAIL_Body& body, const char* data, int start, int length)
+void TreeParser::startCutting(EMAIL_Body& body, TextRange range)
 {
-    const Range part = withoutLineBreaks(data, {start, length});
-    if (part.length <= 0)
+    Level level{&body, range, nullptr};
+    const Delimiter first = nextDelimiter(level);
+    if (!first.found || first.closing)
         return;
-    const QCString text = inFile() ? QCString() : sliceOf(body.mString, data, part);
-    auto* bodyPart = new EMAIL_BodyPart(text, &body);
-    body.mBodyParts.append(bodyPart);
-    if (inFile())
-        addEntity(*bodyPart, data, part.start, part.length);
-    else
-        addEntity(*bodyPart, bodyPart->mString.begin(), 0, bodyPart->mString.length());
+    level.rest.start = first.next;
+    mLevels.push_back(level);
+}
+
+// Text behind the last delimiter is no part: the body may have been cut off anywhere.
+void TreeParser::cutNextPart()
+{
+    Level& level = mLevels.back();
+    EMAIL_Body& body = *level.body;
+    const int partStart = level.rest.start;
+    const Delimiter delimiter = nextDelimiter(level);
+    level.rest.start = delimiter.next;
+    if (!delimiter.found || delimiter.closing)
+        mLevels.pop_back();
+    if (delimiter.found)
+        addPart(body, withoutLineBreaks(mData, {partStart, delimiter.start}));
+}
+
+void TreeParser::addPart(EMAIL_Body& body, TextRange range)
+{
+    if (!range.isEmpty())
+        mPending = {&createPart(body, inFile() ? QCString() : slice(range)), range};
 }
 
 } // namespace tarvomime
