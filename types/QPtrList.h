@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
-#include <vector>
+#include <utility>
 
 /// An ordered list of pointers that can own its items.
 ///
@@ -10,28 +11,35 @@
 /// it was given later. While auto-deletion is on, the list owns its items: an item that is removed,
 /// cleared or still present when the list dies is deleted. While it is off, the list only refers to
 /// them. Indices count from 0.
+///
+/// A message has several lists for each of its parts, most of them empty or with one item: a list
+/// takes 16 bytes and allocates from the second item on.
 template <class T>
 class QPtrList
 {
 public:
-    QPtrList() = default;
+    QPtrList() : mCapacity(0), mAutoDelete(0) {}
     QPtrList(const QPtrList&) = delete;
     QPtrList& operator=(const QPtrList&) = delete;
-    ~QPtrList() { clear(); }
+    ~QPtrList()
+    {
+        clear();
+        freeArray();
+    }
 
-    void setAutoDelete(bool on) { mAutoDelete = on; }
-    bool autoDelete() const { return mAutoDelete; }
+    void setAutoDelete(bool on) { mAutoDelete = on ? 1 : 0; }
+    bool autoDelete() const { return mAutoDelete != 0; }
 
-    int count() const { return static_cast<int>(mItems.size()); }
-    bool isEmpty() const { return mItems.empty(); }
+    int count() const { return mCount; }
+    bool isEmpty() const { return mCount == 0; }
 
     /// The item at `index`, or null when there is none.
-    T* at(int index) const { return holds(index) ? mItems[position(index)] : nullptr; }
+    T* at(int index) const { return holds(index) ? begin()[index] : nullptr; }
     T* first() const { return at(0); }
     T* last() const { return at(count() - 1); }
 
-    void append(T* item) { mItems.push_back(item); }
-    void prepend(T* item) { mItems.insert(mItems.begin(), item); }
+    void append(T* item) { open(mCount, item); }
+    void prepend(T* item) { open(0, item); }
 
     /// Inserts before `index`; `index == count()` appends. False, and nothing done, for a null item
     /// or an index outside 0 to `count()`.
@@ -39,7 +47,7 @@ public:
     {
         if (item == nullptr || index < 0 || index > count())
             return false;
-        mItems.insert(mItems.begin() + index, item);
+        open(index, item);
         return true;
     }
 
@@ -57,32 +65,76 @@ public:
     {
         if (!holds(index))
             return nullptr;
-        T* item = mItems[position(index)];
-        mItems.erase(mItems.begin() + index);
+        T** position = items() + index;
+        T* item = *position;
+        std::copy(position + 1, items() + mCount, position);
+        --mCount;
         return item;
     }
 
     void clear()
     {
+        if (isEmpty())
+            return;
         // Items may reach back into the list from their destructors: it is empty by then.
-        std::vector<T*> items;
-        items.swap(mItems);
-        for (T* item : items)
+        QPtrList taken;
+        taken.mStore = std::exchange(mStore, Store());
+        taken.mCount = std::exchange(mCount, 0);
+        taken.mCapacity = mCapacity;
+        mCapacity = 0;
+        for (T* item : taken)
             dispose(item);
+        taken.mCount = 0;
     }
 
-    auto begin() const { return mItems.begin(); }
-    auto end() const { return mItems.end(); }
+    T* const* begin() const { return mCapacity == 0 ? &mStore.one : mStore.many; }
+    T* const* end() const { return begin() + mCount; }
 
 private:
-    static std::size_t position(int index) { return static_cast<std::size_t>(index); }
     bool holds(int index) const { return index >= 0 && index < count(); }
     void dispose(T* item) const
     {
-        if (mAutoDelete)
+        if (autoDelete())
             delete item;
     }
 
-    std::vector<T*> mItems;
-    bool mAutoDelete = false;
+    T** items() { return mCapacity == 0 ? &mStore.one : mStore.many; }
+
+    // Makes room at `index` and puts the item there.
+    void open(int index, T* item)
+    {
+        if (mCount == (mCapacity == 0 ? 1 : static_cast<int>(mCapacity)))
+            grow();
+        T** position = items() + index;
+        std::copy_backward(position, items() + mCount, items() + mCount + 1);
+        *position = item;
+        ++mCount;
+    }
+
+    void grow()
+    {
+        const unsigned int capacity = mCapacity == 0 ? 4U : mCapacity * 2U;
+        T** larger = new T*[capacity];
+        std::copy(begin(), end(), larger);
+        freeArray();
+        mStore.many = larger;
+        mCapacity = capacity;
+    }
+
+    void freeArray()
+    {
+        if (mCapacity != 0)
+            delete[] mStore.many;
+    }
+
+    // One item lies in the list itself, as long as there is no array.
+    union Store {
+        T* one = nullptr;
+        T** many;
+    };
+
+    Store mStore;
+    int mCount = 0;
+    unsigned int mCapacity : 31;
+    unsigned int mAutoDelete : 1;
 };
