@@ -49,7 +49,7 @@ DelimiterFinder::DelimiterFinder(std::string_view text, int searchesBeforeIndex)
 }
 
 Delimiter DelimiterFinder::find(TextRange range, std::string_view boundary,
-                                const DelimiterIndex::Matches*& cache)
+                                DelimiterIndex::Matches& cache)
 {
     const std::string_view text = mText.substr(0, static_cast<std::size_t>(range.end));
     const auto from = static_cast<std::size_t>(range.start);
@@ -65,7 +65,7 @@ Delimiter DelimiterFinder::find(TextRange range, std::string_view boundary,
 }
 
 int DelimiterFinder::findLine(TextRange range, std::string_view boundary,
-                              const DelimiterIndex::Matches*& cache)
+                              DelimiterIndex::Matches& cache)
 {
     if (mSearchBudget > 0 || !DelimiterIndex::canHold(boundary)) {
         const std::string_view text = mText.substr(0, static_cast<std::size_t>(range.end));
@@ -73,14 +73,12 @@ int DelimiterFinder::findLine(TextRange range, std::string_view boundary,
         mSearchBudget -= static_cast<long long>(std::min(found, text.size())) - range.start;
         return found == npos ? -1 : static_cast<int>(found);
     }
-    if (cache == nullptr)
-        cache = &mIndex.matches(boundary);
-    const auto match = std::lower_bound(cache->begin(), cache->end(), range.start);
-    if (match == cache->end())
-        return -1;
-    const auto lastByte = static_cast<long long>(*match) + 1 +
-                          static_cast<long long>(dashes.size() + boundary.size());
-    return lastByte > range.end ? -1 : *match;
+    if (!cache.looked)
+        cache = mIndex.lookUp(boundary);
+    const int found = mIndex.find(cache, range.start);
+    const auto end =
+        static_cast<long long>(found) + 1 + static_cast<long long>(dashes.size() + boundary.size());
+    return end > range.end ? -1 : found;
 }
 
 } // namespace tarvomime

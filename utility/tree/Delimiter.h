@@ -38,11 +38,10 @@ public:
 
     /// The next delimiter of `boundary` in `range` of the text, at or behind its start. `cache` is
     /// one for each body, empty at first.
-    Delimiter find(TextRange range, std::string_view boundary,
-                   const DelimiterIndex::Matches*& cache);
+    Delimiter find(TextRange range, std::string_view boundary, DelimiterIndex::Matches& cache);
 
 private:
-    int findLine(TextRange range, std::string_view boundary, const DelimiterIndex::Matches*& cache);
+    int findLine(TextRange range, std::string_view boundary, DelimiterIndex::Matches& cache);
 
     std::string_view mText;
     DelimiterIndex mIndex;

@@ -2,9 +2,6 @@
 #include "utility/tree/DelimiterIndex.h"
 
 #include <algorithm>
-#include <functional>
-#include <numeric>
-#include <utility>
 
 namespace tarvomime {
 
@@ -12,12 +9,19 @@ namespace {
 
 constexpr std::string_view lineStart = "\n--";
 
-} // namespace
+// Up to this many lines of one boundary are looked through one by one.
+constexpr int fewLines = 8;
 
-std::size_t DelimiterIndex::GroupHash::operator()(const Group& group) const
+// The first bytes as a number that orders as they do; missing bytes count as NUL.
+std::uint64_t keyOf(std::string_view text)
 {
-    return std::hash<std::size_t>()(group.first * 0x9E3779B97F4A7C15U ^ group.last);
+    std::uint64_t key = 0;
+    for (std::size_t i = 0; i < sizeof key; ++i)
+        key = key << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
+    return key;
 }
+
+} // namespace
 
 bool DelimiterIndex::canHold(std::string_view boundary)
 {
@@ -31,15 +35,21 @@ void DelimiterIndex::build()
     for (std::size_t position = mText.find(lineStart); position != std::string_view::npos;
          position = mText.find(lineStart, position + 1))
         mStarts.push_back(static_cast<int>(position));
-    mOrder.resize(mStarts.size());
-    std::iota(mOrder.begin(), mOrder.end(), 0);
+    mOrder.reserve(mStarts.size());
+    for (int number = 0; number < static_cast<int>(mStarts.size()); ++number)
+        mOrder.push_back({keyOf(behindDashes(number)), number});
     std::sort(mOrder.begin(), mOrder.end(),
-              [this](int a, int b) { return behindDashes(a) < behindDashes(b); });
+              [this](const Line& a, const Line& b) { return isLess(a, b); });
 }
 
-std::string_view DelimiterIndex::behindDashes(int line) const
+bool DelimiterIndex::isLess(const Line& a, const Line& b) const
 {
-    const auto index = static_cast<std::size_t>(line);
+    return a.key != b.key ? a.key < b.key : behindDashes(a.number) < behindDashes(b.number);
+}
+
+std::string_view DelimiterIndex::behindDashes(int number) const
+{
+    const auto index = static_cast<std::size_t>(number);
     const std::size_t start = static_cast<std::size_t>(mStarts[index]) + lineStart.size();
     if (index + 1 == mStarts.size())
         return mText.substr(start);
@@ -49,30 +59,51 @@ std::string_view DelimiterIndex::behindDashes(int line) const
     return mText.substr(start, end - start);
 }
 
-DelimiterIndex::Group DelimiterIndex::groupOf(std::string_view boundary) const
-{
-    const auto prefixOf = [&](int line) { return behindDashes(line).substr(0, boundary.size()); };
-    const auto first = std::partition_point(mOrder.begin(), mOrder.end(),
-                                            [&](int line) { return prefixOf(line) < boundary; });
-    const auto last = std::partition_point(first, mOrder.end(),
-                                           [&](int line) { return prefixOf(line) == boundary; });
-    return {static_cast<std::size_t>(first - mOrder.begin()),
-            static_cast<std::size_t>(last - mOrder.begin())};
-}
-
-const DelimiterIndex::Matches& DelimiterIndex::matches(std::string_view boundary)
+DelimiterIndex::Matches DelimiterIndex::lookUp(std::string_view boundary)
 {
     build();
-    const Group group = groupOf(boundary);
-    const auto [entry, isNew] = mGroups.try_emplace(group);
-    Matches& matches = entry->second;
-    if (isNew) {
-        matches.reserve(group.last - group.first);
-        for (std::size_t i = group.first; i < group.last; ++i)
-            matches.push_back(mStarts[static_cast<std::size_t>(mOrder[i])]);
-        std::sort(matches.begin(), matches.end());
-    }
+    const std::uint64_t key = keyOf(boundary);
+    const auto prefixOf = [&](const Line& line) {
+        return behindDashes(line.number).substr(0, boundary.size());
+    };
+    const auto first = std::partition_point(mOrder.begin(), mOrder.end(), [&](const Line& line) {
+        return line.key < key || (line.key == key && prefixOf(line) < boundary);
+    });
+    const auto last = std::partition_point(
+        first, mOrder.end(), [&](const Line& line) { return prefixOf(line) == boundary; });
+    Matches matches{static_cast<int>(first - mOrder.begin()),
+                    static_cast<int>(last - mOrder.begin()), true, nullptr};
+    if (matches.last - matches.first > fewLines)
+        matches.positions = &positionsOf(matches);
     return matches;
+}
+
+const std::vector<int>& DelimiterIndex::positionsOf(const Matches& matches)
+{
+    const auto [entry, isNew] = mPositions.try_emplace({matches.first, matches.last});
+    std::vector<int>& positions = entry->second;
+    if (isNew) {
+        for (int place = matches.first; place < matches.last; ++place)
+            positions.push_back(positionOf(place));
+        std::sort(positions.begin(), positions.end());
+    }
+    return positions;
+}
+
+int DelimiterIndex::find(const Matches& matches, int from) const
+{
+    if (matches.positions != nullptr) {
+        const auto found =
+            std::lower_bound(matches.positions->begin(), matches.positions->end(), from);
+        return found == matches.positions->end() ? -1 : *found;
+    }
+    int nearest = -1;
+    for (int place = matches.first; place < matches.last; ++place) {
+        const int position = positionOf(place);
+        if (position >= from && (nearest < 0 || position < nearest))
+            nearest = position;
+    }
+    return nearest;
 }
 
 } // namespace tarvomime

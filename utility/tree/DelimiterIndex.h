@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <map>
 #include <string_view>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace tarvomime {
@@ -17,39 +19,50 @@ namespace tarvomime {
 class DelimiterIndex
 {
 public:
-    /// Positions of the LF in front of each line, ascending.
-    using Matches = std::vector<int>;
+    /// The lines of one boundary.
+    struct Matches
+    {
+        int first = 0;
+        int last = 0;
+        bool looked = false;
+        /// Where there are many of them: the positions of the LF in front of each line, ascending.
+        const std::vector<int>* positions = nullptr;
+    };
 
     explicit DelimiterIndex(std::string_view text) : mText(text) {}
 
-    /// Whether `matches` can answer for this boundary: one that itself holds the start of a
+    /// Whether the index can answer for this boundary: one that itself holds the start of a
     /// delimiter line reaches across lines of the index.
     static bool canHold(std::string_view boundary);
-    /// The lines that begin with "--" and `boundary`; valid as long as the index is.
-    const Matches& matches(std::string_view boundary);
+    /// The lines that begin with "--" and `boundary`.
+    Matches lookUp(std::string_view boundary);
+    /// The position of the LF in front of the first such line at or behind `from`, or -1.
+    int find(const Matches& matches, int from) const;
 
 private:
-    struct Group
+    // Most comparisons end at the first bytes, which need no look at the text.
+    struct Line
     {
-        std::size_t first;
-        std::size_t last;
-        bool operator==(const Group&) const = default;
-    };
-    struct GroupHash
-    {
-        std::size_t operator()(const Group& group) const;
+        std::uint64_t key;
+        // Where it is among the lines of the text.
+        int number;
     };
 
     void build();
-    std::string_view behindDashes(int line) const;
-    Group groupOf(std::string_view boundary) const;
+    std::string_view behindDashes(int number) const;
+    bool isLess(const Line& a, const Line& b) const;
+    const std::vector<int>& positionsOf(const Matches& matches);
+    int positionOf(int place) const
+    {
+        return mStarts[static_cast<std::size_t>(mOrder[static_cast<std::size_t>(place)].number)];
+    }
 
     std::string_view mText;
-    // The position in mStarts of each line, in the order of the texts behind "--".
-    std::vector<int> mOrder;
+    // Ordered by the text behind "--".
+    std::vector<Line> mOrder;
     // The position of the LF in front of each line, ascending.
     std::vector<int> mStarts;
-    std::unordered_map<Group, Matches, GroupHash> mGroups;
+    std::map<std::pair<int, int>, std::vector<int>> mPositions;
     bool mBuilt = false;
 };
 

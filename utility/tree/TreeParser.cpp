@@ -172,7 +172,7 @@ Delimiter TreeParser::nextDelimiter(Level& level)
 
 void TreeParser::startCutting(EMAIL_Body& body, TextRange range)
 {
-    Level level{&body, range, nullptr};
+    Level level{&body, range, {}};
     const Delimiter first = nextDelimiter(level);
     if (!first.found || first.closing)
         return;

@@ -42,7 +42,7 @@ private:
         EMAIL_Body* body;
         // From behind the last delimiter on.
         TextRange rest;
-        const DelimiterIndex::Matches* delimiters;
+        DelimiterIndex::Matches delimiters;
     };
     // An entity whose text was found and not yet looked at.
     struct Pending
