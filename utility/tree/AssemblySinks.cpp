@@ -2,12 +2,14 @@
 #include "utility/tree/AssemblySinks.h"
 
 #include "utility/EMAIL_Body.h"
+#include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Util.h"
 #include "utility/codec/MappedFile.h"
 
 #include <QFile>
-#include <algorithm>
+#include <functional>
+#include <limits>
 
 namespace tarvomime {
 
@@ -15,10 +17,30 @@ namespace {
 
 constexpr std::size_t blockSize = 32768;
 
+// Positions are of type int. A byte array's own head counts towards its largest size as well.
+constexpr std::size_t longestText = std::numeric_limits<int>::max() - 64;
+
+// The header's own buffer goes once neither it nor its fields refer to it.
+void moveHeader(EMAIL_Header& header, const QCString& text)
+{
+    const std::string_view old = header.mString.view();
+    const std::less_equal<> notBehind;
+    for (EMAIL_Field* field : header.mFields) {
+        const std::string_view line = field->mString.view();
+        if (notBehind(old.data(), line.data()) &&
+            notBehind(line.data() + line.size(), old.data() + old.size()))
+            field->mString =
+                text.mid(static_cast<int>(line.data() - old.data()), field->mString.length());
+    }
+    header.mString = text;
+}
+
 } // namespace
 
 bool MemoryAssembly::write(std::string_view text)
 {
+    if (text.size() > longestText - static_cast<std::size_t>(mBuffer.size()))
+        return false;
     mBuffer.append(text.data(), static_cast<int>(text.size()));
     return true;
 }
@@ -30,15 +52,24 @@ bool MemoryAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header&)
 
 void MemoryAssembly::handOut(EMAIL_BaseComponent& component, qint64 start)
 {
-    mSlices.push_back({&component, start, position()});
+    mSlices.push_back({&component, static_cast<int>(start), static_cast<int>(position())});
 }
 
-bool MemoryAssembly::finish()
+void MemoryAssembly::handOutHeader(EMAIL_Header& header, qint64 start)
 {
-    const QCString text = QCString::fromBytes(mBuffer);
+    mHeaders.push_back({&header, static_cast<int>(start)});
+}
+
+bool MemoryAssembly::finish(bool isComplete)
+{
+    if (!isComplete)
+        return false;
+    const QCString text =
+        mBuffer.isNull() ? QCString::fromLiteral("") : QCString::fromBytes(mBuffer);
+    for (const HeaderSlice& slice : mHeaders)
+        moveHeader(*slice.header, text.mid(slice.start, slice.header->mString.length()));
     for (const Slice& slice : mSlices)
-        slice.component->mString =
-            text.mid(static_cast<int>(slice.start), static_cast<int>(slice.end - slice.start));
+        slice.component->mString = text.mid(slice.start, slice.end - slice.start);
     return true;
 }
 
@@ -57,6 +88,8 @@ bool FileAssembly::writeBlock(std::string_view block)
 
 bool FileAssembly::flushBlock()
 {
+    if (mBlock.isEmpty())
+        return mFile.isWritable();
     const bool written = writeBlock({mBlock.constData(), static_cast<std::size_t>(mBlock.size())});
     mBlock.resize(0);
     return written;
@@ -100,9 +133,10 @@ bool FileAssembly::writeFileBody(const EMAIL_Body& body, const EMAIL_Header& hea
     return flushBlock() && EMAIL_Util::encWithCTE(data, body.mLength, &mFile, header.getCte()) == 0;
 }
 
-bool FileAssembly::finish()
+bool FileAssembly::finish(bool isComplete)
 {
-    return flushBlock() && mFile.flush() && mFile.error() == QFile::NoError;
+    const bool isWritten = flushBlock() && mFile.flush() && mFile.error() == QFile::NoError;
+    return isWritten && isComplete;
 }
 
 } // namespace tarvomime

@@ -12,7 +12,8 @@ class QFile;
 
 namespace tarvomime {
 
-/// Gathers assembled text in one buffer; at the end every component gets its slice of it.
+/// Gathers assembled text in one buffer; at the end every component gets its slice of it. A text of
+/// 2 GiB or more is given up: the components then keep what they hold.
 class MemoryAssembly
 {
 public:
@@ -22,19 +23,27 @@ public:
     qint64 position() const { return mBuffer.size(); }
     /// Notes that the text of `component` runs from `start` to the current position.
     void handOut(EMAIL_BaseComponent& component, qint64 start);
-    /// Gives every noted component its slice.
-    bool finish();
+    /// Notes the same for a header, whose fields hold slices of its text.
+    void handOutHeader(EMAIL_Header& header, qint64 start);
+    /// Gives every noted component its slice, if everything could be written.
+    bool finish(bool isComplete);
 
 private:
     struct Slice
     {
         EMAIL_BaseComponent* component;
-        qint64 start;
-        qint64 end;
+        int start;
+        int end;
+    };
+    struct HeaderSlice
+    {
+        EMAIL_Header* header;
+        int start;
     };
 
     QByteArray mBuffer;
     std::vector<Slice> mSlices;
+    std::vector<HeaderSlice> mHeaders;
 };
 
 /// Streams assembled text into a file in blocks.
@@ -50,8 +59,10 @@ public:
     qint64 position() const { return 0; }
     /// The text went to the file: components keep what they hold.
     void handOut(EMAIL_BaseComponent&, qint64) {}
-    /// Writes what is left and tells whether the file has taken everything.
-    bool finish();
+    void handOutHeader(EMAIL_Header&, qint64) {}
+    /// Writes what is left, also of a text that could not be completed, and tells whether the file
+    /// has taken everything.
+    bool finish(bool isComplete);
 
 private:
     bool writeFileBody(const EMAIL_Body& body, const EMAIL_Header& header);

@@ -29,8 +29,8 @@ class Assembly
 public:
     explicit Assembly(Sink& sink) : mSink(sink) {}
 
-    bool entity(EMAIL_Entity& root) { return enterEntity(root) && run(); }
-    bool body(EMAIL_Body& root) { return enterBody(root, nullptr, mSink.position()) && run(); }
+    bool entity(EMAIL_Entity& root) { return mSink.finish(enterEntity(root) && run()); }
+    bool body(EMAIL_Body& root) { return mSink.finish(enterBody(root, nullptr, 0) && run()); }
 
 private:
     struct Level
@@ -59,16 +59,19 @@ private:
         const qint64 start = mSink.position();
         if (!write(header.mString))
             return false;
-        mSink.handOut(header, start);
+        mSink.handOutHeader(header, start);
         if (needsSeparator(header.mString) && !mSink.write("\r\n"))
             return false;
-        return enterBody(*entity.mBody, &entity, start);
+        if (entity.mBody != nullptr)
+            return enterBody(*entity.mBody, &entity, start);
+        mLevels.push_back({&entity, nullptr, start, start, 0, false});
+        return true;
     }
 
     bool enterBody(EMAIL_Body& body, EMAIL_Entity* entity, qint64 entityStart)
     {
         auto* parent = dynamic_cast<EMAIL_Entity*>(body.mParent);
-        if (parent == nullptr)
+        if (parent == nullptr || parent->mHeader == nullptr)
             return false;
         const EMAIL_ContentType* type = parent->mHeader->contentType();
         const bool multipart = isContainer(type->mTypeEnum, type->mSubTypeEnum);
@@ -88,7 +91,7 @@ private:
             if (!(done ? leave() : enterPart(level)))
                 return false;
         }
-        return mSink.finish();
+        return true;
     }
 
     bool enterPart(Level& level)
@@ -103,7 +106,9 @@ private:
         mLevels.pop_back();
         if (level.multipart && !writeDelimiter(*level.body, "--\r\n"))
             return false;
-        mSink.handOut(*level.body, level.bodyStart);
+        // A body without text stays as it is, null or empty.
+        if (level.body != nullptr && !(level.body->mString.isEmpty() && !level.multipart))
+            mSink.handOut(*level.body, level.bodyStart);
         if (level.entity != nullptr)
             mSink.handOut(*level.entity, level.entityStart);
         return mLevels.empty() || mSink.write("\r\n");

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// Messages of hundreds of thousands of parts and fields stay affordable only while the components
+// are small. Whoever makes one grow meets this test first.
+#include "utility/EMAIL_Body.h"
+#include "utility/EMAIL_BodyPart.h"
+#include "utility/EMAIL_ContentType.h"
+#include "utility/EMAIL_Field.h"
+#include "utility/EMAIL_Header.h"
+#include "utility/EMAIL_Message.h"
+
+namespace {
+
+struct SizeRow
+{
+    const char* name;
+    std::size_t size;
+    std::size_t limit;
+};
+
+void PrintTo(const SizeRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class ComponentSizes : public testing::TestWithParam<SizeRow>
+{
+};
+
+} // namespace
+
+TEST_P(ComponentSizes, StaySmall)
+{
+    EXPECT_LE(GetParam().size, GetParam().limit);
+}
+
+INSTANTIATE_TEST_SUITE_P(Classes, ComponentSizes,
+                         testing::Values(SizeRow{"text", sizeof(QCString), 32},
+                                         SizeRow{"list", sizeof(QPtrList<int>), 16},
+                                         SizeRow{"field", sizeof(EMAIL_Field), 120},
+                                         SizeRow{"content type", sizeof(EMAIL_ContentType), 264},
+                                         SizeRow{"header", sizeof(EMAIL_Header), 64},
+                                         SizeRow{"body", sizeof(EMAIL_Body), 144},
+                                         SizeRow{"message", sizeof(EMAIL_Message), 64},
+                                         SizeRow{"part", sizeof(EMAIL_BodyPart), 64}));
