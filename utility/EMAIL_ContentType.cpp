@@ -6,6 +6,7 @@
 #include "utility/codec/MediaTypes.h"
 #include "utility/codec/Tokens.h"
 
+#include <cstddef>
 #include <cstdlib>
 #include <ctime>
 
@@ -13,30 +14,11 @@ namespace {
 
 using tarvomime::appendText;
 
-QCString boundaryKey()
-{
-    return QCString::fromLiteral("boundary");
-}
-
-QCString charsetKey()
-{
-    return QCString::fromLiteral("charset");
-}
-
-QCString methodKey()
-{
-    return QCString::fromLiteral("method");
-}
-
-QCString nameKey()
-{
-    return QCString::fromLiteral("name");
-}
-
-QCString startKey()
-{
-    return QCString::fromLiteral("start");
-}
+constexpr char boundaryKey[] = "boundary";
+constexpr char charsetKey[] = "charset";
+constexpr char methodKey[] = "method";
+constexpr char nameKey[] = "name";
+constexpr char startKey[] = "start";
 
 // Reads "name=value;name=value" into `params`; earlier values of a name are replaced.
 //
@@ -58,9 +40,10 @@ void readParameters(const QCString& text, QMap<QCString, QCString>& params)
     }
 }
 
-void readQuoted(const QMap<QCString, QCString>& params, const QCString& key, QCString& out)
+template <std::size_t N>
+void readQuoted(const QMap<QCString, QCString>& params, const char (&key)[N], QCString& out)
 {
-    const auto found = params.constFind(key);
+    const auto found = params.constFind(QCString::fromLiteral(key));
     if (found != params.constEnd())
         out = tarvomime::withoutQuotes(found.value());
 }
@@ -106,7 +89,7 @@ QCString EMAIL_ContentType::writtenBody() const
         body.append('"');
     }
     for (auto param = mParams.constBegin(); param != mParams.constEnd(); ++param) {
-        if (param.key() == boundaryKey())
+        if (param.key() == boundaryKey)
             continue;
         body.append(";\r\n\t", 4);
         appendText(body, param.key());
@@ -128,7 +111,7 @@ void EMAIL_ContentType::parse()
         readParameters(mBody, mParams);
     else
         return;
-    readQuoted(mParams, boundaryKey(), mBoundary);
+    readQuoted(mParams, boundaryKey, mBoundary);
 }
 
 int EMAIL_ContentType::parseMediaType()
@@ -189,19 +172,19 @@ QCString EMAIL_ContentType::getMethod() const
 void EMAIL_ContentType::setMethod(const QCString& method)
 {
     mMethod = method;
-    storeParameter(methodKey(), method);
+    storeParameter(QCString::fromLiteral(methodKey), method);
 }
 
 int EMAIL_ContentType::getCharset() const
 {
     QCString charset;
-    readQuoted(mParams, charsetKey(), charset);
+    readQuoted(mParams, charsetKey, charset);
     return EMAIL_Util::charsetStrToEnum(charset);
 }
 
 bool EMAIL_ContentType::hasCharset() const
 {
-    return mParams.contains(charsetKey());
+    return mParams.contains(QCString::fromLiteral(charsetKey));
 }
 
 int EMAIL_ContentType::setCharset(int charset)
@@ -209,33 +192,33 @@ int EMAIL_ContentType::setCharset(int charset)
     QCString name;
     const int written = EMAIL_Util::charsetEnumToStr(charset, name);
     if (written != 0)
-        storeParameter(charsetKey(), name);
+        storeParameter(QCString::fromLiteral(charsetKey), name);
     return written;
 }
 
 void EMAIL_ContentType::setCharset(const QCString& charset)
 {
-    storeParameter(charsetKey(), charset);
+    storeParameter(QCString::fromLiteral(charsetKey), charset);
 }
 
 void EMAIL_ContentType::getName(QCString& out) const
 {
-    readQuoted(mParams, nameKey(), out);
+    readQuoted(mParams, nameKey, out);
 }
 
 void EMAIL_ContentType::setName(const QCString& name)
 {
-    storeParameter(nameKey(), name);
+    storeParameter(QCString::fromLiteral(nameKey), name);
 }
 
 void EMAIL_ContentType::getStart(QCString& out) const
 {
-    readQuoted(mParams, startKey(), out);
+    readQuoted(mParams, startKey, out);
 }
 
 void EMAIL_ContentType::setStart(const QCString& start)
 {
-    storeParameter(startKey(), start);
+    storeParameter(QCString::fromLiteral(startKey), start);
 }
 
 void EMAIL_ContentType::setParameter(const QCString& name, const QCString& value)

@@ -113,7 +113,7 @@ void EMAIL_DateTime::assemble()
     if (mParsed == 1) {
         const long long year = mTime.tm_year + 1900LL;
         const long long zone = std::llabs(mZone);
-        // Eight numbers of at most 11 characters (the year one more) and 30 others.
+        // Five numbers of at most 11 characters, names, separators and the zone take 74.
         std::array<char, 128> text{};
         std::snprintf(text.data(), text.size(), "%s, %d %s %4lld %02d:%02d:%02d %c%02d%02d",
                       nameAt(dayNames, mTime.tm_wday), mTime.tm_mday,
