@@ -167,33 +167,87 @@ public:
     /// blocks.
     static int openBuffer(QString const& path, FILE*& fp, char*& data, int& size);
 
-    // Charsets.
+    // Charsets. Values outside `EMAIL_Charset` count as US-ASCII, which is read and written through
+    // the codec of ISO 8859-1. Unicode text is UTF-16.
 
+    /// The charset whose name `name` holds, in any case and with anything around it; else
+    /// `CHARSET_UNKNOWN`, also for a null or empty name. "koi8-r" is read as `CHARSET_KOI8_U`.
     static int charsetStrToEnum(QCString const& name);
+    /// Sets `name` to the name that messages carry ("us-ascii" for an unknown value); returns 1.
     static int charsetEnumToStr(int cs, QCString& name);
+    /// Sets `out` to the bytes of `text` in the charset, U+0000 included; what the charset lacks
+    /// becomes what the platform's codec puts in its place. UTF-7 is never written: `out` keeps
+    /// its contents. On a platform without the codec `out` becomes the Latin-1 form of `text`.
     static void encWithCharset(QCString& out, QString const& text, int cs);
+    /// Sets `out` to the text that `bytes` stand for; no bytes leave it alone. Malformed UTF-8
+    /// gives replacement characters; a character that the end cuts gives nothing in the other
+    /// charsets. On a platform without the codec the bytes are read as UTF-8.
     static void decFromCharset(QByteArray const& bytes, QString& out, int cs);
+    /// Whether `text` comes back from a trip through the charset: always for `CHARSET_UTF_8`, never
+    /// for `CHARSET_UNKNOWN` or, outside UTF-8, with a U+0000 in it.
+    ///
+    /// 1. `CHARSET_US_ASCII` and `CHARSET_UTF_7` hold all of Latin-1: they share its codec.
     static bool canEncodeByCharset(QString const& text, int cs);
+    /// Sets `out` to the text of `len` bytes of UTF-7 (RFC 2152); false, with `out` left alone,
+    /// only for no bytes. An 8-bit byte gives a replacement character and ends a shifted run; bits
+    /// left over at a run's end are dropped.
     static bool UTF7ToUCS2(char const* data, unsigned int len, QString& out);
 
-    // Encoded words (RFC 2047).
+    // Encoded words (RFC 2047), "=?charset?B?...?=". Writing always uses the B form; reading never
+    // fails: a word that is not understood stays as it is.
 
+    /// Whether some UTF-16 unit of `text` is above 0x80. U+0080 itself needs no word.
     static bool isNeedEncode2047(QString const& text);
+    /// Appends `text` to `out` as words of at most 72 characters, joined by CR LF TAB; a text that
+    /// needs no word replaces `out` by its Latin-1 form. What the charset cannot hold is written in
+    /// UTF-8. A long text is cut by halving the rest until it fits; a surrogate pair is never cut.
+    ///
+    /// 1. ISO 8859-3, -5, -10 and -15 have no label of their own: they are written as ISO 8859-1.
     static void encode_2047_String(QString const& text, int cs, QCString& out);
+    /// Sets `out` to the payload of one word: base64 when `form` is `CTE_BASE64`, else
+    /// quoted-printable by the rules for bodies (a space is "=20"; "?" and "_" stay). An empty
+    /// `text` leaves `out` alone.
     static void encode_2047_String_Aux(QString const& text, int cs, int form, QCString& out);
+    /// Sets `out` to the wire form of a list of addresses, split at every ",", quoted or not: what
+    /// stands before the last "<" of an item becomes words, the rest bytes of the charset. An item
+    /// without "<", or with nothing before it, becomes bytes as a whole. A list without items
+    /// leaves `out` alone.
     static void encode_2047_Address(QString const& text, int cs, QCString& out);
+    /// Appends the text of a field body with words to `out`, its line ends and the white space
+    /// behind each word dropped; text beside words is Latin-1. A body without words replaces `out`
+    /// by its text in `cs`, `CHARSET_UNKNOWN` standing for `CHARSET_GB2312`; an empty one leaves
+    /// `out` alone. From a word without an end on, the body is kept as it stands, as Latin-1.
     static void decode_2047_String(QCString const& in, QString& out, int cs);
+    /// Sets `out` to the text of one word: Latin-1 as it stands when the charset is unknown or the
+    /// word has no end; the bytes in `cs` (as above) when it is no word. Without any bytes to
+    /// decode, or of a form other than B and Q, it leaves `out` alone.
     static void decode_2047_String_Aux(QCString const& word, QString& out, int cs);
 
-    // Media types, subtypes and file extensions.
+    // Media types, subtypes and file extensions. Subtypes are one flat numbering for all types, 1
+    // to 98, 0 standing for unknown; a subtype is recognised under any type.
 
+    /// The `EMAIL_MediaType` of that name, in any case, compared whole; else `TYPE_UNKNOWN`.
     static int typeStrToEnum(QCString const& name);
+    /// Sets `name` to the type's name; false, with `name` left alone, outside 1 to 7.
     static bool typeEnumToStr(int type, QCString& name);
+    /// The subtype of that name, in any case, compared whole; else 0.
+    ///
+    /// 1. "byterantes" is read and written for multipart/byteranges, which is not read.
+    /// 2. "GSM-EFR" is written but not read; "gsm_efr", "enriched", "xml" and "java-vm" are read
+    ///    but not written.
     static int subTypeStrToEnum(QCString const& name);
+    /// Sets `name` to the subtype's name; false, with `name` left alone, when it has none.
     static bool subTypeEnumToStr(int subtype, QCString& name);
+    /// The subtype for a file's last extension, `type` being set to its type; 0, with `type` left
+    /// alone, for an unknown extension or none. Some known ones ("mng", "amr") have subtype 0 too.
     static int getSubtypeByExtion(QString const& fileName, int& type);
+    /// Sets `ext` to the extension for a subtype and returns its type; 0, with `ext` left alone,
+    /// when it has none.
     static int getExtionBySubType(int subtype, QString& ext);
+    /// The extension for a part of which only the type is known; empty but for image, audio and
+    /// video.
     static QString getFirstExtByMimeType(int type);
+    /// `n` in decimal, with a "0" before it when it is below ten ("-3" becomes "0-3").
     static QString getDispNum(int n);
 
     // Dates.
