@@ -47,8 +47,7 @@ public:
     /// Copies `in` without leading SP, HTAB, CR and LF to `out`; an empty `in` leaves `out` alone.
     ///
     /// 1. Nothing is ever removed from the end: the test for trailing white space looks at the
-    /// first
-    ///    kept character, and stored values rely on their ends being kept.
+    ///    first character that is kept, and stored values rely on their ends.
     static void stripCFWS(const QCString& in, QCString& out);
 
     // Typed fields, parsed on first access; null when absent. The header keeps ownership.
@@ -158,7 +157,9 @@ public:
     /// The fields in order; owned by the list.
     QPtrList<EMAIL_Field> mFields;
 
-private:
+    /// Makes `mFields` own its fields; every constructor calls it.
     void init();
+
+private:
     std::vector<EMAIL_Field*> writingOrder() const;
 };

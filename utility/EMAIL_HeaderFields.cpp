@@ -7,6 +7,7 @@
 #include "utility/EMAIL_Util.h"
 #include "utility/FieldNames.h"
 #include "utility/TypedField.h"
+#include "utility/codec/Tokens.h"
 
 namespace {
 
@@ -216,9 +217,7 @@ unsigned int EMAIL_Header::getXPriority() const
 QCString EMAIL_Header::getMethod()
 {
     static const QCString key = QCString::fromLiteral("method");
-    QCString method = contentType()->mParams.value(key);
-    EMAIL_Util::stripChar('"', method, method);
-    return method;
+    return withoutQuotes(contentType()->mParams.value(key));
 }
 
 void EMAIL_Header::setMethod(const QCString& method)

@@ -208,6 +208,37 @@ INSTANTIATE_TEST_SUITE_P(
                     AssembleRow{"header of six characters", "A", "1", "x", "A: 1\r\n\r\nx"},
                     AssembleRow{"nameless field", "", "1", "x", ": 1\r\n\r\nx"}));
 
+namespace {
+
+// An application's own field may write what it likes, and so give a header of any shape.
+struct VerbatimField : EMAIL_Field
+{
+    explicit VerbatimField(const QCString& text) { mBody = text; }
+    void assemble() override { mString = mBody; }
+};
+
+class Separator : public testing::TestWithParam<std::pair<QCString, QCString>>
+{
+};
+
+} // namespace
+
+TEST_P(Separator, FollowsAHeaderLongerThanThree)
+{
+    EMAIL_Message message;
+    message.mHeader->addField(new VerbatimField(GetParam().first));
+    message.mBody->setMessage("body");
+    message.assemble();
+    EXPECT_EQ(message.getMessage(), GetParam().first + GetParam().second + "body");
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, Separator,
+                         testing::Values(std::pair("abc\n", "\r\n"), std::pair("a\nbc", "\r\n"),
+                                         std::pair("abcd", ""), std::pair("\nabc", ""),
+                                         std::pair("ab\nc", ""), std::pair("ab\n", ""),
+                                         std::pair("\nab", ""), std::pair("\r\n", ""),
+                                         std::pair("\n", "")));
+
 TEST(EMAIL_Entity, AssemblyPullsChangesFromBelow)
 {
     EMAIL_Message message(QCString("Subject: old\r\n\r\nbody"), nullptr);
