@@ -363,6 +363,7 @@ TEST(QCString, FindsBackwards)
     EXPECT_EQ(text.findRev('a', 5), 0);
     EXPECT_EQ(text.findRev('A', -1, false), 6);
     EXPECT_EQ(text.findRev("abc"), 6);
+    EXPECT_EQ(text.findRev("abc", 6), 6);
     EXPECT_EQ(text.findRev("abc", 5), 0);
     EXPECT_EQ(text.findRev("abc", 5, false), 3);
     EXPECT_EQ(text.findRev("x"), -1);
