@@ -2,6 +2,8 @@
 #include "tests/support/RecordingFile.h"
 #include "utility/EMAIL_Util.h"
 
+#include <QMap>
+
 namespace {
 
 struct NameRow
