@@ -158,6 +158,11 @@ QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength)
     return *std::move(decoded);
 }
 
+std::size_t decodeBase64To(std::string_view text, char* out)
+{
+    return runInto(Base64Decoder(text), out, text.size());
+}
+
 QByteArray decodeBase64(const char* text, unsigned long* decodedLength)
 {
     if (text == nullptr || decodedLength == nullptr)

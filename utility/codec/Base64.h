@@ -26,6 +26,9 @@ void appendBase64(QByteArray& out, std::string_view bytes);
 /// Decodes all of `text`, NUL bytes included (they are skipped like any foreign byte). With an
 /// empty text or no memory the result is empty and `*decodedLength` is left alone.
 QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength);
+/// The same into `out`, which has room for the text's length and kDecodingSlack bytes. Returns the
+/// number of bytes produced.
+std::size_t decodeBase64To(std::string_view text, char* out);
 /// The same up to the first NUL; a null pointer of either kind gives an empty array.
 QByteArray decodeBase64(const char* text, unsigned long* decodedLength);
 int decodeBase64(const char* text, int length, QFile* out, const ProgressCallback& callback);

@@ -4,6 +4,7 @@
 #include "utility/EMAIL_Util.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/SingleByteCharset.h"
+#include "utility/codec/Utf16Buffer.h"
 #include "utility/codec/Utf7.h"
 
 #include <QTextCodec>
@@ -23,6 +24,12 @@ CodecTable findCodecs()
     for (int charset = 0; charset < kCharsetCount; ++charset)
         codecs[static_cast<std::size_t>(charset)] = QTextCodec::codecForName(codecName(charset));
     return codecs;
+}
+
+// UTF-7 shares the codec of ISO 8859-1 but is not read by it.
+const SingleByteCharset* readingTable(int charset)
+{
+    return charset == CHARSET_UTF_7 ? nullptr : SingleByteCharset::of(charset);
 }
 
 } // namespace
@@ -64,11 +71,26 @@ void encodeThroughCodec(QCString& out, const QString& text, int charset, const Q
 
 void decodeFromCharset(std::string_view bytes, QString& out, int charset)
 {
-    const SingleByteCharset* table = SingleByteCharset::of(charset);
-    if (table != nullptr && charset != CHARSET_UTF_7 && !bytes.empty())
-        out = table->decode(bytes);
-    else
+    const SingleByteCharset* table = readingTable(charset);
+    if (table == nullptr || bytes.empty()) {
         decodeThroughCodec(bytes, out, charset, codecOf(charset));
+        return;
+    }
+    out = QString(static_cast<int>(bytes.size()), Qt::Uninitialized);
+    table->decode(bytes, out.data());
+}
+
+void appendFromCharset(std::string_view bytes, int charset, Utf16Buffer& out)
+{
+    if (charset == CHARSET_UTF_8) {
+        out.appendUtf8(bytes);
+    } else if (const SingleByteCharset* table = readingTable(charset)) {
+        table->decode(bytes, out.extend(static_cast<int>(bytes.size())));
+    } else {
+        QString text;
+        decodeThroughCodec(bytes, text, charset, codecOf(charset));
+        out.append(text);
+    }
 }
 
 void decodeThroughCodec(std::string_view bytes, QString& out, int charset, const QTextCodec* codec)

@@ -15,6 +15,8 @@ class QTextCodec;
 /// platform that lacks it; the others take a table in its place where both give the same.
 namespace tarvomime {
 
+class Utf16Buffer;
+
 /// The charset's codec, or null when the platform has none.
 QTextCodec* codecOf(int charset);
 
@@ -27,6 +29,8 @@ void encodeWithCharset(QCString& out, const QString& text, int charset);
 void encodeThroughCodec(QCString& out, const QString& text, int charset, const QTextCodec* codec);
 
 void decodeFromCharset(std::string_view bytes, QString& out, int charset);
+/// Appends what `decodeFromCharset` would set.
+void appendFromCharset(std::string_view bytes, int charset, Utf16Buffer& out);
 void decodeThroughCodec(std::string_view bytes, QString& out, int charset, const QTextCodec* codec);
 
 bool canEncodeByCharset(const QString& text, int charset);

@@ -7,7 +7,10 @@
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/QuotedPrintable.h"
+#include "utility/codec/Sinks.h"
+#include "utility/codec/Utf16Buffer.h"
 
+#include <QVarLengthArray>
 #include <algorithm>
 #include <cstddef>
 
@@ -18,11 +21,6 @@ namespace {
 constexpr std::size_t notFound = std::string_view::npos;
 constexpr std::string_view wordStart = "=?";
 constexpr std::string_view wordEnd = "?=";
-
-QLatin1String asLatin1(std::string_view bytes)
-{
-    return QLatin1String(bytes.data(), static_cast<int>(bytes.size()));
-}
 
 // Most senders of raw 8-bit headers that name no charset write Chinese.
 int assumedCharset(int charset)
@@ -52,23 +50,72 @@ QByteArray withSpaces(std::string_view payload)
     return result;
 }
 
-QByteArray decodePayload(char form, std::string_view payload)
+using Bytes = QVarLengthArray<char, 512>;
+
+// The bytes that a payload stands for, with `bytes` to hold them.
+std::string_view decodePayload(char form, std::string_view payload, Bytes& bytes)
 {
     // The transfer decodings read text, which ends at its NUL.
     const std::string_view text = payload.substr(0, payload.find('\0'));
-    unsigned long length = 0;
+    bytes.resize(static_cast<int>(text.size()) + kDecodingSlack);
     switch (asciiLower(form)) {
     case 'b':
-        return decodeBase64(text, &length);
+        return {bytes.constData(), decodeBase64To(text, bytes.data())};
     case 'q': {
         if (text.find('_') == notFound)
-            return decodeQp(text, &length);
+            return {bytes.constData(), decodeQpTo(text, bytes.data())};
         const QByteArray spaced = withSpaces(text);
-        return decodeQp({spaced.constData(), static_cast<std::size_t>(spaced.size())}, &length);
+        bytes.resize(static_cast<int>(spaced.size()) + kDecodingSlack);
+        const std::string_view spacedText(spaced.constData(),
+                                          static_cast<std::size_t>(spaced.size()));
+        return {bytes.constData(), decodeQpTo(spacedText, bytes.data())};
     }
     default:
         return {};
     }
+}
+
+struct Word
+{
+    int charset = CHARSET_UNKNOWN;
+    char form = '\0';
+    std::string_view payload;
+};
+
+// The parts of the first word in `text`; of no known charset when it has no end either.
+//
+// 1. The name that is looked at may reach into the rest of the word, as much as there is text
+//    before it and beyond: names are recognised by what they contain, so a charset named anywhere
+//    in that stretch counts.
+Word partsOfWord(std::string_view text, std::size_t start)
+{
+    const std::size_t nameStart = start + wordStart.size();
+    const std::size_t mark = text.find('?', nameStart);
+    if (mark == notFound || mark + 3 >= text.size())
+        return {};
+    const std::size_t payloadStart = mark + 3;
+    const std::size_t payloadEnd = text.find(wordEnd, payloadStart);
+    if (payloadEnd == notFound)
+        return {};
+    return {charsetFromName(text.substr(nameStart, mark)), text[mark + 1],
+            text.substr(payloadStart, payloadEnd - payloadStart)};
+}
+
+// False when the word has no bytes to show. `start` is where its "=?" stands in `text`.
+//
+// 1. A word of an unknown form ("=?utf-8?X?...?=") shows nothing.
+// 2. A word without its payload's end stays as it is, like one of an unknown charset.
+bool appendWord(std::string_view text, std::size_t start, Utf16Buffer& out)
+{
+    const Word word = partsOfWord(text, start);
+    if (word.charset == CHARSET_UNKNOWN) {
+        out.appendLatin1(text);
+        return true;
+    }
+    Bytes room;
+    const std::string_view bytes = decodePayload(word.form, word.payload, room);
+    appendFromCharset(bytes, word.charset, out);
+    return !bytes.empty();
 }
 
 // The end of the word that starts at `start`, behind its "?=": the first one that does not come
@@ -100,6 +147,30 @@ std::size_t endOfPlainText(std::string_view body, std::size_t position)
     return position;
 }
 
+void appendBody(std::string_view body, Utf16Buffer& out)
+{
+    std::size_t position = 0;
+    while (position < body.size()) {
+        if (isLineBreak(body[position])) {
+            ++position;
+            continue;
+        }
+        const std::size_t plainEnd = endOfPlainText(body, position);
+        if (plainEnd > position) {
+            out.appendLatin1(body.substr(position, plainEnd - position));
+            position = plainEnd;
+            continue;
+        }
+        const std::size_t end = endOfWord(body, position);
+        if (end == notFound) {
+            out.appendLatin1(body.substr(position));
+            return;
+        }
+        appendWord(body.substr(position, end - position), 0, out);
+        position = skipWhiteSpace(body, end);
+    }
+}
+
 } // namespace
 
 // Where this departs from RFC 2047:
@@ -115,35 +186,11 @@ void decodeWords(std::string_view body, QString& out, int charset)
         decodeFromCharset(body, out, assumedCharset(charset));
         return;
     }
-    std::size_t position = 0;
-    while (position < body.size()) {
-        if (isLineBreak(body[position])) {
-            ++position;
-            continue;
-        }
-        const std::size_t plainEnd = endOfPlainText(body, position);
-        if (plainEnd > position) {
-            out += asLatin1(body.substr(position, plainEnd - position));
-            position = plainEnd;
-            continue;
-        }
-        const std::size_t end = endOfWord(body, position);
-        if (end == notFound) {
-            out += asLatin1(body.substr(position));
-            return;
-        }
-        QString decoded;
-        decodeWord(body.substr(position, end - position), decoded, charset);
-        out += decoded;
-        position = skipWhiteSpace(body, end);
-    }
+    Utf16Buffer units;
+    appendBody(body, units);
+    out.append(units.data(), units.size());
 }
 
-// 1. The name that is looked at may reach into the rest of the word, as much as there is text
-//    before it and beyond: names are recognised by what they contain, so a charset named anywhere
-//    in that stretch counts.
-// 2. A word of an unknown form ("=?utf-8?X?...?=") gives nothing.
-// 3. A word without its payload's end stays as it is, like one of an unknown charset.
 void decodeWord(std::string_view word, QString& out, int charset)
 {
     if (word.empty())
@@ -153,21 +200,9 @@ void decodeWord(std::string_view word, QString& out, int charset)
         decodeFromCharset(word, out, assumedCharset(charset));
         return;
     }
-    const std::size_t nameStart = start + wordStart.size();
-    const std::size_t mark = word.find('?', nameStart);
-    const std::size_t payloadStart = mark == notFound ? notFound : mark + 3;
-    const std::size_t payloadEnd =
-        payloadStart < word.size() ? word.find(wordEnd, payloadStart) : notFound;
-    const int wordCharset =
-        payloadEnd == notFound ? CHARSET_UNKNOWN : charsetFromName(word.substr(nameStart, mark));
-    if (wordCharset == CHARSET_UNKNOWN) {
-        out = asLatin1(word);
-        return;
-    }
-    const QByteArray bytes =
-        decodePayload(word[mark + 1], word.substr(payloadStart, payloadEnd - payloadStart));
-    decodeFromCharset({bytes.constData(), static_cast<std::size_t>(bytes.size())}, out,
-                      wordCharset);
+    Utf16Buffer units;
+    if (appendWord(word, start, units))
+        out = units.toString();
 }
 
 } // namespace tarvomime

@@ -169,6 +169,11 @@ QByteArray decodeQp(std::string_view text, unsigned long* decodedLength)
     return *std::move(decoded);
 }
 
+std::size_t decodeQpTo(std::string_view text, char* out)
+{
+    return runInto(QpDecoder(text), out, text.size());
+}
+
 QByteArray decodeQp(const char* text, unsigned long* decodedLength)
 {
     if (text == nullptr || decodedLength == nullptr)

@@ -34,6 +34,9 @@ int encodeQp(const char* data, unsigned long length, QFile* out, bool breakLines
 /// Decodes all of `text`, NUL bytes included. With no memory the result is empty and
 /// `*decodedLength` is left alone.
 QByteArray decodeQp(std::string_view text, unsigned long* decodedLength);
+/// The same into `out`, which has room for the text's length and kDecodingSlack bytes. Returns the
+/// number of bytes produced.
+std::size_t decodeQpTo(std::string_view text, char* out);
 /// The same up to the first NUL; a null pointer of either kind gives an empty array.
 QByteArray decodeQp(const char* text, unsigned long* decodedLength);
 int decodeQp(const char* text, int length, QFile* out, const ProgressCallback& callback);

@@ -67,13 +67,10 @@ void SingleByteCharset::add(QChar unit, unsigned char byte)
     mPages[page][unit.cell()] = byte;
 }
 
-QString SingleByteCharset::decode(std::string_view bytes) const
+void SingleByteCharset::decode(std::string_view bytes, QChar* out) const
 {
-    QString text(static_cast<int>(bytes.size()), Qt::Uninitialized);
-    QChar* next = text.data();
-    for (const char byte : bytes)
-        *next++ = mUnits[static_cast<unsigned char>(byte)];
-    return text;
+    std::transform(bytes.begin(), bytes.end(), out,
+                   [this](char byte) { return mUnits[static_cast<unsigned char>(byte)]; });
 }
 
 bool SingleByteCharset::encode(const QString& text, QByteArray& bytes) const

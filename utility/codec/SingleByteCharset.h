@@ -24,8 +24,8 @@ public:
     /// Null when `codec` does not turn each byte into one unit.
     static std::unique_ptr<const SingleByteCharset> readOff(const QTextCodec& codec);
 
-    /// What the codec's decoder gives.
-    QString decode(std::string_view bytes) const;
+    /// Writes what the codec's decoder gives, one unit for each byte, to `out`.
+    void decode(std::string_view bytes, QChar* out) const;
     /// Sets `bytes` to what the codec gives; false, with nothing to be read from `bytes`, when some
     /// unit of `text` does not come back from the bytes it is written as.
     bool encode(const QString& text, QByteArray& bytes) const;

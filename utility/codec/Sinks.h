@@ -94,6 +94,18 @@ std::optional<QByteArray> runInMemory(Codec codec, std::size_t capacity)
     return sink->takeResult();
 }
 
+/// A decoder never writes more bytes than it reads, so that it is not stopped by a limit one past
+/// them.
+constexpr int kDecodingSlack = 1;
+
+/// The result in the caller's `room` bytes and kDecodingSlack more; its length.
+template <class Decoder>
+std::size_t runInto(Decoder decoder, char* out, std::size_t room)
+{
+    char* const end = decoder.run(out, out + room + kDecodingSlack);
+    return static_cast<std::size_t>(decoder.finish(end) - out);
+}
+
 /// 0, or -1 when a write failed or the callback refused. A callback that breaks its contract with
 /// another value than 0 and -1 stops the codec too: the block has no room for more.
 template <class Codec>

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "utility/codec/Utf16Buffer.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace tarvomime {
+
+namespace {
+
+constexpr int kAsciiStep = 8;
+
+bool isAsciiStep(const char* bytes)
+{
+    quint64 word;
+    std::memcpy(&word, bytes, kAsciiStep);
+    return (word & 0x8080808080808080ULL) == 0;
+}
+
+QChar* widen(const char* begin, const char* end, QChar* out)
+{
+    return std::transform(begin, end, out, [](char c) { return QChar(static_cast<uchar>(c)); });
+}
+
+/// One character of several bytes; `length` 0 when it is malformed (RFC 3629, section 4).
+struct Utf8Character
+{
+    uint code = 0;
+    int length = 0;
+};
+
+Utf8Character readCharacter(const uchar* bytes, std::ptrdiff_t left)
+{
+    const uchar lead = bytes[0];
+    const int length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+    if (lead < 0xC2 || lead > 0xF4 || left < length)
+        return {};
+    // Not the shortest form, half of a surrogate pair, past the last plane.
+    if ((lead == 0xE0 && bytes[1] < 0xA0) || (lead == 0xED && bytes[1] > 0x9F) ||
+        (lead == 0xF0 && bytes[1] < 0x90) || (lead == 0xF4 && bytes[1] > 0x8F))
+        return {};
+    uint code = lead & (0x7F >> length);
+    for (int i = 1; i < length; ++i) {
+        if ((bytes[i] & 0xC0) != 0x80)
+            return {};
+        code = code << 6 | (bytes[i] & 0x3F);
+    }
+    return {code, length};
+}
+
+QChar* writeCharacter(uint code, QChar* out)
+{
+    if (!QChar::requiresSurrogates(code)) {
+        *out++ = QChar(static_cast<ushort>(code));
+        return out;
+    }
+    *out++ = QChar(QChar::highSurrogate(code));
+    *out++ = QChar(QChar::lowSurrogate(code));
+    return out;
+}
+
+} // namespace
+
+QChar* Utf16Buffer::extend(int count)
+{
+    const int start = size();
+    mUnits.resize(start + count);
+    return mUnits.data() + start;
+}
+
+void Utf16Buffer::append(const QString& text)
+{
+    mUnits.append(text.constData(), static_cast<int>(text.size()));
+}
+
+void Utf16Buffer::appendLatin1(std::string_view bytes)
+{
+    const char* begin = bytes.data();
+    widen(begin, begin + bytes.size(), extend(static_cast<int>(bytes.size())));
+}
+
+void Utf16Buffer::appendUtf8(std::string_view bytes)
+{
+    if (!appendValidUtf8(bytes))
+        append(QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size())));
+}
+
+// Leaves alone what the string type treats in a way of its own: malformed bytes and a mark of the
+// byte order at the start.
+bool Utf16Buffer::appendValidUtf8(std::string_view bytes)
+{
+    if (bytes.substr(0, 3) == "\xEF\xBB\xBF")
+        return false;
+    const int start = size();
+    const char* next = bytes.data();
+    const char* const end = next + bytes.size();
+    QChar* out = extend(static_cast<int>(bytes.size()));
+    while (next != end) {
+        if (end - next >= kAsciiStep && isAsciiStep(next)) {
+            out = widen(next, next + kAsciiStep, out);
+            next += kAsciiStep;
+        } else if (static_cast<uchar>(*next) < 0x80) {
+            *out++ = QChar(static_cast<uchar>(*next++));
+        } else {
+            const auto character = readCharacter(reinterpret_cast<const uchar*>(next), end - next);
+            if (character.length == 0) {
+                mUnits.resize(start);
+                return false;
+            }
+            out = writeCharacter(character.code, out);
+            next += character.length;
+        }
+    }
+    mUnits.resize(static_cast<int>(out - mUnits.constData()));
+    return true;
+}
+
+} // namespace tarvomime
