@@ -56,14 +56,15 @@ TEST(AllocationCount, OfACanonicalName)
     EXPECT_EQ(allocationCount() - before, 1) << "the field, not its name";
 }
 
-// Pieces are slices of the body: an entry and its place in a list, or a place in the list of pieces
-// and one in the map, but no copy of any text. Lists of 1024 double 11 times.
+// Pieces are slices of the body, and no text is copied: a mailbox takes an entry, its list and, in
+// Qt 5, a node of that list; a parameter takes a node of the map and, in Qt 5, one of the list of
+// pieces. Lists of 1024 double 11 times.
 TEST(AllocationCount, OfParsingTypedFields)
 {
     const QByteArray addresses = QByteArray("someone@example.org, ").repeated(1023) + "a@x";
-    EXPECT_LE(allocationsOfParsingBody<EMAIL_AddrList>(addresses), 2 * 1024 + 11);
+    EXPECT_LE(allocationsOfParsingBody<EMAIL_AddrList>(addresses), 3 * 1024 + 11);
     QByteArray parameters("text/plain");
     for (int i = 0; i < 1024; ++i)
         parameters += "; p" + QByteArray::number(i) + "=value";
-    EXPECT_LE(allocationsOfParsingBody<EMAIL_ContentType>(parameters), 2 * 1024 + 11);
+    EXPECT_LE(allocationsOfParsingBody<EMAIL_ContentType>(parameters), 2 * 1024 + 2 * 11);
 }
