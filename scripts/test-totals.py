@@ -12,19 +12,25 @@ import pathlib
 import sys
 import xml.etree.ElementTree as ElementTree
 
-OUTCOME_OF_STATUS = {"run": "passed", "fail": "failed", "notrun": "skipped", "disabled": "skipped"}
-
-
 def outcome_of_gtest_case(case):
     if case.get("failures"):
         return "failed"
     return "passed" if case["result"] == "COMPLETED" else "skipped"
 
 
+def outcome_of_ctest_case(case):
+    status = case.get("status")
+    if status == "run":
+        return "passed"
+    if status == "disabled":
+        return "skipped"
+    # A test that could not be started, or whose fixture failed, is called "skipped" there as well.
+    skipped = case.find("skipped")
+    return "skipped" if skipped is not None and skipped.get("message", "").startswith("SKIP_") else "failed"
+
+
 def outcomes_of_ctest_case(case, folder):
-    outcome = OUTCOME_OF_STATUS[case.get("status")]
-    if outcome == "skipped" and case.find("skipped") is None:
-        outcome = "failed"
+    outcome = outcome_of_ctest_case(case)
     report = folder / (case.get("name") + ".json")
     if not report.exists():
         return [outcome]
