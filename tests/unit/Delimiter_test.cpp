@@ -42,7 +42,7 @@ void PrintTo(const DelimiterRow& row, std::ostream* out)
 void expectAsInRules(const QByteArray& text, const QByteArray& boundary, int position, int end,
                      int searches)
 {
-    DelimiterFinder finder(viewOf(text), searches);
+    DelimiterFinder finder(text.constData(), {0, int(text.size())}, searches);
     DelimiterIndex::Matches matches;
     const Delimiter delimiter = finder.find({position, end}, viewOf(boundary), matches);
     const literal::Delimiter expected = literal::findDelimiter(text, position, end, boundary);
@@ -68,7 +68,7 @@ TEST_P(DelimiterRows, FindsTheNext)
     const DelimiterRow& row = GetParam();
     const int end = int(row.text.size()) - row.cutOff;
     for (const int searches : {neverIndex, alwaysIndex}) {
-        DelimiterFinder finder(viewOf(row.text), searches);
+        DelimiterFinder finder(row.text.constData(), {0, end}, searches);
         DelimiterIndex::Matches matches;
         const Delimiter delimiter = finder.find({row.position, end}, viewOf(row.boundary), matches);
         EXPECT_EQ(delimiter.found, row.found) << searches;

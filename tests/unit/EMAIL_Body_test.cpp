@@ -343,6 +343,41 @@ TEST(EMAIL_Body, GivesPartsByIndex)
     EXPECT_TRUE(body.insertBodyPart(new EMAIL_BodyPart, 3)) << "the count itself";
 }
 
+TEST(EMAIL_Body, DeletesTheEnclosedMessageThenTheParts)
+{
+    std::vector<int> deaths;
+    struct Mortal
+    {
+        std::vector<int>& list;
+        int number;
+        ~Mortal() { list.push_back(number); }
+    };
+    struct Part : EMAIL_BodyPart
+    {
+        Part(std::vector<int>& list, int number) : mortal{list, number} {}
+        Mortal mortal;
+    };
+    struct Message : EMAIL_Message
+    {
+        Message(std::vector<int>& list, int number) : mortal{list, number} {}
+        Mortal mortal;
+    };
+    {
+        EMAIL_Body body;
+        for (const int number : {1, 2, 3})
+            body.insertBodyPart(new Part(deaths, number), -1);
+        body.mMessage = new Message(deaths, 0);
+    }
+    EXPECT_EQ(deaths, (std::vector<int>{0, 1, 2, 3}));
+    Part kept(deaths, 4);
+    {
+        EMAIL_Body body;
+        body.mBodyParts.setAutoDelete(false);
+        body.insertBodyPart(&kept, 0);
+    }
+    EXPECT_EQ(deaths.size(), 4U) << "a list that does not own its parts keeps them alive";
+}
+
 TEST(EMAIL_Body, GivesItsText)
 {
     EMAIL_Body body;

@@ -9,16 +9,12 @@
 
 #include <QFile>
 #include <functional>
-#include <limits>
 
 namespace tarvomime {
 
 namespace {
 
 constexpr std::size_t blockSize = 32768;
-
-// Positions are of type int. A byte array's own head counts towards its largest size as well.
-constexpr std::size_t longestText = std::numeric_limits<int>::max() - 64;
 
 // The header's own buffer goes once neither it nor its fields refer to it.
 void moveHeader(EMAIL_Header& header, const QCString& text)
@@ -39,7 +35,7 @@ void moveHeader(EMAIL_Header& header, const QCString& text)
 
 bool MemoryAssembly::write(std::string_view text)
 {
-    if (text.size() > longestText - static_cast<std::size_t>(mBuffer.size()))
+    if (static_cast<qint64>(text.size()) > mLimit - position())
         return false;
     mBuffer.append(text.data(), static_cast<int>(text.size()));
     return true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <limits>
 #include <string_view>
 #include <vector>
 
@@ -17,6 +18,12 @@ namespace tarvomime {
 class MemoryAssembly
 {
 public:
+    /// Positions are of type int, and a byte array's own head counts towards its largest size too.
+    static constexpr int longestText = std::numeric_limits<int>::max() - 64;
+
+    explicit MemoryAssembly(int limit = longestText) : mLimit(limit) {}
+
+    /// False, and nothing added, when the whole would be longer than the limit.
     bool write(std::string_view text);
     /// Writes the body's text as it stands; the bytes of a file-backed body stay in their file.
     bool writeLeaf(const EMAIL_Body& body, const EMAIL_Header& header);
@@ -41,6 +48,7 @@ private:
         int start;
     };
 
+    qint64 mLimit;
     QByteArray mBuffer;
     std::vector<Slice> mSlices;
     std::vector<HeaderSlice> mHeaders;

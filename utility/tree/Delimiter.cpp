@@ -42,9 +42,9 @@ Delimiter delimiterAt(std::string_view text, int start, std::size_t line, std::s
 
 } // namespace
 
-DelimiterFinder::DelimiterFinder(std::string_view text, int searchesBeforeIndex)
-    : mText(text), mIndex(text),
-      mSearchBudget(static_cast<long long>(text.size()) * searchesBeforeIndex)
+DelimiterFinder::DelimiterFinder(const char* data, TextRange range, int searchesBeforeIndex)
+    : mText(viewOf(data, {0, range.end})), mIndex(mText, range.start),
+      mSearchBudget(static_cast<long long>(range.length()) * searchesBeforeIndex)
 {
 }
 

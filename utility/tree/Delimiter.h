@@ -22,7 +22,7 @@ struct Delimiter
 
 /// Finds delimiters in the bodies of one message, however these nest.
 ///
-/// Each body is searched byte by byte until the bodies together have cost as much as a few walks
+/// Each body is searched byte by byte until the bodies together have cost as much as two walks
 /// over the whole text. Only a message that nests deeper than real mail does gets there; from then
 /// on bodies look into an index of all delimiter lines, and the cost stays linear in the text.
 ///
@@ -33,10 +33,10 @@ struct Delimiter
 class DelimiterFinder
 {
 public:
-    /// `text` must outlive the finder.
-    explicit DelimiterFinder(std::string_view text, int searchesBeforeIndex = 4);
+    /// For bodies within `range` of `data`, which must outlive the finder.
+    DelimiterFinder(const char* data, TextRange range, int searchesBeforeIndex = 2);
 
-    /// The next delimiter of `boundary` in `range` of the text, at or behind its start. `cache` is
+    /// The next delimiter of `boundary` in `range` of the data, at or behind its start. `cache` is
     /// one for each body, empty at first.
     Delimiter find(TextRange range, std::string_view boundary, DelimiterIndex::Matches& cache);
 

@@ -32,8 +32,8 @@ void DelimiterIndex::build()
 {
     if (std::exchange(mBuilt, true))
         return;
-    for (std::size_t position = mText.find(lineStart); position != std::string_view::npos;
-         position = mText.find(lineStart, position + 1))
+    std::size_t position = mText.find(lineStart, static_cast<std::size_t>(mStart));
+    for (; position != std::string_view::npos; position = mText.find(lineStart, position + 1))
         mStarts.push_back(static_cast<int>(position));
     mOrder.reserve(mStarts.size());
     for (int number = 0; number < static_cast<int>(mStarts.size()); ++number)

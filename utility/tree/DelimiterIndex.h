@@ -29,7 +29,8 @@ public:
         const std::vector<int>* positions = nullptr;
     };
 
-    explicit DelimiterIndex(std::string_view text) : mText(text) {}
+    /// Over the lines of `text` from the position `start` on.
+    DelimiterIndex(std::string_view text, int start) : mText(text), mStart(start) {}
 
     /// Whether the index can answer for this boundary: one that itself holds the start of a
     /// delimiter line reaches across lines of the index.
@@ -58,6 +59,7 @@ private:
     }
 
     std::string_view mText;
+    int mStart;
     // Ordered by the text behind "--".
     std::vector<Line> mOrder;
     // The position of the LF in front of each line, ascending.

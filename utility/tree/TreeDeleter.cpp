@@ -5,6 +5,7 @@
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_Message.h"
 
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -14,16 +15,18 @@ namespace {
 
 using Orphans = std::vector<EMAIL_Entity*>;
 
+// The list is emptied from its end: the enclosed message goes first, then the parts in their order.
 void moveChildren(EMAIL_Body& body, Orphans& orphans)
 {
+    if (body.mBodyParts.autoDelete()) {
+        orphans.insert(orphans.end(), std::make_reverse_iterator(body.mBodyParts.end()),
+                       std::make_reverse_iterator(body.mBodyParts.begin()));
+        body.mBodyParts.setAutoDelete(false);
+        body.mBodyParts.clear();
+        body.mBodyParts.setAutoDelete(true);
+    }
     if (EMAIL_Message* message = std::exchange(body.mMessage, nullptr))
         orphans.push_back(message);
-    if (!body.mBodyParts.autoDelete())
-        return;
-    orphans.insert(orphans.end(), body.mBodyParts.begin(), body.mBodyParts.end());
-    body.mBodyParts.setAutoDelete(false);
-    body.mBodyParts.clear();
-    body.mBodyParts.setAutoDelete(true);
 }
 
 } // namespace

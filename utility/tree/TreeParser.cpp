@@ -26,21 +26,15 @@ const EMAIL_ContentType* contentTypeOf(const EMAIL_Body& body)
     return entity == nullptr ? nullptr : entity->mHeader->getContentType();
 }
 
-bool isWithin(TextRange range, TextRange outer)
-{
-    return range.start >= outer.start && range.end <= outer.end;
-}
-
 // A body in memory can reach this with a range that it kept from another time: what lies outside
 // the given bytes is left alone.
 void narrowRange(EMAIL_Body& body, const char* data, TextRange given)
 {
-    if (body.mLength <= 0 || body.mOffset < 0 || body.mLength > given.end - body.mOffset)
+    const bool isInside =
+        body.mLength > 0 && body.mOffset >= given.start && body.mLength <= given.end - body.mOffset;
+    if (!isInside)
         return;
-    const TextRange stored{body.mOffset, body.mOffset + body.mLength};
-    if (!isWithin(stored, given))
-        return;
-    const TextRange kept = withoutLineBreaks(data, stored);
+    const TextRange kept = withoutLineBreaks(data, {body.mOffset, body.mOffset + body.mLength});
     body.mOffset = kept.start;
     body.mLength = kept.length();
 }
@@ -54,7 +48,7 @@ void parseComponent(Component& component, const char* data, int start, int lengt
     if (path.isEmpty())
         TreeParser(component.mString).parse(component, data, range);
     else
-        TreeParser(path, data, range.end).parse(component, data, range);
+        TreeParser(path, data, range).parse(component, data, range);
 }
 
 } // namespace
@@ -70,12 +64,12 @@ void parseBody(EMAIL_Body& body, const char* data, int start, int length, const 
 }
 
 TreeParser::TreeParser(const QCString& text)
-    : mText(text), mData(mText.begin()), mDelimiters(mText.view())
+    : mText(text), mData(mText.begin()), mDelimiters(mData, {0, mText.length()})
 {
 }
 
-TreeParser::TreeParser(const QString& path, const char* data, int size)
-    : mPath(path), mData(data), mDelimiters(viewOf(data, {0, size}))
+TreeParser::TreeParser(const QString& path, const char* data, TextRange range)
+    : mPath(path), mData(data), mDelimiters(data, range)
 {
 }
 

@@ -26,9 +26,9 @@ class TreeParser
 public:
     /// For a component in memory: every text below it is a slice of `text`, its own text.
     explicit TreeParser(const QCString& text);
-    /// For a component in the file `path`, which holds `size` bytes at `data`: bodies stay ranges
-    /// of the file.
-    TreeParser(const QString& path, const char* data, int size);
+    /// For a component that is `range` of `data`, the content of the file `path`: bodies stay
+    /// ranges of the file.
+    TreeParser(const QString& path, const char* data, TextRange range);
 
     /// In memory the header is taken from `data`, the body from the entity's own text.
     void parse(EMAIL_Entity& entity, const char* data, TextRange range);

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "utility/tree/AssemblySinks.h"
+
+#include "tests/support/RecordingFile.h"
+#include "utility/EMAIL_Field.h"
+#include "utility/EMAIL_Header.h"
+#include "utility/EMAIL_Message.h"
+
+#include <string>
+
+using namespace tarvomime;
+
+TEST(MemoryAssembly, HandsOutSlicesOfOneText)
+{
+    EMAIL_Message first;
+    EMAIL_Message second;
+    MemoryAssembly sink;
+    EXPECT_TRUE(sink.write("ab"));
+    sink.handOut(first, 1);
+    EXPECT_TRUE(sink.write("cd"));
+    sink.handOut(second, 0);
+    EXPECT_TRUE(sink.finish(true));
+    EXPECT_EQ(first.getMessage(), "b");
+    EXPECT_EQ(second.getMessage(), "abcd");
+    EXPECT_EQ(first.getMessage().begin(), second.getMessage().begin() + 1);
+}
+
+TEST(MemoryAssembly, MovesAHeaderWithItsFields)
+{
+    EMAIL_Header header(QCString("A: 1\r\nB: 2\r\nEmpty:\r\n"), nullptr);
+    header.parse();
+    header.assemble();
+    MemoryAssembly sink;
+    EXPECT_TRUE(sink.write("--b\r\n") && sink.write(header.getMessage().view()));
+    sink.handOutHeader(header, 5);
+    EXPECT_TRUE(sink.finish(true));
+    EXPECT_EQ(header.getMessage(), "A: 1\r\nB: 2\r\n");
+    EXPECT_EQ(header.getField("B")->getMessage(), "B: 2\r\n");
+    EXPECT_EQ(header.getField("B")->getMessage().begin(), header.getMessage().begin() + 6);
+    EXPECT_EQ(header.getField("Empty")->getMessage(), "");
+}
+
+TEST(MemoryAssembly, GivesATextBeyondItsLimitUp)
+{
+    EMAIL_Message message(QCString("old"), nullptr);
+    MemoryAssembly sink(4);
+    EXPECT_TRUE(sink.write("abc"));
+    EXPECT_FALSE(sink.write("de")) << "five bytes";
+    EXPECT_EQ(sink.position(), 3);
+    EXPECT_TRUE(sink.write("d"));
+    EXPECT_FALSE(sink.write("e"));
+    sink.handOut(message, 0);
+    EXPECT_FALSE(sink.finish(false));
+    EXPECT_EQ(message.getMessage(), "old");
+}
+
+// Every way of filling a block, with the text in one piece and in many.
+TEST(FileAssembly, WritesBlocks)
+{
+    for (const std::size_t size : {0U, 1U, 32767U, 32768U, 32769U, 65536U, 70000U}) {
+        for (const std::size_t piece : {1U, 7U, 1000U, 32767U, 32768U, 32769U, 100000U}) {
+            const std::string text(size, 'x');
+            RecordingFile file;
+            FileAssembly sink(file);
+            for (std::size_t i = 0; i < size; i += piece)
+                EXPECT_TRUE(sink.write(std::string_view(text).substr(i, piece)));
+            EXPECT_TRUE(sink.finish(true));
+            EXPECT_EQ(file.written().size(), int(size));
+            for (const qint64 length : file.writes())
+                EXPECT_LE(length, 32768) << size << " in pieces of " << piece;
+            EXPECT_EQ(file.writes().size(), (size + 32767) / 32768) << "in pieces of " << piece;
+        }
+    }
+}
+
+TEST(FileAssembly, KeepsWhatCameBeforeAFailure)
+{
+    RecordingFile file;
+    FileAssembly sink(file);
+    EXPECT_TRUE(sink.write("abc"));
+    EXPECT_FALSE(sink.finish(false));
+    EXPECT_EQ(file.written(), "abc");
+}
+
+TEST(FileAssembly, RefusesAFileThatIsNotOpenForWriting)
+{
+    QFile closed(QStringLiteral("/nowhere/at/all"));
+    FileAssembly sink(closed);
+    EXPECT_FALSE(sink.finish(true)) << "even with nothing to write";
+}
