@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/Base64.h"
 
+#include "utility/codec/Base64Stretch.h"
 #include "utility/codec/Base64Tables.h"
 #include "utility/codec/Sinks.h"
 
@@ -12,6 +13,7 @@ namespace {
 
 constexpr int kLineLength = 76;
 constexpr int kGroupsInLine = kLineLength / 4;
+constexpr int kBytesInLine = kGroupsInLine * 3;
 
 class Base64Encoder
 {
@@ -24,12 +26,12 @@ public:
 
     char* run(char* next, char* limit)
     {
+        next = writeStretch(next, limit);
         while (mEnd - mNext >= 3 && next < limit) {
             next = writeGroup(next, mNext[0], mNext[1], mNext[2]);
             mNext += 3;
-            mColumn += 4;
-            if (mColumn == kLineLength && mBreakLines)
-                next = breakLine(next);
+            if (mBreakLines && (mColumn += 4) == kLineLength)
+                next = writeStretch(breakLine(next), limit);
         }
         return next;
     }
@@ -46,6 +48,31 @@ public:
     }
 
 private:
+    // Whole lines and the groups of the last one, or any groups where lines are not broken.
+    char* writeStretch(char* next, char* limit)
+    {
+        if (mColumn != 0)
+            return next;
+        if (mBreakLines)
+            next = write(encodeBase64Lines, next, limit);
+        if (!mBreakLines || mEnd - mNext < kBytesInLine) {
+            char* const start = next;
+            next = write(encodeBase64Run, next, limit);
+            mColumn = mBreakLines ? static_cast<int>(next - start) : 0;
+        }
+        return next;
+    }
+
+    char* write(decltype(encodeBase64Run) encode, char* next, char* limit)
+    {
+        if (next >= limit)
+            return next;
+        const Stretch done = encode(mNext, static_cast<std::size_t>(mEnd - mNext), next,
+                                    static_cast<std::size_t>(limit - next));
+        mNext += done.read;
+        return next + done.written;
+    }
+
     static char* writeGroup(char* next, unsigned a, unsigned b, unsigned c)
     {
         next[0] = kBase64Digits[a >> 2];
@@ -72,26 +99,58 @@ private:
 class Base64Decoder
 {
 public:
-    explicit Base64Decoder(std::string_view text) : mNext(text.data()), mEnd(mNext + text.size()) {}
+    Base64Decoder(std::string_view text, NulByte nulByte)
+        : mNext(text.data()), mEnd(mNext + text.size()), mNulByte(nulByte)
+    {
+    }
 
     char* run(char* next, char* limit)
     {
-        unsigned char values[4];
-        while (next < limit && takeGroup(values))
-            next = writeGroup(next, values[0], values[1], values[2], values[3]);
+        while (next < limit && mNext != mEnd) {
+            next = writeStretch(next, limit);
+            next = walkLine(next, limit);
+        }
         return next;
     }
 
     char* finish(char* next) const { return next; }
 
 private:
+    // Regular lines, or the digits up to the first byte that is none.
+    char* writeStretch(char* next, char* limit)
+    {
+        while (mNext != mEnd && *mNext != '\0' && valueOf(*mNext) == kBase64Skipped)
+            ++mNext;
+        for (const auto decode : {decodeBase64Lines, decodeBase64Run}) {
+            const Stretch done = decode(mNext, static_cast<std::size_t>(mEnd - mNext), next,
+                                        static_cast<std::size_t>(limit - next));
+            mNext += done.read;
+            next += done.written;
+        }
+        return next;
+    }
+
+    // The plain walk, up to the end of a line of the usual length: there a new stretch may begin.
+    char* walkLine(char* next, char* limit)
+    {
+        unsigned char values[4];
+        for (int groups = 0; groups < kGroupsInLine && next < limit && takeGroup(values); ++groups)
+            next = writeGroup(next, values[0], values[1], values[2], values[3]);
+        return next;
+    }
+
+    static unsigned char valueOf(char c) { return kBase64Values[static_cast<unsigned char>(c)]; }
+
     bool takeGroup(unsigned char (&values)[4])
     {
         int collected = 0;
         while (collected < 4 && mNext != mEnd) {
-            const unsigned char value = kBase64Values[static_cast<unsigned char>(*mNext++)];
+            const char c = *mNext++;
+            const unsigned char value = valueOf(c);
             if (value != kBase64Skipped)
                 values[collected++] = value;
+            else if (c == '\0' && mNulByte == NulByte::EndsText)
+                mNext = mEnd;
         }
         return collected == 4;
     }
@@ -110,6 +169,7 @@ private:
 
     const char* mNext;
     const char* mEnd;
+    NulByte mNulByte;
 };
 
 // A size that would not fit wraps round to less than this, and no memory has this much room.
@@ -147,11 +207,11 @@ void appendBase64(QByteArray& out, std::string_view bytes)
     encoder.finish(encoder.run(next, next + length));
 }
 
-QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength)
+QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength, NulByte nulByte)
 {
     if (text.empty())
         return {};
-    auto decoded = runInMemory(Base64Decoder(text), (text.size() + 3) / 4 * 3);
+    auto decoded = runInMemory(Base64Decoder(text, nulByte), (text.size() + 3) / 4 * 3);
     if (!decoded)
         return {};
     *decodedLength = static_cast<unsigned long>(decoded->size());
@@ -160,7 +220,7 @@ QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength)
 
 std::size_t decodeBase64To(std::string_view text, char* out)
 {
-    return runInto(Base64Decoder(text), out, text.size());
+    return runInto(Base64Decoder(text, NulByte::IsData), out, text.size());
 }
 
 QByteArray decodeBase64(const char* text, unsigned long* decodedLength)
@@ -173,7 +233,7 @@ QByteArray decodeBase64(const char* text, unsigned long* decodedLength)
 int decodeBase64(const char* text, int length, QFile* out, const ProgressCallback& callback)
 {
     const std::size_t used = text == nullptr ? 0 : static_cast<std::size_t>(std::max(length, 0));
-    return runToFile(Base64Decoder({text, used}), out, callback);
+    return runToFile(Base64Decoder({text, used}, NulByte::IsData), out, callback);
 }
 
 } // namespace tarvomime

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "utility/EMAIL_Util.h"
+#include "utility/codec/NulByte.h"
 
 #include <QByteArray>
 #include <string_view>
@@ -23,9 +24,9 @@ int encodeBase64(const char* data, unsigned long length, QFile* out, bool breakL
 /// Appends the base64 of `bytes`, in one run, to `out`.
 void appendBase64(QByteArray& out, std::string_view bytes);
 
-/// Decodes all of `text`, NUL bytes included (they are skipped like any foreign byte). With an
-/// empty text or no memory the result is empty and `*decodedLength` is left alone.
-QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength);
+/// With an empty text or no memory the result is empty and `*decodedLength` is left alone.
+QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength,
+                        NulByte nulByte = NulByte::IsData);
 /// The same into `out`, which has room for the text's length and kDecodingSlack bytes. Returns the
 /// number of bytes produced.
 std::size_t decodeBase64To(std::string_view text, char* out);

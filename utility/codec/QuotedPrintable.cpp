@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/QuotedPrintable.h"
 
+#include "utility/codec/QuotedPrintableStretch.h"
+#include "utility/codec/QuotedPrintableTables.h"
 #include "utility/codec/Sinks.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tarvomime {
 
 namespace {
-
-constexpr std::string_view kHexDigits = "0123456789ABCDEF";
-/// A line is broken once it has passed this column.
-constexpr int kLastColumn = 68;
 
 // A byte that is no digit; see the list in the header.
 constexpr unsigned char kNoDigit = 70;
@@ -40,11 +39,14 @@ public:
 
     char* run(char* next, char* limit)
     {
+        if (!mBreakLines)
+            next = writeStretch(encodeQpRun, next, limit);
         while (next < limit) {
             if (mBreakDue)
                 next = writeSoftBreak(next);
             else if (mNext != mEnd)
-                next = writeByte(next, *mNext++);
+                next = mBreakLines && mColumn == 0 ? startLine(next, limit)
+                                                   : writeByte(next, *mNext++);
             else
                 break;
         }
@@ -61,6 +63,21 @@ public:
     }
 
 private:
+    char* writeStretch(decltype(encodeQpRun) encode, char* next, char* limit)
+    {
+        const Stretch done = encode(mNext, static_cast<std::size_t>(mEnd - mNext), next,
+                                    static_cast<std::size_t>(limit - next));
+        mNext += done.read;
+        return next + done.written;
+    }
+
+    // All whole lines, and the first byte of what is left.
+    char* startLine(char* next, char* limit)
+    {
+        next = writeStretch(encodeQpLines, next, limit);
+        return mNext != mEnd && next < limit ? writeByte(next, *mNext++) : next;
+    }
+
     char* writeByte(char* next, char c)
     {
         const auto byte = static_cast<unsigned char>(c);
@@ -73,7 +90,7 @@ private:
             *next++ = c;
         }
         mColumn += static_cast<int>(next - start);
-        mBreakDue = mBreakLines && c != '\r' && mColumn > kLastColumn;
+        mBreakDue = mBreakLines && c != '\r' && mColumn > kQpLastColumn;
         return next;
     }
 
@@ -82,10 +99,7 @@ private:
     {
         mBreakDue = false;
         mColumn = 0;
-        *next++ = '=';
-        *next++ = '\r';
-        *next++ = '\n';
-        return next;
+        return std::copy(kQpSoftBreak.begin(), kQpSoftBreak.end(), next);
     }
 
     const char* mNext;
@@ -99,15 +113,18 @@ private:
 class QpDecoder
 {
 public:
-    explicit QpDecoder(std::string_view text) : mNext(text.data()), mEnd(mNext + text.size()) {}
+    QpDecoder(std::string_view text, NulByte nulByte)
+        : mNext(text.data()), mEnd(mNext + text.size()), mNulByte(nulByte)
+    {
+    }
 
     char* run(char* next, char* limit)
     {
         while (next < limit && mNext != mEnd) {
-            if (*mNext == '=')
-                next = readEscape(next);
-            else
-                *next++ = *mNext++;
+            const Stretch done = decodeQpRun(mNext, static_cast<std::size_t>(mEnd - mNext), next,
+                                             static_cast<std::size_t>(limit - next));
+            mNext += done.read;
+            next = walk(next + done.written, limit);
         }
         return next;
     }
@@ -115,12 +132,28 @@ public:
     char* finish(char* next) const { return next; }
 
 private:
+    // The plain walk, past whatever has stopped a stretch: there a new one may begin.
+    char* walk(char* next, char* limit)
+    {
+        constexpr std::ptrdiff_t kWalked = 64;
+        const char* const stop = mNext + std::min(kWalked, mEnd - mNext);
+        while (next < limit && mNext < stop) {
+            if (*mNext == '=')
+                next = readEscape(next);
+            else if (endsText(*mNext))
+                mNext = mEnd;
+            else
+                *next++ = *mNext++;
+        }
+        return next;
+    }
+
     char* readEscape(char* next)
     {
         const auto left = mEnd - mNext;
         if (left >= 2 && mNext[1] == '\n') {
             mNext += 2;
-        } else if (left < 3) {
+        } else if (left < 3 || endsText(mNext[1]) || endsText(mNext[2])) {
             mNext = mEnd;
         } else {
             if (mNext[1] != '\r' || mNext[2] != '\n')
@@ -130,19 +163,26 @@ private:
         return next;
     }
 
+    bool endsText(char c) const { return c == '\0' && mNulByte == NulByte::EndsText; }
+
     static int digit(char c) { return kHexValues[static_cast<unsigned char>(c)]; }
 
     const char* mNext;
     const char* mEnd;
+    NulByte mNulByte;
 };
 
 // A size that would not fit wraps round to less than this, and no memory has this much room.
 constexpr unsigned long kLongestInput = ~0UL / 8;
+// Nothing of a longer input is looked at before there is room for its encoding.
+constexpr unsigned long kLongestCounted = 1UL << 31;
 
-// Each byte as an escape, a soft break for each 69 columns, CR LF.
-std::size_t longestEncoding(unsigned long length)
+// The exact number of columns, and a soft break for each 69 of them at most, and CR LF.
+std::size_t longestEncoding(const char* data, unsigned long length, bool breakLines)
 {
-    return 3 * length + 9 * length / 68 + 3;
+    const std::size_t escapes = length > kLongestCounted ? length : countQpEscapes(data, length);
+    const std::size_t columns = length + 2 * escapes;
+    return columns + (breakLines ? columns / (kQpLastColumn + 1) * kQpSoftBreak.size() + 2 : 0);
 }
 
 } // namespace
@@ -151,7 +191,8 @@ QByteArray encodeQp(const char* data, unsigned long length, bool breakLines)
 {
     if (data == nullptr || length > kLongestInput)
         return {};
-    return runInMemory(QpEncoder(data, length, breakLines), longestEncoding(length))
+    return runInMemory(QpEncoder(data, length, breakLines),
+                       longestEncoding(data, length, breakLines))
         .value_or(QByteArray());
 }
 
@@ -160,9 +201,9 @@ int encodeQp(const char* data, unsigned long length, QFile* out, bool breakLines
     return runToFile(QpEncoder(data, data == nullptr ? 0 : length, breakLines), out, nullptr);
 }
 
-QByteArray decodeQp(std::string_view text, unsigned long* decodedLength)
+QByteArray decodeQp(std::string_view text, unsigned long* decodedLength, NulByte nulByte)
 {
-    auto decoded = runInMemory(QpDecoder(text), text.size());
+    auto decoded = runInMemory(QpDecoder(text, nulByte), text.size());
     if (!decoded)
         return {};
     *decodedLength = static_cast<unsigned long>(decoded->size());
@@ -171,7 +212,7 @@ QByteArray decodeQp(std::string_view text, unsigned long* decodedLength)
 
 std::size_t decodeQpTo(std::string_view text, char* out)
 {
-    return runInto(QpDecoder(text), out, text.size());
+    return runInto(QpDecoder(text, NulByte::IsData), out, text.size());
 }
 
 QByteArray decodeQp(const char* text, unsigned long* decodedLength)
@@ -184,7 +225,7 @@ QByteArray decodeQp(const char* text, unsigned long* decodedLength)
 int decodeQp(const char* text, int length, QFile* out, const ProgressCallback& callback)
 {
     const std::size_t used = text == nullptr ? 0 : static_cast<std::size_t>(std::max(length, 0));
-    return runToFile(QpDecoder({text, used}), out, callback);
+    return runToFile(QpDecoder({text, used}, NulByte::IsData), out, callback);
 }
 
 } // namespace tarvomime

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "utility/EMAIL_Util.h"
+#include "utility/codec/NulByte.h"
 
 #include <QByteArray>
-#include <array>
 #include <string_view>
 
 /// Quoted-printable (RFC 2045, section 6.7): the rules behind `EMAIL_Util::encQp` and `decQp`.
@@ -22,18 +22,12 @@
 /// 3. "=" with fewer than two bytes behind it ends the text, a soft line break apart.
 namespace tarvomime {
 
-/// Whether the encoder writes a byte as "=XX".
-constexpr bool isQpEscaped(unsigned char byte)
-{
-    return byte <= '#' || byte == '=' || byte >= 0x7F;
-}
-
 QByteArray encodeQp(const char* data, unsigned long length, bool breakLines);
 int encodeQp(const char* data, unsigned long length, QFile* out, bool breakLines);
 
-/// Decodes all of `text`, NUL bytes included. With no memory the result is empty and
-/// `*decodedLength` is left alone.
-QByteArray decodeQp(std::string_view text, unsigned long* decodedLength);
+/// With no memory the result is empty and `*decodedLength` is left alone.
+QByteArray decodeQp(std::string_view text, unsigned long* decodedLength,
+                    NulByte nulByte = NulByte::IsData);
 /// The same into `out`, which has room for the text's length and kDecodingSlack bytes. Returns the
 /// number of bytes produced.
 std::size_t decodeQpTo(std::string_view text, char* out);

@@ -2,8 +2,10 @@
 #include "utility/codec/Sinks.h"
 
 #include <QFile>
+#include <cstdint>
 #include <limits>
 #include <new>
+#include <sys/mman.h>
 #include <utility>
 
 namespace tarvomime {
@@ -15,11 +17,26 @@ using ArraySize = decltype(QByteArray().size());
 // Room for the terminator and for the array's own head.
 constexpr std::size_t kLongestArray = std::numeric_limits<ArraySize>::max() - 64;
 
+// A page touched for the first time costs more than filling it: ask for large ones.
+void preferHugePages([[maybe_unused]] char* start, [[maybe_unused]] std::size_t length)
+{
+#ifdef MADV_HUGEPAGE
+    constexpr std::uintptr_t kHugePage = std::uintptr_t(1) << 21;
+    const auto address = reinterpret_cast<std::uintptr_t>(start);
+    const std::uintptr_t first = (address + kHugePage - 1) / kHugePage * kHugePage;
+    const std::uintptr_t last = (address + length) / kHugePage * kHugePage;
+    // A wish: where it is not granted the memory is as good.
+    if (first < last)
+        madvise(start + (first - address), last - first, MADV_HUGEPAGE);
+#endif
+}
+
 } // namespace
 
 MemorySink::MemorySink(QByteArray array)
     : mArray(std::move(array)), mStart(mArray.data()), mNext(mStart)
 {
+    preferHugePages(mStart, static_cast<std::size_t>(mArray.size()));
 }
 
 std::optional<MemorySink> MemorySink::withCapacity(std::size_t capacity)
@@ -27,7 +44,8 @@ std::optional<MemorySink> MemorySink::withCapacity(std::size_t capacity)
     if (capacity > kLongestArray)
         return std::nullopt;
     try {
-        return MemorySink(QByteArray(static_cast<ArraySize>(capacity), Qt::Uninitialized));
+        // One byte more, so that the limit lies past the last one.
+        return MemorySink(QByteArray(static_cast<ArraySize>(capacity + 1), Qt::Uninitialized));
     } catch (const std::bad_alloc&) {
         return std::nullopt;
     }

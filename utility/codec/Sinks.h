@@ -31,8 +31,8 @@ public:
     static std::optional<MemorySink> withCapacity(std::size_t capacity);
 
     char* next() const { return mNext; }
-    /// Lies past the room: a codec that was given enough never reaches it.
-    char* limit() const { return mStart + mArray.size() + 1; }
+    /// A codec that was given enough room never reaches it.
+    char* limit() const { return mStart + mArray.size(); }
     void advanceTo(char* next) { mNext = next; }
     int flush() { return 0; }
     QByteArray takeResult();

@@ -4,6 +4,7 @@
 #include "utility/codec/Base64.h"
 #include "utility/codec/BlockWriter.h"
 #include "utility/codec/QuotedPrintable.h"
+#include "utility/codec/QuotedPrintableStretch.h"
 
 #include <algorithm>
 #include <array>
@@ -37,10 +38,9 @@ unsigned long asLength(int length)
     return static_cast<unsigned long>(std::max(length, 0));
 }
 
-std::string_view upToNul(const QCString& text)
+QByteArray copyUpToNul(std::string_view text)
 {
-    const std::string_view bytes = text.view();
-    return bytes.substr(0, bytes.find('\0'));
+    return QByteArray(text.data(), static_cast<int>(std::min(text.find('\0'), text.size())));
 }
 
 } // namespace
@@ -70,8 +70,7 @@ int guessTransferEncoding(const char* data, int length)
     if (data == nullptr)
         return CTE_QUOTED_PRINTABLE;
     const int examined = std::clamp(length, 0, kGuessedBytes);
-    const auto escapes = std::count_if(
-        data, data + examined, [](char c) { return isQpEscaped(static_cast<unsigned char>(c)); });
+    const std::size_t escapes = countQpEscapes(data, static_cast<std::size_t>(examined));
     return escapes > 0 && static_cast<double>(escapes) > examined * 0.1 ? CTE_BASE64
                                                                         : CTE_QUOTED_PRINTABLE;
 }
@@ -105,14 +104,13 @@ int encodeTransfer(const char* data, int length, QFile* file, int encoding)
 void decodeTransfer(const QCString& in, QByteArray& out, int encoding)
 {
     // The decoders get the slice itself: ending it with a NUL would copy it.
-    const std::string_view text = upToNul(in);
     unsigned long decodedLength = 0;
     if (encoding == CTE_QUOTED_PRINTABLE)
-        out = decodeQp(text, &decodedLength);
+        out = decodeQp(in.view(), &decodedLength, NulByte::EndsText);
     else if (encoding == CTE_BASE64)
-        out = decodeBase64(text, &decodedLength);
+        out = decodeBase64(in.view(), &decodedLength, NulByte::EndsText);
     else
-        out = QByteArray(text.data(), static_cast<int>(text.size()));
+        out = copyUpToNul(in.view());
 }
 
 int decodeTransfer(const char* data, int length, QFile* file, int encoding,

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+// Quoted-printable on one vector. Included once for each kind of processor, hence the toggling
+// guard.
+#if defined(TARVOMIME_QUOTED_PRINTABLE_VECTORS) == defined(HWY_TARGET_TOGGLE)
+#ifdef TARVOMIME_QUOTED_PRINTABLE_VECTORS
+#undef TARVOMIME_QUOTED_PRINTABLE_VECTORS
+#else
+#define TARVOMIME_QUOTED_PRINTABLE_VECTORS
+#endif
+
+#include "utility/codec/QuotedPrintableTables.h"
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <hwy/highway.h>
+
+// Processors with AVX-512 VBMI2 drop any of 64 bytes in one step. The others do it for 8 bytes by a
+// table.
+#define TARVOMIME_HAS_VBMI2 (HWY_TARGET == HWY_AVX3_DL)
+
+HWY_BEFORE_NAMESPACE();
+namespace tarvomime {
+namespace HWY_NAMESPACE {
+namespace {
+
+namespace hn = hwy::HWY_NAMESPACE;
+
+using Block = hn::Full128<std::uint8_t>;
+/// The processor's own width, 64 bytes at most.
+using Wide = hn::CappedTag<std::uint8_t, HWY_ARCH_X86 ? 64 : 16>;
+
+#if TARVOMIME_HAS_VBMI2
+using Compacted = Wide;
+#else
+using Compacted = Block;
+#endif
+
+template <class D>
+using Bytes = hn::VFromD<D>;
+template <class D>
+using ByteMask = decltype(hn::Eq(Bytes<D>(), Bytes<D>()));
+
+/// One bit for each byte, the first byte's lowest.
+template <class D>
+HWY_INLINE std::uint64_t bitsOf(D d, ByteMask<D> mask)
+{
+    std::uint64_t bits = 0;
+    std::uint8_t stored[sizeof bits] = {};
+    hn::StoreMaskBits(d, mask, stored);
+    std::memcpy(&bits, stored, sizeof bits);
+    return bits;
+}
+
+constexpr std::uint64_t lowBits(std::size_t count)
+{
+    return count >= 64 ? ~std::uint64_t{0} : (std::uint64_t{1} << count) - 1;
+}
+
+template <class D>
+HWY_INLINE ByteMask<D> isEscaped(D d, Bytes<D> bytes)
+{
+    const auto fromFirstPlain = hn::Sub(bytes, hn::Set(d, kQpFirstPlain));
+    return hn::Or(hn::Gt(fromFirstPlain, hn::Set(d, kQpLastPlain - kQpFirstPlain)),
+                  hn::Eq(bytes, hn::Set(d, '=')));
+}
+
+template <class D>
+HWY_INLINE Bytes<D> upperDigit(D d, Bytes<D> bytes)
+{
+    const auto table = hn::LoadDup128(d, reinterpret_cast<const std::uint8_t*>(kHexDigits.data()));
+    return hn::TableLookupBytes(table, hn::ShiftRight<4>(bytes));
+}
+
+template <class D>
+HWY_INLINE Bytes<D> lowerDigit(D d, Bytes<D> bytes)
+{
+    const auto table = hn::LoadDup128(d, reinterpret_cast<const std::uint8_t*>(kHexDigits.data()));
+    return hn::TableLookupBytes(table, hn::And(bytes, hn::Set(d, 0x0F)));
+}
+
+/// The values of hexadecimal digits of either case, and which bytes are such digits.
+template <class D>
+struct HexDigits
+{
+    Bytes<D> value;
+    ByteMask<D> valid;
+};
+
+template <class D>
+HWY_INLINE HexDigits<D> hexDigits(D d, Bytes<D> bytes)
+{
+    const auto number = hn::Sub(bytes, hn::Set(d, '0'));
+    const auto letter = hn::Sub(hn::Or(bytes, hn::Set(d, 0x20)), hn::Set(d, 'a'));
+    const auto isNumber = hn::Lt(number, hn::Set(d, 10));
+    const auto isLetter = hn::Lt(letter, hn::Set(d, 6));
+    return {hn::IfThenElse(isNumber, number, hn::Add(letter, hn::Set(d, 10))),
+            hn::Or(isNumber, isLetter)};
+}
+
+#if TARVOMIME_HAS_VBMI2
+
+HWY_INLINE ByteMask<Wide> maskOf(Wide d, std::uint64_t bits)
+{
+    std::uint8_t stored[8];
+    std::memcpy(stored, &bits, sizeof bits);
+    return hn::LoadMaskBits(d, stored);
+}
+
+/// Stores the bytes whose bits are set in `kept`, side by side, and returns their count. The store
+/// is as long as the vector.
+HWY_INLINE std::size_t compact(Wide d, Bytes<Wide> bytes, std::uint64_t kept, std::uint8_t* out)
+{
+    hn::StoreU(hn::Compress(bytes, maskOf(d, kept)), d, out);
+    return static_cast<std::size_t>(std::popcount(kept));
+}
+
+/// Encodes 16 bytes without line breaks and returns the length of the result, 48 at most. Stores
+/// up to 64 bytes.
+HWY_INLINE std::size_t expand(const std::uint8_t* in, std::uint8_t* out)
+{
+    // Each byte three times, the upper digit to be in the middle.
+    alignas(64) static constexpr auto kTripled = [] {
+        std::array<std::uint8_t, 64> from{};
+        for (std::size_t i = 0; i < 48; ++i)
+            from[i] = static_cast<std::uint8_t>(i / 3);
+        return from;
+    }();
+    constexpr std::uint64_t kFirsts = 0x0000'2492'4924'9249;
+    constexpr std::uint64_t kLasts = kFirsts << 2;
+
+    const Wide d;
+    const auto bytes = hn::TableLookupBytes(hn::LoadDup128(d, in), hn::Load(d, kTripled.data()));
+    const auto escaped = isEscaped(d, bytes);
+    const auto lasts = hn::IfThenElse(escaped, lowerDigit(d, bytes), bytes);
+    const auto middles = hn::IfThenElse(maskOf(d, kFirsts << 1), upperDigit(d, bytes), lasts);
+    const auto units = hn::IfThenElse(maskOf(d, kFirsts), hn::Set(d, '='), middles);
+    return compact(d, units, (bitsOf(d, escaped) & lowBits(48)) | kLasts, out);
+}
+
+#else
+
+/// For each set of bits: the places of the bytes to keep, first ones first.
+constexpr auto kKept = [] {
+    std::array<std::array<std::uint8_t, 16>, 256> table{};
+    for (std::size_t set = 0; set < table.size(); ++set) {
+        std::size_t count = 0;
+        for (std::uint8_t bit = 0; bit < 8; ++bit) {
+            if ((set >> bit & 1) != 0)
+                table[set][count++] = bit;
+        }
+    }
+    return table;
+}();
+
+/// Stores the bytes whose bits are set in `kept`, side by side, and returns their count. The stores
+/// reach up to 8 bytes further than the vector.
+HWY_INLINE std::size_t compact(Block d, Bytes<Block> bytes, std::uint64_t kept, std::uint8_t* out)
+{
+    const std::size_t lower = kept & 0xFF;
+    const std::size_t upper = kept >> 8 & 0xFF;
+    const auto fromUpper = hn::Add(hn::LoadU(d, kKept[upper].data()), hn::Set(d, 8));
+    const auto count = static_cast<std::size_t>(std::popcount(lower));
+    hn::StoreU(hn::TableLookupBytes(bytes, hn::LoadU(d, kKept[lower].data())), d, out);
+    hn::StoreU(hn::TableLookupBytes(bytes, fromUpper), d, out + count);
+    return count + static_cast<std::size_t>(std::popcount(upper));
+}
+
+/// For each set of escaped ones among four bytes: where the units come from in a block of the four
+/// bytes, their upper digits, their lower digits and four "=".
+constexpr auto kUnits = [] {
+    std::array<std::array<std::uint8_t, 16>, 16> table{};
+    for (std::size_t set = 0; set < table.size(); ++set) {
+        std::size_t count = 0;
+        for (std::uint8_t byte = 0; byte < 4; ++byte) {
+            if ((set >> byte & 1) == 0) {
+                table[set][count++] = byte;
+                continue;
+            }
+            table[set][count++] = 12;
+            table[set][count++] = static_cast<std::uint8_t>(4 + byte);
+            table[set][count++] = static_cast<std::uint8_t>(8 + byte);
+        }
+    }
+    return table;
+}();
+
+HWY_INLINE std::size_t expandFour(Bytes<Block> sources, std::size_t escaped, std::uint8_t* out)
+{
+    const Block d;
+    hn::StoreU(hn::TableLookupBytes(sources, hn::LoadU(d, kUnits[escaped].data())), d, out);
+    return 4 + 2 * static_cast<std::size_t>(std::popcount(escaped));
+}
+
+/// Encodes 16 bytes without line breaks and returns the length of the result, 48 at most. Stores
+/// up to 64 bytes.
+HWY_INLINE std::size_t expand(const std::uint8_t* in, std::uint8_t* out)
+{
+    const Block d;
+    const hn::Repartition<std::uint32_t, Block> d32;
+    const hn::Repartition<std::uint64_t, Block> d64;
+    const auto bytes = hn::LoadU(d, in);
+    const std::uint64_t escaped = bitsOf(d, isEscaped(d, bytes));
+    const auto plain = hn::BitCast(d32, bytes);
+    const auto uppers = hn::BitCast(d32, upperDigit(d, bytes));
+    const auto lowers = hn::BitCast(d32, lowerDigit(d, bytes));
+    const auto equals = hn::BitCast(d32, hn::Set(d, '='));
+    // Four by four: bytes and upper digits side by side, then lower digits and "=" behind them.
+    const auto first = hn::BitCast(d64, hn::InterleaveLower(d32, plain, uppers));
+    const auto second = hn::BitCast(d64, hn::InterleaveUpper(d32, plain, uppers));
+    const auto firstRest = hn::BitCast(d64, hn::InterleaveLower(d32, lowers, equals));
+    const auto secondRest = hn::BitCast(d64, hn::InterleaveUpper(d32, lowers, equals));
+    const Bytes<Block> sources[4] = {hn::BitCast(d, hn::InterleaveLower(d64, first, firstRest)),
+                                     hn::BitCast(d, hn::InterleaveUpper(d64, first, firstRest)),
+                                     hn::BitCast(d, hn::InterleaveLower(d64, second, secondRest)),
+                                     hn::BitCast(d, hn::InterleaveUpper(d64, second, secondRest))};
+    std::size_t written = 0;
+    for (std::size_t four = 0; four < 4; ++four)
+        written += expandFour(sources[four], escaped >> (4 * four) & 0x0F, out + written);
+    return written;
+}
+
+#endif
+
+} // namespace
+} // namespace HWY_NAMESPACE
+} // namespace tarvomime
+HWY_AFTER_NAMESPACE();
+
+#endif
