@@ -156,6 +156,31 @@ TEST(TransferEncodingDecode, InMemoryEndsAtNul)
     EXPECT_EQ(out, "YWJj");
 }
 
+TEST(TransferEncodingDecode, InMemoryEndsAtNulWhereverItStands)
+{
+    const QByteArray text = (QByteArray("QUFB").repeated(19) + "\r\n").repeated(6);
+    for (const int encoding : {CTE_BASE64, CTE_QUOTED_PRINTABLE, CTE_8BIT}) {
+        for (int position = 0; position < text.size(); ++position) {
+            QByteArray broken = text;
+            broken[position] = '\0';
+            QByteArray upToNul;
+            QByteArray whole;
+            EMAIL_Util::decFromCTE(QCString(text.left(position)), upToNul, encoding);
+            EMAIL_Util::decFromCTE(QCString::fromBytes(broken), whole, encoding);
+            ASSERT_EQ(whole, upToNul) << encoding << ' ' << position;
+        }
+    }
+}
+
+TEST(TransferEncodingDecode, AnEscapeCutByNulIsDropped)
+{
+    for (const QByteArray& end : {QByteArray("=\0A", 3), QByteArray("=4\0", 3)}) {
+        QByteArray out;
+        EMAIL_Util::decFromCTE(QCString::fromBytes("ab" + end + "cd"), out, CTE_QUOTED_PRINTABLE);
+        EXPECT_EQ(out, "ab");
+    }
+}
+
 TEST(TransferEncodingDecode, InMemoryReadsASliceOnly)
 {
     QByteArray out;
