@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "bench/codecs/Jobs.h"
+#include "utility/EMAIL_Util.h"
+
+namespace bench {
+
+namespace {
+
+constexpr const char* kName = "tarvomime";
+
+std::size_t size(const QByteArray& result)
+{
+    return static_cast<std::size_t>(result.size());
+}
+
+std::size_t encodeBase64(const std::string& in)
+{
+    return size(EMAIL_Util::encB64(in.data(), in.size(), 1));
+}
+
+std::size_t encodeBase64Unbroken(const std::string& in)
+{
+    return size(EMAIL_Util::encB64(in.data(), in.size(), 0));
+}
+
+std::size_t decodeBase64(const std::string& in)
+{
+    unsigned long length = 0;
+    return size(EMAIL_Util::decB64(in.c_str(), &length));
+}
+
+std::size_t encodeQp(const std::string& in)
+{
+    return size(EMAIL_Util::encQp(in.data(), in.size(), 1));
+}
+
+std::size_t decodeQp(const std::string& in)
+{
+    unsigned long length = 0;
+    return size(EMAIL_Util::decQp(in.c_str(), &length));
+}
+
+// The body of a parsed message: a slice, whose length is known.
+template <int encoding>
+std::size_t decodeBody(const std::string& in)
+{
+    static const std::string* source = nullptr;
+    static QCString body;
+    if (source != &in) {
+        source = &in;
+        body = QCString::fromBytes(QByteArray::fromStdString(in));
+    }
+    QByteArray out;
+    EMAIL_Util::decFromCTE(body, out, encoding);
+    return size(out);
+}
+
+constexpr const char* kBodyName = "tarvomime-body";
+
+const bool addedBodies = addWork(kBodyName, Job::DecodeBase64, decodeBody<CTE_BASE64>) &&
+                         addWork(kBodyName, Job::DecodeBase64Unbroken, decodeBody<CTE_BASE64>) &&
+                         addWork(kBodyName, Job::DecodeQp, decodeBody<CTE_QUOTED_PRINTABLE>);
+
+const bool added = addWork(kName, Job::EncodeBase64, encodeBase64) &&
+                   addWork(kName, Job::EncodeBase64Unbroken, encodeBase64Unbroken) &&
+                   addWork(kName, Job::DecodeBase64, decodeBase64) &&
+                   addWork(kName, Job::DecodeBase64Unbroken, decodeBase64) &&
+                   addWork(kName, Job::EncodeQp, encodeQp) &&
+                   addWork(kName, Job::DecodeQp, decodeQp);
+
+} // namespace
+
+} // namespace bench
