@@ -40,9 +40,11 @@ void readDisposition(const EMAIL_Header& header, int charset, PartFacts& facts)
     facts.disposition =
         disposition->mIsAttachment != 0 ? QStringLiteral("attachment") : QStringLiteral("inline");
     facts.fileName = fieldParameter(disposition->mBody, "filename", charset);
-    // A name under any other parameter is what the library's users see.
-    if (facts.fileName.isEmpty())
-        EMAIL_Util::decode_2047_String(disposition->getFileName(), facts.fileName, charset);
+    // A name under any other parameter is what the library's users see; it keeps a lone pair of
+    // quotes.
+    const QCString stored = disposition->getFileName();
+    if (facts.fileName.isEmpty() && stored != "\"\"")
+        EMAIL_Util::decode_2047_String(stored, facts.fileName, charset);
 }
 
 /// Base64 makes 4 characters of 3 bytes; line ends are not told apart from them.

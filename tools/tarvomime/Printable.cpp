@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/tarvomime/Printable.h"
 
+#include "tools/tarvomime/Utf8.h"
+
 #include <algorithm>
 #include <cstdio>
 
@@ -9,51 +11,6 @@ namespace tarvomime::tool {
 namespace {
 
 using Byte = unsigned char;
-
-/// One character of a text: its code point and length, or a single byte that is no UTF-8.
-struct Character
-{
-    char32_t codePoint;
-    std::size_t length;
-    bool valid;
-};
-
-std::size_t lengthByLead(Byte lead)
-{
-    if (lead < 0x80)
-        return 1;
-    if (lead >= 0xC2 && lead <= 0xDF)
-        return 2;
-    if (lead >= 0xE0 && lead <= 0xEF)
-        return 3;
-    return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
-}
-
-bool isScalarOfLength(char32_t codePoint, std::size_t length)
-{
-    constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
-    const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-    return codePoint >= smallest[length] && codePoint <= 0x10FFFF && !surrogate;
-}
-
-Character firstCharacter(std::string_view text)
-{
-    const auto lead = static_cast<Byte>(text.front());
-    const std::size_t length = lengthByLead(lead);
-    const Character lone{lead, 1, false};
-    if (length == 1)
-        return {lead, 1, true};
-    if (length == 0 || length > text.size())
-        return lone;
-    char32_t codePoint = lead & (0x7Fu >> length);
-    for (const char c : text.substr(1, length - 1)) {
-        const auto byte = static_cast<Byte>(c);
-        if ((byte & 0xC0) != 0x80)
-            return lone;
-        codePoint = codePoint << 6 | (byte & 0x3Fu);
-    }
-    return isScalarOfLength(codePoint, length) ? Character{codePoint, length, true} : lone;
-}
 
 /// Embeddings, overrides and isolates reorder what stands around them; the two separators end a
 /// line where no line feed is.
@@ -163,6 +120,17 @@ QByteArray printableLine(const QString& text)
 {
     const QByteArray bytes = text.toUtf8();
     return printableLine({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+QString readableAddresses(const QString& addresses)
+{
+    QString out;
+    for (const QChar c : addresses.simplified()) {
+        if (c == '<' && !out.isEmpty() && out.back() != ' ' && out.back() != ',')
+            out += ' ';
+        out += c;
+    }
+    return out;
 }
 
 } // namespace tarvomime::tool

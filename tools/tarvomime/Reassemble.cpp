@@ -28,7 +28,9 @@ void reassemble(const ReassembleOptions& options, Session& session)
         return;
     }
     EMAIL_Message message;
-    parseStored(file, message);
+    // In memory no line end is added to a body, so that the result stays what it is when it is
+    // reassembled again.
+    parseInMemory(file, message);
     writeMessage(message, options.out, file.size(), session);
 }
 

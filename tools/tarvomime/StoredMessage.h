@@ -7,13 +7,19 @@ namespace tarvomime::tool {
 
 class InputFile;
 
-/// Parses `file` into `message`. Bodies stay in the file, as ranges of it, where the library can
-/// open it again to read them; otherwise (a read-only file, a name that Qt cannot spell) the
-/// message is taken into memory.
+/// Parses `file` into `message`, which must not outlive it. Bodies stay ranges of the file where
+/// the library can open it again to read them; otherwise (a read-only file, a name that Qt cannot
+/// spell) the message is parsed in memory.
 void parseStored(const InputFile& file, EMAIL_Message& message);
+
+/// Parses `file` in memory: every text of `message`, which must not outlive it, is a slice of the
+/// mapping.
+void parseInMemory(const InputFile& file, EMAIL_Message& message);
 
 /// Parses `file` without any way to read bodies through the library: all stay ranges of the file.
 /// For commands that look at structure only, or read the ranges themselves.
 void parseRanges(const InputFile& file, EMAIL_Message& message);
+/// The same for the message that is `length` bytes of the file from `offset` on.
+void parseRange(const InputFile& file, int offset, int length, EMAIL_Message& message);
 
 } // namespace tarvomime::tool

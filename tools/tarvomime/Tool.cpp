@@ -23,12 +23,21 @@ constexpr const char* kFooter =
 
 void addCommands(CLI::App& tool, Session& session)
 {
+    addShow(tool, session);
+    addTree(tool, session);
+    addText(tool, session);
+    addCalendar(tool, session);
+    addList(tool, session);
+    addExtract(tool, session);
+    addLint(tool, session);
     addHeaders(tool, session);
     addReassemble(tool, session);
+    addSendable(tool, session);
+    addCompose(tool, session);
+    addInvite(tool, session);
     addEncode(tool, session);
     addDecode(tool, session);
     addWords(tool, session);
-    addTree(tool, session);
 }
 
 /// CLI11 reads an argument like "[a,b]" as a list of values, and there are mail folders called

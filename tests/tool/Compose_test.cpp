@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "tests/tool/ToolRunner.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+const QStringList kEnvelope = {"--from", "Mira <m@a.example>", "--to", "j@b.example"};
+
+QByteArray everyByte()
+{
+    QByteArray bytes;
+    for (int i = 0; i < 70000; ++i)
+        bytes += char(i % 256);
+    return bytes;
+}
+
+} // namespace
+
+TEST(Compose, WritesAPlainMessage)
+{
+    const ToolRunner tool;
+    const ToolResult result =
+        tool.run(QStringList("compose") + kEnvelope +
+                 QStringList{"--to", "k@b.example", "--cc", "c@b.example", "--subject", "Grüße",
+                             "--text", "one\ntwo", "--receipt"});
+    EXPECT_EQ(result.status, 0) << testing::PrintToString(result);
+    const std::string mail = result.out.toStdString();
+    EXPECT_THAT(mail, HasSubstr("From: Mira <m@a.example>\r\n"));
+    EXPECT_THAT(mail, HasSubstr("To: j@b.example,\r\n\tk@b.example\r\n"));
+    EXPECT_THAT(mail, HasSubstr("Cc: c@b.example\r\n"));
+    EXPECT_THAT(mail, HasSubstr("Subject: =?utf-8?b?R3LDvMOfZQ==?=\r\n"));
+    EXPECT_THAT(mail, HasSubstr("Date: "));
+    EXPECT_THAT(mail, HasSubstr("Mime-Version: 1.0\r\n"));
+    EXPECT_THAT(mail, HasSubstr("Disposition-Notification-To: m@a.example\r\n"));
+    EXPECT_THAT(mail, HasSubstr("\r\n\r\none\r\ntwo"));
+}
+
+TEST(Compose, TextComesBackAsItWasGiven)
+{
+    const ToolRunner tool;
+    const QByteArray text = "Grüße aus Köln 😀\nzweite Zeile = 2\n";
+    for (const QStringList& more : {QStringList(), QStringList({"--attach", "x"}),
+                                    QStringList({"--charset", "iso-8859-1"})}) {
+        tool.write("x", "y");
+        const ToolResult result = tool.run(QStringList("compose") + kEnvelope +
+                                               QStringList{"--text", "-", "--out", "a.eml"} + more,
+                                           text);
+        EXPECT_EQ(result.status, 0) << testing::PrintToString(result);
+        EXPECT_EQ(tool.run({"text", "a.eml"}).out, text) << more.join(' ').toStdString();
+    }
+}
+
+TEST(Compose, AttachmentsComeBackByteForByte)
+{
+    const ToolRunner tool;
+    tool.write("bytes.bin", everyByte());
+    tool.write("Grüße \"x\".txt", "zw\xC3\xB6lf\n");
+    tool.write("empty.pdf", "");
+    QFile::setPermissions(tool.write("readonly.bin", everyByte()), QFile::ReadOwner);
+    tool.write("inner.eml", "Subject: inner\r\n\r\nbody");
+    ASSERT_EQ(tool.run(QStringList("compose") + kEnvelope +
+                       QStringList{"--text", "hi", "--out", "a.eml", "--attach", "bytes.bin",
+                                   "Grüße \"x\".txt", "empty.pdf", "readonly.bin", "inner.eml"})
+                  .status,
+              0);
+    const ToolResult result = tool.run({"extract", "a.eml", "--out", "out"});
+    EXPECT_EQ(result.status, 0) << testing::PrintToString(result);
+    EXPECT_EQ(tool.read("out/bytes.bin"), everyByte());
+    EXPECT_EQ(tool.read("out/Grüße 'x'.txt"), "zw\xC3\xB6lf\n");
+    EXPECT_EQ(tool.read("out/readonly.bin"), everyByte());
+    EXPECT_EQ(tool.read("out/inner.eml"), "Subject: inner\r\n\r\nbody");
+    EXPECT_EQ(tool.read("out/empty.pdf"), "");
+    EXPECT_EQ(tool.run({"lint", "a.eml"}).out, "");
+}
+
+TEST(Compose, MissingAttachmentLeavesNoMessage)
+{
+    const ToolRunner tool;
+    const ToolResult result = tool.run(QStringList("compose") + kEnvelope +
+                                       QStringList{"--attach", "missing", "--out", "a.eml"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "tarvomime: missing: No such file or directory\n");
+    EXPECT_EQ(tool.files(), QStringList());
+}
+
+struct InjectionRow
+{
+    const char* name;
+    QStringList arguments;
+};
+
+class Injection : public testing::TestWithParam<InjectionRow>
+{
+};
+
+TEST_P(Injection, IsRefused)
+{
+    const ToolRunner tool;
+    tool.write("x.ics", "BEGIN:VCALENDAR\r\n");
+    const ToolResult result = tool.run(GetParam().arguments);
+    EXPECT_EQ(result.status, 2) << testing::PrintToString(result);
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(result.err.toStdString(),
+                HasSubstr("line breaks and control characters do not belong into a header"));
+    EXPECT_THAT(result.err.toStdString(), testing::StartsWith("tarvomime: --"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tool, Injection,
+    testing::Values(
+        InjectionRow{"From", {"compose", "--from", "a@b\r\nBcc: x@y", "--to", "c@d"}},
+        InjectionRow{"To", {"compose", "--from", "a@b", "--to", "c@d\nBcc: x@y"}},
+        InjectionRow{"SecondTo", {"compose", "--from", "a@b", "--to", "c@d", "--to", "e\rf"}},
+        InjectionRow{"Cc", {"compose", "--from", "a@b", "--to", "c@d", "--cc", "x\r\n\r\nbody"}},
+        InjectionRow{"Subject", {"compose", "--from", "a", "--to", "b", "--subject", "x\nBcc: y"}},
+        InjectionRow{"SubjectWithEscape",
+                     {"compose", "--from", "a", "--to", "b", "--subject", "x\x1By"}},
+        InjectionRow{"AttachmentName",
+                     {"compose", "--from", "a", "--to", "b", "--attach", "x\r\nBcc: y"}},
+        InjectionRow{"InviteSubject",
+                     {"invite", "--from", "a", "--to", "b", "--ics", "x.ics", "--subject", "x\ny"}},
+        InjectionRow{"InviteMethod",
+                     {"invite", "--from", "a", "--to", "b", "--ics", "x.ics", "--method", "x\ny"}}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(Invite, CarriesTextAndCalendar)
+{
+    const ToolRunner tool;
+    const QByteArray calendar =
+        "BEGIN:VCALENDAR\r\nMethod: cancel\r\nSUMMARY:Grüße\r\nEND:VCALENDAR\r\n";
+    tool.write("x.ics", calendar);
+    const ToolResult result =
+        tool.run(QStringList("invite") + kEnvelope +
+                 QStringList{"--ics", "x.ics", "--text", "Passt das?", "--out", "a.eml"});
+    EXPECT_EQ(result.status, 0) << testing::PrintToString(result);
+    EXPECT_EQ(tool.run({"text", "a.eml"}).out, "Passt das?\n");
+    EXPECT_EQ(tool.run({"calendar", "a.eml"}).out.trimmed(), calendar.trimmed());
+    EXPECT_THAT(tool.read("a.eml").toStdString(), HasSubstr("method=cancel"));
+    EXPECT_EQ(tool.run({"lint", "a.eml"}).out, "");
+}
+
+TEST(Invite, MissingCalendarIsAnErrorLine)
+{
+    const ToolRunner tool;
+    const ToolResult result =
+        tool.run(QStringList("invite") + kEnvelope + QStringList{"--ics", "missing"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "tarvomime: missing: No such file or directory\n");
+}
+
+TEST(Sendable, RemovesWhatMustNotBeSent)
+{
+    const ToolRunner tool;
+    tool.write("a.eml",
+               "Subject: s\r\nBcc: x@y\r\nX-QRN-DSN: 1\r\nX-QRN-Message-Body-Size: 9\r\n"
+               "Content-Type: multipart/mixed; boundary=b\r\n\r\n"
+               "--b\r\nContent-Type: text/plain\r\nX-QRN-AS-Attn-Undownload: 1\r\n\r\nt\r\n"
+               "--b--\r\n");
+    for (const bool readOnly : {false, true}) {
+        if (readOnly)
+            QFile::setPermissions(tool.path("a.eml"), QFile::ReadOwner);
+        const ToolResult result = tool.run({"sendable", "a.eml"});
+        EXPECT_EQ(result.status, 0);
+        EXPECT_THAT(result.out.toStdString(), HasSubstr("Subject: s\r\n"));
+        EXPECT_THAT(result.out.toStdString(), Not(HasSubstr("Bcc")));
+        EXPECT_THAT(result.out.toStdString(), Not(HasSubstr("X-QRN")));
+        EXPECT_THAT(result.out.toStdString(), HasSubstr("\r\n\r\nt\r\n"));
+    }
+}
