@@ -259,6 +259,8 @@ QCString& QCString::append(char c)
 
 QCString& QCString::appendBytes(const char* bytes, int count)
 {
+    if (count > std::numeric_limits<int>::max() - mLength)
+        return *this = fromLiteral("");
     // Keep the buffer's spare room when this text is all of it; otherwise start one of its own.
     QByteArray buffer = mOffset == 0 && mLength == mBuffer.size()
                             ? std::exchange(mBuffer, QByteArray())

@@ -25,6 +25,8 @@
 /// - Case conversion and case-insensitive search know ASCII letters only, so that no locale changes
 ///   how mail is read.
 ///
+/// Lengths are `int`: a text that would grow beyond them becomes empty.
+///
 /// Texts are not synchronised: `data()` may terminate the slice in place even on a const object.
 class TARVOMIME_EXPORT QCString
 {

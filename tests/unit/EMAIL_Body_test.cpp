@@ -616,3 +616,18 @@ TEST(EMAIL_Body, AssemblyReportsAFullDisk)
     EXPECT_EQ(entriesOf("/proc/self/fd"), descriptors);
     EXPECT_EQ(mappingsOf(path), 0);
 }
+
+TEST(EMAIL_Body, PassesOverWhatAnApplicationTookOut)
+{
+    EMAIL_Message message(QCString("Content-Type: multipart/mixed; boundary=b\n\n"
+                                   "--b\nA: 1\n\none\n--b\nB: 2\n\ntwo\n--b--\n"),
+                          nullptr);
+    message.parse();
+    EMAIL_Body& body = *message.mBody;
+    ASSERT_EQ(body.numBodyParts(), 2);
+    body.mBodyParts.append(nullptr);
+    body.assemble();
+    EXPECT_EQ(body.getMessage(), "--b\r\nA: 1\r\n\r\none\r\n--b\r\nB: 2\r\n\r\ntwo\r\n--b--\r\n");
+    delete body.bodyPart(0)->mBody;
+    body.bodyPart(0)->mBody = nullptr;
+}

@@ -51,8 +51,12 @@ TEST_P(TypedGetter, ParsesTheFirstFieldOnce)
     EXPECT_EQ(field->mParsed, 0);
     EXPECT_EQ(GetParam().get(header), field);
     EXPECT_EQ(field->mParsed, 1);
+    field->assemble();
+    const QCString written = field->getMessage();
     field->mBody = "changed/changed";
-    EXPECT_EQ(GetParam().get(header), field) << "parsed is parsed";
+    EXPECT_EQ(GetParam().get(header), field);
+    field->assemble();
+    EXPECT_EQ(field->getMessage(), written) << "parsed is parsed";
 }
 
 TEST_P(TypedGetter, TakesNoFieldOfAnotherClass)

@@ -60,6 +60,15 @@ TEST(TwoWaySplitAliasing, AnOutputMayBeTheSource)
     EXPECT_EQ(right, "b");
 }
 
+TEST(TwoWaySplitAliasing, AnOutputMayBeTheSeparator)
+{
+    QCString separator("::");
+    QCString right;
+    EMAIL_Util::split(separator, "a::b", separator, right, false);
+    EXPECT_EQ(separator, "a");
+    EXPECT_EQ(right, "b");
+}
+
 namespace {
 
 struct ListRow

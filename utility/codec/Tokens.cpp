@@ -19,13 +19,14 @@ void splitAtFirst(const QCString& separator, const QCString& source, QCString& l
 {
     if (source.isEmpty())
         return;
-    // An output may be the source itself.
+    // An output may be the source or the separator itself.
     const QCString text = source;
     const std::string_view all = text.view();
     const std::size_t position = all.find(separator.view());
+    const std::size_t behind = position + separator.view().size();
     left = text.slice(piece(all.substr(0, position), strip));
     if (position != std::string_view::npos)
-        right = text.slice(piece(all.substr(position + separator.view().size()), strip));
+        right = text.slice(piece(all.substr(behind), strip));
 }
 
 QValueList<QCString> splitAtEvery(const QCString& separator, const QCString& source, bool strip)

@@ -97,7 +97,7 @@ private:
     bool enterPart(Level& level)
     {
         EMAIL_BodyPart* part = level.body->bodyPart(level.nextPart++);
-        return writeDelimiter(*level.body, "\r\n") && enterEntity(*part);
+        return part == nullptr || (writeDelimiter(*level.body, "\r\n") && enterEntity(*part));
     }
 
     bool leave()

@@ -40,7 +40,9 @@ void deleteChildren(EMAIL_Body& body)
     while (!orphans.empty()) {
         EMAIL_Entity* entity = orphans.back();
         orphans.pop_back();
-        moveChildren(*entity->mBody, orphans);
+        // Applications reach every member: a body may be gone, and a list may hold a null.
+        if (entity != nullptr && entity->mBody != nullptr)
+            moveChildren(*entity->mBody, orphans);
         delete entity;
     }
 }
