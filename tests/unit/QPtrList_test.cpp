@@ -2,6 +2,7 @@
 #include "types/QPtrList.h"
 #include "types/QValueList.h"
 
+#include <memory>
 #include <vector>
 
 namespace {
@@ -27,15 +28,15 @@ using QPtrListTest = Fixture;
 
 TEST_F(QPtrListTest, RefersToItsItemsUnlessToldToOwn)
 {
-    Counted item(alive);
+    const std::unique_ptr<Counted> item(fresh());
     {
         QPtrList<Counted> list;
         EXPECT_FALSE(list.autoDelete());
-        list.append(&item);
+        list.append(item.get());
         EXPECT_TRUE(list.remove(0));
-        list.append(&item);
+        list.append(item.get());
         list.clear();
-        list.append(&item);
+        list.append(item.get());
     }
     EXPECT_EQ(alive, 1);
 }
@@ -87,9 +88,9 @@ TEST_F(QPtrListTest, RefusesWhatIsOutOfRange)
     EXPECT_FALSE(list.remove(0));
     EXPECT_FALSE(list.remove(-1));
     EXPECT_FALSE(list.insert(0, nullptr));
-    Counted item(alive);
-    EXPECT_FALSE(list.insert(1, &item));
-    EXPECT_FALSE(list.insert(-1, &item));
+    const std::unique_ptr<Counted> item(fresh());
+    EXPECT_FALSE(list.insert(1, item.get()));
+    EXPECT_FALSE(list.insert(-1, item.get()));
     EXPECT_TRUE(list.isEmpty());
 }
 
