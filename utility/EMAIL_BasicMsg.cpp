@@ -25,9 +25,9 @@ EMAIL_BasicMsg::EMAIL_BasicMsg()
 EMAIL_BasicMsg::EMAIL_BasicMsg(const QString& raw)
 {
     // A text that is too long for the interface gives an empty message.
-    if (raw.size() <= std::numeric_limits<int>::max())
-        mLength = static_cast<int>(raw.size());
-    mMessage = new (std::nothrow) EMAIL_Message(toLatin1(raw), nullptr);
+    const bool fits = raw.size() <= std::numeric_limits<int>::max();
+    mLength = fits ? static_cast<int>(raw.size()) : 0;
+    mMessage = new (std::nothrow) EMAIL_Message(fits ? toLatin1(raw) : QCString(), nullptr);
     TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage",
                                "EMAIL_BasicMsg::EMAIL_BasicMsg(const QString&)");
     mMessage->parse();

@@ -137,7 +137,14 @@ void EMAIL_MIME::makeHeaderSendable()
     list.setAutoDelete(false);
     list.clear();
     list.setAutoDelete(true);
+    bool stopped = false;
     for (EMAIL_BodyPart* oldPart : oldParts) {
+        // Behind a part that cannot be read, all stay as they are.
+        stopped = stopped || oldPart == nullptr;
+        if (stopped) {
+            list.append(oldPart);
+            continue;
+        }
         EMAIL_MultiPart part;
         entityToMulitPart(oldPart, part);
         delete oldPart;
@@ -195,6 +202,8 @@ void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity* entity, EMAIL_MultiPart& 
             continue;
         }
         for (const EMAIL_BodyPart* bodyPart : task.entity->mBody->mBodyParts) {
+            if (bodyPart == nullptr)
+                continue;
             auto* subMulitPart = new (std::nothrow) EMAIL_MultiPart(task.part);
             TARVOMIME_CHECK_ALLOCATION(
                 subMulitPart, "subMulitPart",

@@ -4,6 +4,7 @@
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_MIME.h"
+#include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
 #include "utility/Latin1.h"
 #include "utility/tree/MediaType.h"
@@ -17,16 +18,16 @@ namespace {
 
 /// Writes the body of a calendar part to `out` or reads its identifier; other parts are passed
 /// over.
-void handleCalendar(const EMAIL_Entity& entity, QFile* out, QString& partId, int mode)
+void handleCalendar(const EMAIL_Entity* entity, QFile* out, QString& partId, int mode)
 {
-    if (!isCalendar(mediaTypeOf(entity)))
+    if (entity == nullptr || !isCalendar(mediaTypeOf(*entity)))
         return;
     if (mode == 0) {
         EMAIL_MultiPart part;
-        EMAIL_MIME::entityToMulitPart(&entity, part);
+        EMAIL_MIME::entityToMulitPart(entity, part);
         part.getBody(out);
     } else if (mode == 1) {
-        partId = fromLatin1(entity.mHeader->getPartID());
+        partId = fromLatin1(entity->mHeader->getPartID());
     }
 }
 
@@ -55,9 +56,10 @@ int EMAIL_MIME::getCalendarOrPartId(QFile* out, QString& partId, int mode) const
     if (media.type != TYPE_MULTIPART)
         return 0;
     if (isAlternative(media)) {
-        for (int i = 0; i < getMultiPartCount(); ++i) {
-            if (const EMAIL_Entity* part = topLevelPart(i))
-                handleCalendar(*part, out, partId, mode);
+        for (const EMAIL_BodyPart* part : mMessage->mBody->mBodyParts) {
+            if (part == nullptr)
+                return 0;
+            handleCalendar(part, out, partId, mode);
         }
         return 0;
     }
@@ -65,7 +67,7 @@ int EMAIL_MIME::getCalendarOrPartId(QFile* out, QString& partId, int mode) const
     if (first == nullptr || !isAlternative(mediaTypeOf(*first)))
         return 0;
     for (const EMAIL_BodyPart* part : first->mBody->mBodyParts)
-        handleCalendar(*part, out, partId, mode);
+        handleCalendar(part, out, partId, mode);
     return 0;
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/HugeBytes.h"
 #include "tests/support/OpenResources.h"
 #include "tests/support/StoredFile.h"
 #include "utility/EMAIL_BasicMsg.h"
@@ -110,6 +111,35 @@ TEST(EMAIL_BasicMsg, FileThatCannotBeMappedChangesNothing)
     }
     EXPECT_EQ(OpenResources::of(file.path()), before);
 }
+
+TEST(EMAIL_BasicMsg, FileOfTwoGigabytesIsRefused)
+{
+    const StoredFile file(simpleMessage);
+    ASSERT_TRUE(QFile::resize(file.path(), qint64(1) << 31)) << "a file with a hole";
+    const OpenResources before = OpenResources::of(file.path());
+    EMAIL_BasicMsg message;
+    EXPECT_EQ(message.parse(file.path()), -1);
+    EXPECT_EQ(message.mLength, 0);
+    EXPECT_EQ(OpenResources::of(file.path()), before);
+    ASSERT_TRUE(QFile::resize(file.path(), (qint64(1) << 32) + simpleMessage.size()));
+    EXPECT_EQ(message.parse(file.path()), -1) << "the size does not wrap around";
+}
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+TEST(EMAIL_BasicMsg, TextOfTwoGigabytesGivesAnEmptyMessage)
+{
+    const HugeBytes bytes;
+    if (!bytes.isMapped())
+        GTEST_SKIP() << "no address space";
+    const EMAIL_BasicMsg fromBytes(QByteArray::fromRawData(bytes.data(), qsizetype(1) << 31));
+    EXPECT_EQ(fromBytes.mLength, 0);
+    EXPECT_EQ(fromBytes.getHeader()->mFields.count(), 0);
+    const EMAIL_BasicMsg fromText(QString::fromRawData(
+        static_cast<const QChar*>(static_cast<const void*>(bytes.data())), qsizetype(1) << 31));
+    EXPECT_EQ(fromText.mLength, 0);
+    EXPECT_EQ(fromText.getHeader()->mFields.count(), 0);
+}
+#endif
 
 TEST(EMAIL_BasicMsg, FileIsAppendedToTheFieldsThatAreThere)
 {

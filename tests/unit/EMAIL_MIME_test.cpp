@@ -455,6 +455,26 @@ TEST(EMAIL_MIME, SendableMessageHasNoBookkeepingOnAnyLevel)
     EXPECT_EQ(part.getSubMultiPart(1)->getBody(), "<x>");
 }
 
+TEST(EMAIL_MIME, NullPartsAreNoParts)
+{
+    const QByteArray missing("X-QRN-AS-Attn-Undownload: 1\r\n" + plain("1"));
+    EMAIL_MIME mime(messageOf("multipart/alternative", {missing, nested}));
+    EMAIL_Body& inner = *mime.mMessage->mBody->bodyPart(1)->mBody;
+    inner.mBodyParts.append(nullptr);
+    mime.mMessage->mBody->mBodyParts.append(nullptr);
+    const int last = mime.getMultiPartCount() - 1;
+    EMAIL_MultiPart part(nullptr);
+    EXPECT_TRUE(mime.getMultiPart(1, part));
+    EXPECT_EQ(part.getSubMultiPartCount(), 2);
+    EXPECT_FALSE(mime.getMultiPart(last, part));
+    EXPECT_FALSE(mime.isCompleteMessage());
+    RecordingFile file;
+    EXPECT_EQ(mime.getICalendar(&file), 0);
+    mime.makeHeaderSendable();
+    EXPECT_EQ(mime.getMultiPartCount(), last + 1);
+    EXPECT_TRUE(mime.mMessage->mBody->bodyPart(0)->mHeader->isAttDownloaded());
+}
+
 TEST(EMAIL_MIME, SendableSinglePartMessageKeepsItsBody)
 {
     EMAIL_MIME mime(QByteArray("Bcc: a@b\r\nContent-Type: text/html\r\n\r\n<b>"));

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/HugeBytes.h"
 #include "tests/support/OpenResources.h"
 #include "tests/support/RecordingFile.h"
 #include "tests/support/RowNames.h"
@@ -64,6 +65,21 @@ TEST(EMAIL_MultiPartBody, EmptyBytesKeepTheOldOnes)
     EXPECT_EQ(part.mBodyData, "old");
     EXPECT_EQ(part.mBodyLength, 0);
 }
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+TEST(EMAIL_MultiPartBody, BytesOfTwoGigabytesCountAsEmpty)
+{
+    const HugeBytes bytes;
+    if (!bytes.isMapped())
+        GTEST_SKIP() << "no address space";
+    for (const bool isEncoded : {true, false}) {
+        EMAIL_MultiPart part(nullptr);
+        part.setBody(QByteArray::fromRawData(bytes.data(), qsizetype(1) << 31), isEncoded);
+        EXPECT_EQ(part.mBodyLength, 0);
+        EXPECT_TRUE(part.mBodyData.isEmpty());
+    }
+}
+#endif
 
 namespace {
 
