@@ -38,7 +38,7 @@ TEST(Utf16Buffer, Pieces)
     EXPECT_EQ(buffer.toString(), "");
     buffer.appendLatin1("a\xE9");
     buffer.append(QString("b"));
-    *buffer.extend(1) = QChar('c');
+    *buffer.extend(1) = 'c';
     buffer.appendUtf8("\xC3\xA9");
     buffer.appendUtf8({});
     buffer.append(QString());

@@ -77,7 +77,7 @@ void decodeFromCharset(std::string_view bytes, QString& out, int charset)
         return;
     }
     out = QString(static_cast<int>(bytes.size()), Qt::Uninitialized);
-    table->decode(bytes, out.data());
+    table->decode(bytes, reinterpret_cast<ushort*>(out.data()));
 }
 
 void appendFromCharset(std::string_view bytes, int charset, Utf16Buffer& out)

@@ -48,11 +48,11 @@ std::unique_ptr<const SingleByteCharset> SingleByteCharset::readOff(const QTextC
 
 SingleByteCharset::SingleByteCharset(const QString& units, const QByteArray& written)
 {
-    std::copy(units.cbegin(), units.cend(), mUnits.begin());
+    std::copy(units.utf16(), units.utf16() + units.size(), mUnits.begin());
     mPages.emplace_back().fill(kNoByte);
     for (int i = 0; i < units.size(); ++i) {
         const auto byte = static_cast<unsigned char>(written.at(i));
-        if (mUnits[byte] == units.at(i))
+        if (mUnits[byte] == units.at(i).unicode())
             add(units.at(i), byte);
     }
 }
@@ -67,7 +67,7 @@ void SingleByteCharset::add(QChar unit, unsigned char byte)
     mPages[page][unit.cell()] = byte;
 }
 
-void SingleByteCharset::decode(std::string_view bytes, QChar* out) const
+void SingleByteCharset::decode(std::string_view bytes, ushort* out) const
 {
     std::transform(bytes.begin(), bytes.end(), out,
                    [this](char byte) { return mUnits[static_cast<unsigned char>(byte)]; });

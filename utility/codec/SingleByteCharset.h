@@ -25,7 +25,7 @@ public:
     static std::unique_ptr<const SingleByteCharset> readOff(const QTextCodec& codec);
 
     /// Writes what the codec's decoder gives, one unit for each byte, to `out`.
-    void decode(std::string_view bytes, QChar* out) const;
+    void decode(std::string_view bytes, ushort* out) const;
     /// Sets `bytes` to what the codec gives; false, with nothing to be read from `bytes`, when some
     /// unit of `text` does not come back from the bytes it is written as.
     bool encode(const QString& text, QByteArray& bytes) const;
@@ -38,7 +38,7 @@ private:
 
     void add(QChar unit, unsigned char byte);
 
-    std::array<QChar, 256> mUnits;
+    std::array<ushort, 256> mUnits;
     // From a unit's high byte to the page of its low byte; page 0 holds no byte at all.
     std::array<unsigned char, 256> mPageOf{};
     std::vector<Page> mPages;

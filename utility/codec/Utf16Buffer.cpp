@@ -17,9 +17,9 @@ bool isAsciiStep(const char* bytes)
     return (word & 0x8080808080808080ULL) == 0;
 }
 
-QChar* widen(const char* begin, const char* end, QChar* out)
+ushort* widen(const char* begin, const char* end, ushort* out)
 {
-    return std::transform(begin, end, out, [](char c) { return QChar(static_cast<uchar>(c)); });
+    return std::transform(begin, end, out, [](char c) { return static_cast<uchar>(c); });
 }
 
 /// One character of several bytes; `length` 0 when it is malformed (RFC 3629, section 4).
@@ -48,20 +48,20 @@ Utf8Character readCharacter(const uchar* bytes, std::ptrdiff_t left)
     return {code, length};
 }
 
-QChar* writeCharacter(uint code, QChar* out)
+ushort* writeCharacter(uint code, ushort* out)
 {
     if (!QChar::requiresSurrogates(code)) {
-        *out++ = QChar(static_cast<ushort>(code));
+        *out++ = static_cast<ushort>(code);
         return out;
     }
-    *out++ = QChar(QChar::highSurrogate(code));
-    *out++ = QChar(QChar::lowSurrogate(code));
+    *out++ = QChar::highSurrogate(code);
+    *out++ = QChar::lowSurrogate(code);
     return out;
 }
 
 } // namespace
 
-QChar* Utf16Buffer::extend(int count)
+ushort* Utf16Buffer::extend(int count)
 {
     const int start = size();
     mUnits.resize(start + count);
@@ -70,7 +70,7 @@ QChar* Utf16Buffer::extend(int count)
 
 void Utf16Buffer::append(const QString& text)
 {
-    mUnits.append(text.constData(), static_cast<int>(text.size()));
+    std::copy(text.utf16(), text.utf16() + text.size(), extend(static_cast<int>(text.size())));
 }
 
 void Utf16Buffer::appendLatin1(std::string_view bytes)
@@ -94,13 +94,13 @@ bool Utf16Buffer::appendValidUtf8(std::string_view bytes)
     const int start = size();
     const char* next = bytes.data();
     const char* const end = next + bytes.size();
-    QChar* out = extend(static_cast<int>(bytes.size()));
+    ushort* out = extend(static_cast<int>(bytes.size()));
     while (next != end) {
         if (end - next >= kAsciiStep && isAsciiStep(next)) {
             out = widen(next, next + kAsciiStep, out);
             next += kAsciiStep;
         } else if (static_cast<uchar>(*next) < 0x80) {
-            *out++ = QChar(static_cast<uchar>(*next++));
+            *out++ = static_cast<uchar>(*next++);
         } else {
             const auto character = readCharacter(reinterpret_cast<const uchar*>(next), end - next);
             if (character.length == 0) {

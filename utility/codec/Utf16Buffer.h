@@ -17,16 +17,17 @@ public:
     void appendUtf8(std::string_view bytes);
     void append(const QString& text);
     /// Room for `count` units, to be filled by the caller.
-    QChar* extend(int count);
+    ushort* extend(int count);
 
-    const QChar* data() const { return mUnits.constData(); }
+    const QChar* data() const { return reinterpret_cast<const QChar*>(mUnits.constData()); }
     int size() const { return static_cast<int>(mUnits.size()); }
     QString toString() const { return QString(data(), size()); }
 
 private:
     bool appendValidUtf8(std::string_view bytes);
 
-    QVarLengthArray<QChar, 512> mUnits;
+    // An array of QChar would be cleared before it is filled.
+    QVarLengthArray<ushort, 512> mUnits;
 };
 
 } // namespace tarvomime
