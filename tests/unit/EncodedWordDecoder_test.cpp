@@ -8,7 +8,7 @@ namespace {
 
 QString latin1(const QByteArray& bytes)
 {
-    return QString::fromLatin1(bytes.constData(), static_cast<int>(bytes.size()));
+    return QLatin1String(bytes.constData(), static_cast<int>(bytes.size()));
 }
 
 // The rules for one word, taken one after the other, for comparison.
