@@ -252,3 +252,10 @@ TEST(EncodedWordDecoder, EightyThousandUnterminatedWordsStay)
         EXPECT_EQ(decodedBody(body + "x", 13).right(100), latin1(body + "x").right(100)) << start;
     }
 }
+
+TEST(EncodedWordDecoder, FourHundredThousandWords)
+{
+    const int count = 400000;
+    const QByteArray body = QByteArray("=?utf-8?Q?a?=\r\n ").repeated(count);
+    EXPECT_EQ(decodedBody(body, 13), QString(count, 'a'));
+}

@@ -3,12 +3,14 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace tarvomime {
 
 namespace {
 
 constexpr int kAsciiStep = 8;
+constexpr int kLongestDoubled = std::numeric_limits<int>::max() / 2;
 
 bool isAsciiStep(const char* bytes)
 {
@@ -64,7 +66,12 @@ ushort* writeCharacter(uint code, ushort* out)
 ushort* Utf16Buffer::extend(int count)
 {
     const int start = size();
-    mUnits.resize(start + count);
+    const int needed = start + count;
+    // Without room to spare each of many small pieces would move all those before it.
+    const int capacity = static_cast<int>(mUnits.capacity());
+    if (needed > capacity)
+        mUnits.reserve(std::max(needed, 2 * std::min(capacity, kLongestDoubled)));
+    mUnits.resize(needed);
     return mUnits.data() + start;
 }
 
