@@ -34,7 +34,7 @@ QByteArray methodOf(const InputFile& calendar)
         const QByteArray text = QByteArray(line.data(), static_cast<int>(line.size())).trimmed();
         if (text.left(7).toUpper() != "METHOD:")
             continue;
-        const QByteArray method = text.mid(7).trimmed();
+        QByteArray method = text.mid(7).trimmed();
         if (headerValueProblem(method.toStdString()).empty() && !method.contains(';'))
             return method;
     }

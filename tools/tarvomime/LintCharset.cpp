@@ -21,7 +21,7 @@ QByteArray decodedStart(const Examination& part)
     std::string_view bytes = part.bodyBytes();
     if (bytes.size() > kExamined)
         bytes = bytes.substr(0, bytes.rfind('\n', kExamined) + 1);
-    const QByteArray stored(bytes.data(), static_cast<int>(bytes.size()));
+    QByteArray stored(bytes.data(), static_cast<int>(bytes.size()));
     const int cte = part.entity.mHeader->getCte();
     if (cte != CTE_BASE64 && cte != CTE_QUOTED_PRINTABLE)
         return stored;

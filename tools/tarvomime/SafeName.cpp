@@ -130,7 +130,7 @@ QString madeSafe(const QString& wanted)
 QString safeName(const QString& wanted, const QString& fallback)
 {
     for (const QString& candidate : {wanted, fallback}) {
-        const QString name = madeSafe(candidate);
+        QString name = madeSafe(candidate);
         if (!name.isEmpty())
             return name;
     }
