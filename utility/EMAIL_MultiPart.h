@@ -8,6 +8,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <utility>
 
 class QFile;
 
@@ -96,7 +97,7 @@ public:
     void setNoAttDownloaded() { mAttDownloaded = false; }
     bool isAttDownloaded() const { return mAttDownloaded; }
     /// The part's identifier on the server.
-    void setPartID(QString id) { mPartID = id; }
+    void setPartID(QString id) { mPartID = std::move(id); }
     QString getPartID() const { return mPartID; }
 
     /// The boundary that a container was read with; writing makes a fresh one.
