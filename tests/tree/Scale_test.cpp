@@ -174,7 +174,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(Scale, AFileOfManyMultiparts)
 {
     const int levels = scaled(32000);
-    const Outcome outcome = inChild(smallStack, [levels] {
+    const Outcome outcome = inChild(smallStack, [&] {
         const QByteArray text = nestedMultiparts(levels);
         EMAIL_Message message;
         message.parse(text.constData(), 0, int(text.size()), QStringLiteral("/a/file"));

@@ -73,7 +73,8 @@ HWY_INLINE void encodeLine(D d, const std::uint8_t* in, std::uint8_t* out)
     const Block block;
     const auto groups = splitLastGroups(block, hn::LoadU(block, in + kBytesInLine - 16));
     hn::StoreU(digitsFromSextets(block, groups), block, out + kDigitsInLine - 16);
-    std::memcpy(out + kDigitsInLine, "\r\n", 2);
+    out[kDigitsInLine] = '\r';
+    out[kDigitsInLine + 1] = '\n';
 }
 
 Stretch encodeLines(const std::uint8_t* in, std::size_t length, std::uint8_t* out, std::size_t room)

@@ -20,8 +20,9 @@ constexpr std::array<unsigned char, 256> makeBase64Values()
     std::array<unsigned char, 256> values{};
     for (int byte = 0; byte < kBase64FirstZero; ++byte)
         values[byte] = kBase64Skipped;
-    for (unsigned char value = 0; value < kBase64Digits.size(); ++value)
-        values[static_cast<unsigned char>(kBase64Digits[value])] = value;
+    for (std::size_t value = 0; value < kBase64Digits.size(); ++value)
+        values[static_cast<unsigned char>(kBase64Digits[value])] =
+            static_cast<unsigned char>(value);
     values[static_cast<unsigned char>(kBase64Pad)] = kBase64PadValue;
     return values;
 }
