@@ -60,6 +60,7 @@ EMAIL_MultiPart::~EMAIL_MultiPart()
 
 // The old sub-parts leave the tree first and are deleted last: assigning a part to itself finds
 // none to copy, and one of them can be the source.
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): emptying the part is what it does
 EMAIL_MultiPart& EMAIL_MultiPart::operator=(const EMAIL_MultiPart& other)
 {
     Parts oldSubParts;
