@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 // This file is compiled once for each kind of processor; the best one is chosen at run time.
 #undef HWY_TARGET_INCLUDE
