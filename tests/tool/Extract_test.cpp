@@ -120,13 +120,14 @@ TEST_P(BadPart, IsAnErrorLine)
 
 INSTANTIATE_TEST_SUITE_P(
     Tool, BadPart,
-    testing::Values(BadPartRow{"Absent", "1.9", "has no part 1.9"},
-                    BadPartRow{"NoNumber", "x", "has no part x"},
-                    BadPartRow{"Zero", "0", "has no part 0"},
-                    BadPartRow{"Huge", "1.99999999999", "has no part 1.99999999999"},
-                    BadPartRow{"EmptyPlace", "1..1", "has no part 1..1"},
+    testing::Values(BadPartRow{"Absent", "1.9", "has no part numbered 1.9"},
+                    BadPartRow{"NoNumber", "x", "has no part numbered x"},
+                    BadPartRow{"Zero", "0", "has no part numbered 0"},
+                    BadPartRow{"Huge", "1.99999999999", "has no part numbered 1.99999999999"},
+                    BadPartRow{"EmptyPlace", "1..1", "has no part numbered 1..1"},
                     BadPartRow{"Container", "1", "part 1 holds parts, no bytes of its own"},
-                    BadPartRow{"LeftOnTheServer", "1.2", "part 1.2 was left on the server"}),
+                    BadPartRow{"LeftOnTheServer", "1.2",
+                               "the part numbered 1.2 was left on the server"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Extract, NeverOverwrites)

@@ -58,7 +58,7 @@ private:
     {
         const int index = tree.find(mOptions.part);
         if (index < 0)
-            complain("has no part " + mOptions.part);
+            complain("has no part numbered " + mOptions.part);
         else if (holdsParts(tree, index))
             complain("part " + mOptions.part + " holds parts, no bytes of its own");
         else
@@ -114,7 +114,7 @@ private:
         const PartFacts facts(entity, mOptions.charset);
         const QByteArray number = tree.numberOf(index);
         if (!entity.mHeader->isAttDownloaded()) {
-            complain("part " + number.toStdString() + " was left on the server");
+            complain("the part numbered " + number.toStdString() + " was left on the server");
             return;
         }
         const QString wanted = facts.fileName.isEmpty() ? facts.name : facts.fileName;
@@ -205,7 +205,7 @@ void addExtract(CLI::App& tool, Session& session)
         "\n"
         "Example:\n"
         "  tarvomime extract mail.eml --out attachments\n"
-        "  tarvomime extract mail.eml --part 1.2");
+        "  tarvomime extract mail.eml --part=1.2");
     addFiles(*command, options->files);
     CLI::Option* part =
         command->add_option("--part", options->part, "Write this part only")->type_name("NUMBER");

@@ -29,8 +29,8 @@ struct Part
 /// All entities of a message in reading order, enclosed messages included. Built, searched and
 /// walked without recursion, whatever the message's depth.
 ///
-/// A part's number names the way to it: the message is 1, its second part 1.2, the message enclosed
-/// in that 1.2.1.
+/// A part's number names the way to it: the message is 1, the second below it 1.2, the message
+/// enclosed in that 1.2.1.
 class PartTree
 {
 public:

@@ -75,7 +75,7 @@ void addTree(CLI::App& tool, Session& session)
     const auto options = std::make_shared<TreeOptions>();
     CLI::App* command = addCommand(
         tool, "tree", "Print the part tree of messages",
-        "A part's number says the way to it: the message itself is 1, its second part 1.2,\n"
+        "A part's number says the way to it: the message itself is 1, the second below it 1.2,\n"
         "a message enclosed in that 1.2.1. Sizes are those after decoding, estimated for\n"
         "base64. With --json, a line of JSON a file; its parts come in reading order.\n"
         "\n"
