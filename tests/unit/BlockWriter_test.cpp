@@ -129,6 +129,7 @@ TEST(WriteRawDataArguments, NothingToWriteIsNeverAFailure)
     const auto callback = [&calls] { return ++calls, -1; };
     EXPECT_EQ(EMAIL_Util::writeRawData("abc", 0, &closed, callback), 0);
     EXPECT_EQ(EMAIL_Util::writeRawData("abc", -5, &closed, callback), 0);
+    EXPECT_EQ(EMAIL_Util::writeRawData(nullptr, 5, &closed, callback), 0);
     EXPECT_EQ(calls, 0);
 }
 

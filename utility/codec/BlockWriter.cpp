@@ -40,7 +40,7 @@ int writeFile(QFile* file, char* buffer, int& used, int threshold, const Progres
 
 int writeRawData(const char* data, int length, QFile* file, const ProgressCallback& callback)
 {
-    while (length > 0) {
+    while (length > 0 && data != nullptr) {
         if (callback) {
             const int answer = callback();
             if (answer != 0)

@@ -55,13 +55,14 @@ std::size_t countEscapes(const std::uint8_t* in, std::size_t length)
     return count + static_cast<std::size_t>(std::count_if(in + done, in + length, isQpEscaped));
 }
 
-// 16 bytes at a time: they become 48 at most, and the last store reaches up to 64.
 Stretch encodeRun(const std::uint8_t* in, std::size_t length, std::uint8_t* out, std::size_t room)
 {
+    // What one step may store.
+    constexpr std::size_t kStored = 64;
     Stretch done;
-    while (length - done.read >= 16 && room - done.written >= 64) {
+    while (length - done.read >= kExpandedReach && room - done.written >= kStored) {
         done.written += expand(in + done.read, out + done.written);
-        done.read += 16;
+        done.read += kExpanded;
     }
     return done;
 }
@@ -72,7 +73,7 @@ constexpr std::size_t kShortestLine = kQpLastColumn + 1;
 // The longest without a CR: its last unit is an escape that began in the last column.
 constexpr std::size_t kLongestLine = kQpLastColumn + 3;
 // A line is copied by whole vectors, its soft break put behind it.
-constexpr std::size_t kCopied = 80;
+constexpr std::size_t kCopied = 64 + 16;
 
 bool isEscapedCr(const std::uint8_t* unit)
 {
@@ -86,7 +87,8 @@ std::size_t findLineEnd(const std::uint8_t* units, std::size_t start, std::size_
         return 0;
     // In encoded text "=" is always the start of an escape.
     std::size_t end = start + kShortestLine;
-    end += units[end - 1] == '=' ? 2 : units[end - 2] == '=' ? 1 : 0;
+    // Added up, since no processor could guess which it is.
+    end += (units[end - 1] == '=' ? 2U : 0U) + (units[end - 2] == '=' ? 1U : 0U);
     while (isEscapedCr(units + end - 3)) {
         if (length - end < 3)
             return 0;
@@ -97,10 +99,12 @@ std::size_t findLineEnd(const std::uint8_t* units, std::size_t start, std::size_
 
 void copyLine(const std::uint8_t* line, std::size_t length, std::uint8_t* out)
 {
-    if (length <= kCopied)
-        std::memcpy(out, line, kCopied);
-    else
-        std::memcpy(out, line, length);
+    constexpr std::size_t kVector = hn::MaxLanes(Wide());
+    for (std::size_t at = 0; at < 64; at += kVector)
+        hn::StoreU(hn::LoadU(Wide(), line + at), Wide(), out + at);
+    hn::StoreU(hn::LoadU(Block(), line + 64), Block(), out + 64);
+    if (length > kCopied)
+        std::memcpy(out + kCopied, line + kCopied, length - kCopied);
     std::memcpy(out + length, kQpSoftBreak.data(), kQpSoftBreak.size());
 }
 

@@ -117,27 +117,53 @@ HWY_INLINE std::size_t compact(Wide d, Bytes<Wide> bytes, std::uint64_t kept, st
     return static_cast<std::size_t>(std::popcount(kept));
 }
 
-/// Encodes 16 bytes without line breaks and returns the length of the result, 48 at most. Stores
-/// up to 64 bytes.
+/// A step of the encoder: as many bytes as fit into a vector three times, and as many as are read.
+constexpr std::size_t kExpanded = 21;
+constexpr std::size_t kExpandedReach = 32;
+
+/// Each of the 21 bytes three times.
+constexpr std::array<std::uint8_t, 64> makeTripled()
+{
+    std::array<std::uint8_t, 64> from{};
+    for (std::size_t i = 0; i < 3 * kExpanded; ++i)
+        from[i] = static_cast<std::uint8_t>(i / 3);
+    return from;
+}
+
+/// Hexadecimal digits by the lower four bits: the table is 64 long and says the same for the
+/// others.
+constexpr std::array<std::uint8_t, 64> makeDigits()
+{
+    std::array<std::uint8_t, 64> digits{};
+    for (std::size_t i = 0; i < digits.size(); ++i)
+        digits[i] = static_cast<std::uint8_t>(kHexDigits[i % 16]);
+    return digits;
+}
+
+alignas(64) constexpr std::array<std::uint8_t, 64> kTripled = makeTripled();
+alignas(64) constexpr std::array<std::uint8_t, 64> kDigits = makeDigits();
+
+/// Encodes `kExpanded` bytes without line breaks and returns the length of the result, 63 at most.
+/// Stores 64 bytes.
 HWY_INLINE std::size_t expand(const std::uint8_t* in, std::uint8_t* out)
 {
-    // Each byte three times, the upper digit to be in the middle.
-    alignas(64) static constexpr auto kTripled = [] {
-        std::array<std::uint8_t, 64> from{};
-        for (std::size_t i = 0; i < 48; ++i)
-            from[i] = static_cast<std::uint8_t>(i / 3);
-        return from;
-    }();
-    constexpr std::uint64_t kFirsts = 0x0000'2492'4924'9249;
+    constexpr std::uint64_t kFirsts = 0x1249'2492'4924'9249;
+    constexpr std::uint64_t kMiddles = kFirsts << 1;
     constexpr std::uint64_t kLasts = kFirsts << 2;
 
     const Wide d;
-    const auto bytes = hn::TableLookupBytes(hn::LoadDup128(d, in), hn::Load(d, kTripled.data()));
+    const hn::Repartition<std::uint16_t, Wide> d16;
+    const auto load = hn::LoadU(hn::Half<Wide>(), in);
+    const auto tripled = hn::Load(d, kTripled.data());
+    const auto digits = hn::Load(d, kDigits.data());
+    const Bytes<Wide> bytes{_mm512_permutexvar_epi8(tripled.raw, _mm512_castsi256_si512(load.raw))};
+    const auto uppers = hn::BitCast(d, hn::ShiftRight<4>(hn::BitCast(d16, bytes)));
+    const auto halves = hn::IfThenElse(maskOf(d, kMiddles), uppers, bytes);
+    const Bytes<Wide> inHex{_mm512_permutexvar_epi8(halves.raw, digits.raw)};
+    const auto escapes = hn::IfThenElse(maskOf(d, kFirsts), hn::Set(d, '='), inHex);
     const auto escaped = isEscaped(d, bytes);
-    const auto lasts = hn::IfThenElse(escaped, lowerDigit(d, bytes), bytes);
-    const auto middles = hn::IfThenElse(maskOf(d, kFirsts << 1), upperDigit(d, bytes), lasts);
-    const auto units = hn::IfThenElse(maskOf(d, kFirsts), hn::Set(d, '='), middles);
-    return compact(d, units, (bitsOf(d, escaped) & lowBits(48)) | kLasts, out);
+    const auto units = hn::IfThenElse(escaped, escapes, bytes);
+    return compact(d, units, (bitsOf(d, escaped) & lowBits(3 * kExpanded)) | kLasts, out);
 }
 
 #else
@@ -168,6 +194,10 @@ HWY_INLINE std::size_t compact(Block d, Bytes<Block> bytes, std::uint64_t kept, 
     return count + static_cast<std::size_t>(std::popcount(upper));
 }
 
+/// A step of the encoder, in bytes taken and in bytes read.
+constexpr std::size_t kExpanded = 16;
+constexpr std::size_t kExpandedReach = 16;
+
 /// For each set of escaped ones among four bytes: where the units come from in a block of the four
 /// bytes, their upper digits, their lower digits and four "=".
 constexpr auto kUnits = [] {
@@ -194,8 +224,8 @@ HWY_INLINE std::size_t expandFour(Bytes<Block> sources, std::size_t escaped, std
     return 4 + 2 * static_cast<std::size_t>(std::popcount(escaped));
 }
 
-/// Encodes 16 bytes without line breaks and returns the length of the result, 48 at most. Stores
-/// up to 64 bytes.
+/// Encodes `kExpanded` bytes without line breaks and returns the length of the result, 48 at most.
+/// Stores up to 64 bytes.
 HWY_INLINE std::size_t expand(const std::uint8_t* in, std::uint8_t* out)
 {
     const Block d;
