@@ -105,6 +105,21 @@ TEST(QpTwins, EncodeRunsOfCr)
     });
 }
 
+// The fast path encodes block by block: the begun line is carried into the next one.
+TEST(QpTwins, EncodeRunsOfCrAtTheEndOfABlock)
+{
+    onEveryProcessor([] {
+        for (int before = 5900; before < 6300; before += 3) {
+            for (const int run : {1, 25, 60}) {
+                const QByteArray data =
+                    QByteArray(before, 'a') + QByteArray(run, '\r') + text(8000, 4, 2);
+                SCOPED_TRACE(testing::Message() << before << ' ' << run);
+                expectSameEncoding(ExactBuffer(data));
+            }
+        }
+    });
+}
+
 TEST(QpTwins, EncodeLongText)
 {
     onEveryProcessor([] {

@@ -55,12 +55,13 @@ std::size_t countEscapes(const std::uint8_t* in, std::size_t length)
     return count + static_cast<std::size_t>(std::count_if(in + done, in + length, isQpEscaped));
 }
 
+// What a step of the encoder may store.
+constexpr std::size_t kStored = 64;
+
 Stretch encodeRun(const std::uint8_t* in, std::size_t length, std::uint8_t* out, std::size_t room)
 {
-    // What one step may store.
-    constexpr std::size_t kStored = 64;
     Stretch done;
-    while (length - done.read >= kExpandedReach && room - done.written >= kStored) {
+    while (length - done.read >= std::size_t{kExpandedReach} && room - done.written >= kStored) {
         done.written += expand(in + done.read, out + done.written);
         done.read += kExpanded;
     }
@@ -75,29 +76,56 @@ constexpr std::size_t kLongestLine = kQpLastColumn + 3;
 // A line is copied by whole vectors, its soft break put behind it.
 constexpr std::size_t kCopied = 64 + 16;
 
+// Lines are made in two steps: bytes become units in a block that stays in the nearest cache, and
+// the units become lines. These wait to be folded.
+struct Units
+{
+    std::uint8_t* begin;
+    std::uint8_t* end;
+
+    std::size_t length() const { return static_cast<std::size_t>(end - begin); }
+    // The number of bytes that they stand for.
+    std::size_t bytes() const
+    {
+        return length() - 2 * static_cast<std::size_t>(std::count(begin, end, '='));
+    }
+};
+
+// Characters for each block, up to a step of the encoder more.
+constexpr std::size_t kBlock = 6144;
+// Units that the block before has left, a begun line, are put in front.
+constexpr std::size_t kFront = 128;
+
+struct UnitBlock
+{
+    std::array<std::uint8_t, kFront + kBlock + kStored + kCopied> text;
+
+    Units none() { return {text.data() + kFront, text.data() + kFront}; }
+};
+
 bool isEscapedCr(const std::uint8_t* unit)
 {
     return std::memcmp(unit, "=0D", 3) == 0;
 }
 
-// The end of the line that starts at `start`, or 0 when it may lie behind `length`.
-std::size_t findLineEnd(const std::uint8_t* units, std::size_t start, std::size_t length)
+// The end of the first line, or null when it may lie behind the last unit.
+HWY_INLINE std::uint8_t* findLineEnd(const Units& units)
 {
-    if (length - start < kLongestLine)
-        return 0;
+    if (units.length() < kLongestLine)
+        return nullptr;
     // In encoded text "=" is always the start of an escape.
-    std::size_t end = start + kShortestLine;
+    std::uint8_t* end = units.begin + kShortestLine;
     // Added up, since no processor could guess which it is.
-    end += (units[end - 1] == '=' ? 2U : 0U) + (units[end - 2] == '=' ? 1U : 0U);
-    while (isEscapedCr(units + end - 3)) {
-        if (length - end < 3)
-            return 0;
-        end += units[end] == '=' ? 3 : 1;
+    end += (end[-1] == '=' ? 2 : 0) + (end[-2] == '=' ? 1 : 0);
+    while (isEscapedCr(end - 3)) {
+        if (units.end - end < 3)
+            return nullptr;
+        end += *end == '=' ? 3 : 1;
     }
     return end;
 }
 
-void copyLine(const std::uint8_t* line, std::size_t length, std::uint8_t* out)
+HWY_INLINE void copyLine(const std::uint8_t* line, std::size_t length, std::uint8_t* out)
 {
     constexpr std::size_t kVector = hn::MaxLanes(Wide());
     for (std::size_t at = 0; at < 64; at += kVector)
@@ -108,47 +136,51 @@ void copyLine(const std::uint8_t* line, std::size_t length, std::uint8_t* out)
     std::memcpy(out + length, kQpSoftBreak.data(), kQpSoftBreak.size());
 }
 
-// Copies whole lines of encoded units and adds their soft breaks. At least kCopied bytes can be
-// read from each unit on.
-Stretch fold(const std::uint8_t* units, std::size_t length, std::uint8_t* out, std::size_t room)
+// Copies the first line with its soft break behind it, if all of it is there and has room.
+HWY_INLINE bool foldLine(Units& units, std::uint8_t*& out, const std::uint8_t* limit)
 {
-    Stretch done;
-    for (;;) {
-        const std::size_t end = findLineEnd(units, done.read, length);
-        const std::size_t line = end - done.read;
-        if (end == 0 || room - done.written < std::max(line, kCopied) + kQpSoftBreak.size())
-            return done;
-        copyLine(units + done.read, line, out + done.written);
-        done.written += line + kQpSoftBreak.size();
-        done.read = end;
-    }
-}
-
-// The number of bytes that these units stand for.
-std::size_t unitsIn(const std::uint8_t* units, std::size_t length)
-{
-    return length - 2 * static_cast<std::size_t>(std::count(units, units + length, '='));
+    std::uint8_t* const end = findLineEnd(units);
+    if (end == nullptr)
+        return false;
+    const auto length = static_cast<std::size_t>(end - units.begin);
+    if (static_cast<std::size_t>(limit - out) < std::max(length, kCopied) + kQpSoftBreak.size())
+        return false;
+    copyLine(units.begin, length, out);
+    out += length + kQpSoftBreak.size();
+    units.begin = end;
+    return true;
 }
 
 Stretch encodeLines(const std::uint8_t* in, std::size_t length, std::uint8_t* out, std::size_t room)
 {
-    // Encoded without breaks first, in a block that stays in the nearest cache.
-    constexpr std::size_t kBlock = 2048;
-    std::array<std::uint8_t, 3 * kBlock + kCopied> units;
-    Stretch done;
-    while (room - done.written >= kCopied + kQpSoftBreak.size()) {
-        const Stretch encoded = encodeRun(in + done.read, std::min(length - done.read, kBlock),
-                                          units.data(), units.size());
-        const Stretch folded =
-            fold(units.data(), encoded.written, out + done.written, room - done.written);
-        if (folded.read == 0)
-            break;
-        // The begun line is encoded again with what follows it.
-        done.read +=
-            encoded.read - unitsIn(units.data() + folded.read, encoded.written - folded.read);
-        done.written += folded.written;
+    const std::uint8_t* next = in;
+    const std::uint8_t* const inLimit = in + length;
+    std::uint8_t* line = out;
+    const std::uint8_t* const outLimit = out + room;
+    UnitBlock blocks[2];
+    Units folding = blocks[0].none();
+    for (std::size_t block = 1;; block ^= 1) {
+        // No more than there can be room for.
+        const auto left = static_cast<std::size_t>(outLimit - line);
+        Units encoding = blocks[block].none();
+        const std::uint8_t* const unitLimit =
+            encoding.end + std::min(left - std::min(left, folding.length()), kBlock);
+        // Neither waits for the other: side by side, the processor does both at once.
+        bool isFolding = true;
+        while (inLimit - next >= kExpandedReach && encoding.end < unitLimit) {
+            encoding.end += expand(next, encoding.end);
+            next += kExpanded;
+            isFolding = isFolding && foldLine(folding, line, outLimit);
+        }
+        while (foldLine(folding, line, outLimit)) {
+        }
+        if (encoding.length() == 0 || folding.length() > kFront)
+            return {static_cast<std::size_t>(next - in) - folding.bytes() - encoding.bytes(),
+                    static_cast<std::size_t>(line - out)};
+        encoding.begin -= folding.length();
+        std::copy(folding.begin, folding.end, encoding.begin);
+        folding = encoding;
     }
-    return done;
 }
 
 // Decodes one vector; `pending` marks the bytes at its start that belong to an escape before it and

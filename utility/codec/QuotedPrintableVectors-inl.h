@@ -119,7 +119,7 @@ HWY_INLINE std::size_t compact(Wide d, Bytes<Wide> bytes, std::uint64_t kept, st
 
 /// A step of the encoder: as many bytes as fit into a vector three times, and as many as are read.
 constexpr std::size_t kExpanded = 21;
-constexpr std::size_t kExpandedReach = 32;
+constexpr std::ptrdiff_t kExpandedReach = 32;
 
 /// Each of the 21 bytes three times.
 constexpr std::array<std::uint8_t, 64> makeTripled()
@@ -196,7 +196,7 @@ HWY_INLINE std::size_t compact(Block d, Bytes<Block> bytes, std::uint64_t kept, 
 
 /// A step of the encoder, in bytes taken and in bytes read.
 constexpr std::size_t kExpanded = 16;
-constexpr std::size_t kExpandedReach = 16;
+constexpr std::ptrdiff_t kExpandedReach = 16;
 
 /// For each set of escaped ones among four bytes: where the units come from in a block of the four
 /// bytes, their upper digits, their lower digits and four "=".
