@@ -192,39 +192,46 @@ HWY_INLINE std::size_t decodeVector(D d, const std::uint8_t* in, std::uint64_t& 
 {
     constexpr std::size_t kVector = hn::MaxLanes(D());
     const auto bytes = hn::LoadU(d, in);
+    const auto equals = hn::Eq(bytes, hn::Set(d, '='));
+    const std::uint64_t starts = bitsOf(d, equals);
+    const std::uint64_t nuls = bitsOf(d, hn::Eq(bytes, hn::Zero(d)));
+    // Most of a Western text.
+    if ((starts | nuls | pending) == 0) {
+        hn::StoreU(bytes, d, out + written);
+        written += kVector;
+        return kVector;
+    }
     const auto first = hn::LoadU(d, in + 1);
     const auto second = hn::LoadU(d, in + 2);
-    const auto equals = hn::Eq(bytes, hn::Set(d, '='));
     const auto lineFeed = hn::Set(d, '\n');
     const auto firstDigit = hexDigits(d, first);
     const auto secondDigit = hexDigits(d, second);
-    const std::uint64_t starts = bitsOf(d, equals);
     const std::uint64_t escapes = starts & bitsOf(d, hn::And(firstDigit.valid, secondDigit.valid));
     const std::uint64_t longBreaks =
         starts & bitsOf(d, hn::And(hn::Eq(first, hn::Set(d, '\r')), hn::Eq(second, lineFeed)));
     const std::uint64_t shortBreaks = starts & bitsOf(d, hn::Eq(first, lineFeed));
 
     const std::uint64_t tails = escapes | longBreaks;
-    const std::uint64_t dropped =
-        pending | tails << 1 | tails << 2 | longBreaks | shortBreaks | shortBreaks << 1;
+    const std::uint64_t breaks = longBreaks | shortBreaks;
+    const std::uint64_t nexts = tails | shortBreaks;
+    const std::uint64_t dropped = pending | breaks | nexts << 1 | tails << 2;
     // The plain walk knows whether a NUL ends the text.
-    const std::uint64_t odd =
-        (starts & ~(tails | shortBreaks)) | bitsOf(d, hn::Eq(bytes, hn::Zero(d)));
+    const std::uint64_t odd = (starts & ~nexts) | nuls;
     const std::size_t taken = odd == 0 ? kVector : static_cast<std::size_t>(std::countr_zero(odd));
     const std::uint64_t kept = ~dropped & lowBits(taken);
 
     const auto values = hn::Or(hn::ShiftLeft<4>(firstDigit.value), secondDigit.value);
     written += compact(d, hn::IfThenElse(equals, values, bytes), kept, out + written);
-    pending = taken < kVector ? 0
-                              : tails >> (kVector - 1) | tails >> (kVector - 1) << 1 |
-                                    (tails >> (kVector - 2) & 1) | shortBreaks >> (kVector - 1);
+    pending = odd != 0 ? 0
+                       : nexts >> (kVector - 1) | tails >> (kVector - 1) << 1 |
+                             (tails >> (kVector - 2) & 1);
     return taken;
 }
 
 Stretch decodeRun(const std::uint8_t* in, std::size_t length, std::uint8_t* out, std::size_t room)
 {
-    const Compacted d;
-    constexpr std::size_t kVector = hn::MaxLanes(Compacted());
+    const Wide d;
+    constexpr std::size_t kVector = hn::MaxLanes(Wide());
     Stretch done;
     std::uint64_t pending = 0;
     while (length - done.read >= kVector + 2 && room - done.written >= kVector + 16) {

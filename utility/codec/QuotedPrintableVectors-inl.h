@@ -32,12 +32,6 @@ using Block = hn::Full128<std::uint8_t>;
 /// The processor's own width, 64 bytes at most.
 using Wide = hn::CappedTag<std::uint8_t, HWY_ARCH_X86 ? 64 : 16>;
 
-#if TARVOMIME_HAS_VBMI2
-using Compacted = Wide;
-#else
-using Compacted = Block;
-#endif
-
 template <class D>
 using Bytes = hn::VFromD<D>;
 template <class D>
@@ -47,8 +41,8 @@ using ByteMask = decltype(hn::Eq(Bytes<D>(), Bytes<D>()));
 template <class D>
 HWY_INLINE std::uint64_t bitsOf(D d, ByteMask<D> mask)
 {
-    std::uint64_t bits = 0;
-    std::uint8_t stored[sizeof bits] = {};
+    hwy::UnsignedFromSize<hn::MaxLanes(D()) / 8> bits = 0;
+    std::uint8_t stored[8];
     hn::StoreMaskBits(d, mask, stored);
     std::memcpy(&bits, stored, sizeof bits);
     return bits;
@@ -183,15 +177,23 @@ constexpr auto kKept = [] {
 
 /// Stores the bytes whose bits are set in `kept`, side by side, and returns their count. The stores
 /// reach up to 8 bytes further than the vector.
-HWY_INLINE std::size_t compact(Block d, Bytes<Block> bytes, std::uint64_t kept, std::uint8_t* out)
+template <class D>
+HWY_INLINE std::size_t compact(D d, Bytes<D> bytes, std::uint64_t kept, std::uint8_t* out)
 {
-    const std::size_t lower = kept & 0xFF;
-    const std::size_t upper = kept >> 8 & 0xFF;
-    const auto fromUpper = hn::Add(hn::LoadU(d, kKept[upper].data()), hn::Set(d, 8));
-    const auto count = static_cast<std::size_t>(std::popcount(lower));
-    hn::StoreU(hn::TableLookupBytes(bytes, hn::LoadU(d, kKept[lower].data())), d, out);
-    hn::StoreU(hn::TableLookupBytes(bytes, fromUpper), d, out + count);
-    return count + static_cast<std::size_t>(std::popcount(upper));
+    if constexpr (hn::MaxLanes(D()) > 16) {
+        const hn::Half<D> half;
+        const std::size_t lower = compact(half, hn::LowerHalf(half, bytes), kept, out);
+        return lower +
+               compact(half, hn::UpperHalf(half, bytes), kept >> hn::MaxLanes(half), out + lower);
+    } else {
+        const auto& lower = kKept[kept & 0xFF];
+        const auto& upper = kKept[kept >> 8 & 0xFF];
+        const auto fromUpper = hn::Add(hn::LoadU(d, upper.data()), hn::Set(d, 8));
+        const auto count = static_cast<std::size_t>(std::popcount(kept & 0xFF));
+        hn::StoreU(hn::TableLookupBytes(bytes, hn::LoadU(d, lower.data())), d, out);
+        hn::StoreU(hn::TableLookupBytes(bytes, fromUpper), d, out + count);
+        return count + static_cast<std::size_t>(std::popcount(kept >> 8 & 0xFF));
+    }
 }
 
 /// A step of the encoder, in bytes taken and in bytes read.
