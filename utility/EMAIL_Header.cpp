@@ -6,14 +6,11 @@
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Util.h"
 #include "utility/FieldNames.h"
+#include "utility/tree/AssemblySinks.h"
 
 #include <algorithm>
-#include <array>
-#include <iterator>
-#include <limits>
 #include <memory>
 #include <new>
-#include <vector>
 
 namespace {
 
@@ -108,46 +105,12 @@ void EMAIL_Header::parse()
     }
 }
 
-// The four that a reader looks for first lead, Date before Subject; all others keep their order.
-std::vector<EMAIL_Field*> EMAIL_Header::writingOrder() const
-{
-    const std::array leaders{getField(FieldName::from()), getField(FieldName::to()),
-                             getField(FieldName::date()), getField(FieldName::subject())};
-    std::vector<EMAIL_Field*> order;
-    order.reserve(static_cast<std::size_t>(mFields.count()));
-    std::copy_if(leaders.begin(), leaders.end(), std::back_inserter(order),
-                 [](const EMAIL_Field* field) { return field != nullptr; });
-    std::copy_if(mFields.begin(), mFields.end(), std::back_inserter(order),
-                 [&leaders](const EMAIL_Field* field) {
-                     return std::find(leaders.begin(), leaders.end(), field) == leaders.end();
-                 });
-    return order;
-}
-
-// Each line is written by its field and copied once into the header's text; the field then keeps
-// its slice of that text instead of a line of its own.
 void EMAIL_Header::assemble()
 {
-    const std::vector<EMAIL_Field*> order = writingOrder();
-    qint64 size = 0;
-    for (EMAIL_Field* each : order) {
-        each->assemble();
-        size += each->mString.length();
-    }
-    if (size > std::numeric_limits<int>::max()) {
+    MemoryAssembly sink;
+    const bool isWritten = sink.writeHeader(*this).has_value();
+    if (!sink.finish(isWritten))
         mString = QCString::fromLiteral("");
-        return;
-    }
-    QByteArray text(static_cast<int>(size), Qt::Uninitialized);
-    char* end = text.data();
-    for (const EMAIL_Field* each : order)
-        end = std::copy(each->mString.begin(), each->mString.end(), end);
-    mString = QCString::fromBytes(text);
-    int start = 0;
-    for (EMAIL_Field* each : order) {
-        each->mString = mString.mid(start, each->mString.length());
-        start += each->mString.length();
-    }
 }
 
 EMAIL_Field* EMAIL_Header::getField(const QCString& name) const

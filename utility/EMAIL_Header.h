@@ -4,8 +4,6 @@
 #include "types/QPtrList.h"
 #include "utility/EMAIL_BaseComponent.h"
 
-#include <vector>
-
 class EMAIL_AddrList;
 class EMAIL_ContentType;
 class EMAIL_DateTime;
@@ -159,7 +157,4 @@ public:
 
     /// Makes `mFields` own its fields; every constructor calls it.
     void init();
-
-private:
-    std::vector<EMAIL_Field*> writingOrder() const;
 };

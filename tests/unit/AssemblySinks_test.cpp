@@ -25,19 +25,31 @@ TEST(MemoryAssembly, HandsOutSlicesOfOneText)
     EXPECT_EQ(first.getMessage().begin(), second.getMessage().begin() + 1);
 }
 
-TEST(MemoryAssembly, MovesAHeaderWithItsFields)
+TEST(MemoryAssembly, HandsOutAHeaderAndItsFields)
 {
-    EMAIL_Header header(QCString("A: 1\r\nB: 2\r\nEmpty:\r\n"), nullptr);
+    EMAIL_Header header(QCString("A: 1\r\nB: 2\r\nEmpty:\r\nTo: 3\r\n"), nullptr);
     header.parse();
-    header.assemble();
     MemoryAssembly sink;
-    EXPECT_TRUE(sink.write("--b\r\n") && sink.write(header.getMessage().view()));
-    sink.handOutHeader(header, 5);
-    EXPECT_TRUE(sink.finish(true));
-    EXPECT_EQ(header.getMessage(), "A: 1\r\nB: 2\r\n");
+    EXPECT_TRUE(sink.write("--b\r\n"));
+    EXPECT_EQ(sink.writeHeader(header), "To: 3\r\nA: 1\r\nB: 2\r\n");
+    EXPECT_TRUE(sink.write("rest") && sink.finish(true));
+    EXPECT_EQ(header.getMessage(), "To: 3\r\nA: 1\r\nB: 2\r\n");
+    const char* const start = header.getMessage().begin();
+    EXPECT_EQ(std::string_view(start - 5, 5), "--b\r\n") << "a slice of the whole";
     EXPECT_EQ(header.getField("B")->getMessage(), "B: 2\r\n");
-    EXPECT_EQ(header.getField("B")->getMessage().begin(), header.getMessage().begin() + 6);
+    EXPECT_EQ(header.getField("B")->getMessage().begin(), start + 13);
+    EXPECT_EQ(header.getField("To")->getMessage().begin(), start);
     EXPECT_EQ(header.getField("Empty")->getMessage(), "");
+}
+
+TEST(MemoryAssembly, GivesAHeaderBeyondItsLimitUp)
+{
+    EMAIL_Header header(QCString("A: 1\r\nB: 2\r\n"), nullptr);
+    header.parse();
+    MemoryAssembly sink(11);
+    EXPECT_EQ(sink.writeHeader(header), std::nullopt) << "twelve bytes";
+    EXPECT_FALSE(sink.finish(false));
+    EXPECT_EQ(header.getMessage(), "A: 1\r\nB: 2\r\n");
 }
 
 TEST(MemoryAssembly, GivesATextBeyondItsLimitUp)

@@ -6,9 +6,9 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Util.h"
 #include "utility/codec/MappedFile.h"
+#include "utility/tree/WritingOrder.h"
 
 #include <QFile>
-#include <functional>
 
 namespace tarvomime {
 
@@ -16,19 +16,14 @@ namespace {
 
 constexpr std::size_t blockSize = 32768;
 
-// The header's own buffer goes once neither it nor its fields refer to it.
-void moveHeader(EMAIL_Header& header, const QCString& text)
+// Each field's own line goes, now that the header's text holds it.
+void handOutFields(EMAIL_Header& header)
 {
-    const std::string_view old = header.mString.view();
-    const std::less_equal<> notBehind;
-    for (EMAIL_Field* field : header.mFields) {
-        const std::string_view line = field->mString.view();
-        if (notBehind(old.data(), line.data()) &&
-            notBehind(line.data() + line.size(), old.data() + old.size()))
-            field->mString =
-                text.mid(static_cast<int>(line.data() - old.data()), field->mString.length());
+    int start = 0;
+    for (EMAIL_Field* field : writingOrder(header)) {
+        field->mString = header.mString.mid(start, field->mString.length());
+        start += field->mString.length();
     }
-    header.mString = text;
 }
 
 } // namespace
@@ -41,6 +36,19 @@ bool MemoryAssembly::write(std::string_view text)
     return true;
 }
 
+std::optional<std::string_view> MemoryAssembly::writeHeader(EMAIL_Header& header)
+{
+    const auto start = static_cast<int>(position());
+    for (EMAIL_Field* field : writingOrder(header)) {
+        field->assemble();
+        if (!write(field->mString.view()))
+            return std::nullopt;
+    }
+    const auto end = static_cast<int>(position());
+    mHeaders.push_back({&header, start, end});
+    return std::string_view(mBuffer.constData() + start, static_cast<std::size_t>(end - start));
+}
+
 bool MemoryAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header&)
 {
     return write(body.mString.view());
@@ -51,19 +59,16 @@ void MemoryAssembly::handOut(EMAIL_BaseComponent& component, qint64 start)
     mSlices.push_back({&component, static_cast<int>(start), static_cast<int>(position())});
 }
 
-void MemoryAssembly::handOutHeader(EMAIL_Header& header, qint64 start)
-{
-    mHeaders.push_back({&header, static_cast<int>(start)});
-}
-
 bool MemoryAssembly::finish(bool isComplete)
 {
     if (!isComplete)
         return false;
     const QCString text =
         mBuffer.isNull() ? QCString::fromLiteral("") : QCString::fromBytes(mBuffer);
-    for (const HeaderSlice& slice : mHeaders)
-        moveHeader(*slice.header, text.mid(slice.start, slice.header->mString.length()));
+    for (const HeaderSlice& slice : mHeaders) {
+        slice.header->mString = text.mid(slice.start, slice.end - slice.start);
+        handOutFields(*slice.header);
+    }
     for (const Slice& slice : mSlices)
         slice.component->mString = text.mid(slice.start, slice.end - slice.start);
     return true;
@@ -107,6 +112,13 @@ bool FileAssembly::write(std::string_view text)
             return false;
     }
     return true;
+}
+
+std::optional<std::string_view> FileAssembly::writeHeader(EMAIL_Header& header)
+{
+    header.assemble();
+    const std::string_view text = header.mString.view();
+    return write(text) ? std::optional(text) : std::nullopt;
 }
 
 bool FileAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header& header)

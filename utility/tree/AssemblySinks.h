@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <limits>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -14,7 +15,7 @@ class QFile;
 namespace tarvomime {
 
 /// Gathers assembled text in one buffer; at the end every component gets its slice of it. A text of
-/// 2 GiB or more is given up: the components then keep what they hold.
+/// 2 GiB or more is given up: then nothing is handed out.
 class MemoryAssembly
 {
 public:
@@ -25,14 +26,16 @@ public:
 
     /// False, and nothing added, when the whole would be longer than the limit.
     bool write(std::string_view text);
+    /// Assembles the fields and writes each as it comes, and notes where the header's text runs.
+    /// That text, good until the next write, or nothing when it would be too long.
+    std::optional<std::string_view> writeHeader(EMAIL_Header& header);
     /// Writes the body's text as it stands; the bytes of a file-backed body stay in their file.
     bool writeLeaf(const EMAIL_Body& body, const EMAIL_Header& header);
     qint64 position() const { return mBuffer.size(); }
     /// Notes that the text of `component` runs from `start` to the current position.
     void handOut(EMAIL_BaseComponent& component, qint64 start);
-    /// Notes the same for a header, whose fields hold slices of its text.
-    void handOutHeader(EMAIL_Header& header, qint64 start);
-    /// Gives every noted component its slice, if everything could be written.
+    /// Gives every noted component its slice, and the fields of every noted header theirs, if
+    /// everything could be written.
     bool finish(bool isComplete);
 
 private:
@@ -46,6 +49,7 @@ private:
     {
         EMAIL_Header* header;
         int start;
+        int end;
     };
 
     qint64 mLimit;
@@ -61,13 +65,14 @@ public:
     explicit FileAssembly(QFile& file);
 
     bool write(std::string_view text);
+    /// Assembles the header and writes its text, which is the result unless the file refused it.
+    std::optional<std::string_view> writeHeader(EMAIL_Header& header);
     /// Writes the body: from memory as it is; from its file either the stored range and CR LF, or,
     /// where the file holds raw content, all of it in the header's transfer encoding.
     bool writeLeaf(const EMAIL_Body& body, const EMAIL_Header& header);
     qint64 position() const { return 0; }
     /// The text went to the file: components keep what they hold.
     void handOut(EMAIL_BaseComponent&, qint64) {}
-    void handOutHeader(EMAIL_Header&, qint64) {}
     /// Writes what is left, also of a text that could not be completed, and tells whether the file
     /// has taken everything.
     bool finish(bool isComplete);

@@ -16,9 +16,9 @@ namespace tarvomime {
 namespace {
 
 // Three characters or fewer get no separator: a header of that size holds no field line.
-bool needsSeparator(const QCString& header)
+bool needsSeparator(std::string_view header)
 {
-    const int length = header.length();
+    const std::size_t length = header.size();
     return length > 3 && (header[length - 1] == '\n' || header[length - 3] == '\n');
 }
 
@@ -53,14 +53,10 @@ private:
     {
         if (entity.mHeader == nullptr)
             return false;
-        EMAIL_Header& header = *entity.mHeader;
-        header.assemble();
         entity.mString = QCString::fromLiteral("");
         const qint64 start = mSink.position();
-        if (!write(header.mString))
-            return false;
-        mSink.handOutHeader(header, start);
-        if (needsSeparator(header.mString) && !mSink.write("\r\n"))
+        const auto header = mSink.writeHeader(*entity.mHeader);
+        if (!header || (needsSeparator(*header) && !mSink.write("\r\n")))
             return false;
         if (entity.mBody != nullptr)
             return enterBody(*entity.mBody, &entity, start);
