@@ -4,13 +4,14 @@
 #include "types/Ascii.h"
 #include "utility/AllocationCheck.h"
 #include "utility/EMAIL_Field.h"
-#include "utility/EMAIL_Util.h"
 #include "utility/FieldNames.h"
+#include "utility/codec/Tokens.h"
 #include "utility/tree/AssemblySinks.h"
 
 #include <algorithm>
 #include <memory>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -91,16 +92,14 @@ EMAIL_Header::~EMAIL_Header()
 
 void EMAIL_Header::parse()
 {
-    static const QCString colon = QCString::fromLiteral(":");
     LineReader lines(mString);
     while (lines.hasMore()) {
-        const QCString line = lines.take();
-        QCString name;
-        QCString value;
-        EMAIL_Util::split(colon, line, name, value, true);
-        EMAIL_Field* parsed = createField(name);
-        parsed->setMessage(line);
-        parsed->mBody = value;
+        QCString line = lines.take();
+        const Sides sides = sidesOfFirst(":", line.view(), true);
+        EMAIL_Field* parsed = createField(line.isEmpty() ? QCString() : line.slice(sides.left));
+        if (sides.right)
+            parsed->mBody = line.slice(*sides.right);
+        parsed->mString = std::move(line);
         mFields.append(parsed);
     }
 }

@@ -2,7 +2,7 @@
 #include "bench/shapes/Library.h"
 
 #include <KMime/Message>
-#include <kmime_util.h>
+#include <kmime/kmime_util.h>
 
 int parseMessage(const std::string& text)
 {

@@ -14,6 +14,15 @@ std::string_view piece(std::string_view text, bool strip)
 
 } // namespace
 
+Sides sidesOfFirst(std::string_view separator, std::string_view source, bool strip)
+{
+    const std::size_t position = source.find(separator);
+    if (position == std::string_view::npos)
+        return {piece(source, strip), std::nullopt};
+    return {piece(source.substr(0, position), strip),
+            piece(source.substr(position + separator.size()), strip)};
+}
+
 void splitAtFirst(const QCString& separator, const QCString& source, QCString& left,
                   QCString& right, bool strip)
 {
@@ -21,12 +30,10 @@ void splitAtFirst(const QCString& separator, const QCString& source, QCString& l
         return;
     // An output may be the source or the separator itself.
     const QCString text = source;
-    const std::string_view all = text.view();
-    const std::size_t position = all.find(separator.view());
-    const std::size_t behind = position + separator.view().size();
-    left = text.slice(piece(all.substr(0, position), strip));
-    if (position != std::string_view::npos)
-        right = text.slice(piece(all.substr(behind), strip));
+    const Sides sides = sidesOfFirst(separator.view(), text.view(), strip);
+    left = text.slice(sides.left);
+    if (sides.right)
+        right = text.slice(*sides.right);
 }
 
 QValueList<QCString> splitAtEvery(const QCString& separator, const QCString& source, bool strip)
