@@ -85,6 +85,22 @@ TEST(Base64Twins, DecodeEveryAlignment)
     });
 }
 
+TEST(Base64Twins, DecodeLinesOfEveryLength)
+{
+    onEveryProcessor([] {
+        const QByteArray digits = encoded(randomBytes(1500, 8), "");
+        for (int width = 1; width <= 140; ++width) {
+            for (const char* lineEnd : kLineEnds) {
+                QByteArray text;
+                for (int start = 0; start < digits.size(); start += width)
+                    text += digits.mid(start, width) + lineEnd;
+                SCOPED_TRACE(width);
+                expectSameDecoding(ExactBuffer(text));
+            }
+        }
+    });
+}
+
 TEST(Base64Twins, DecodeABadByteAtEveryPosition)
 {
     onEveryProcessor([] {

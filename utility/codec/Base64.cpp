@@ -107,8 +107,9 @@ public:
     char* run(char* next, char* limit)
     {
         while (next < limit && mNext != mEnd) {
+            char* const start = next;
             next = writeStretch(next, limit);
-            next = walkLine(next, limit);
+            next = next == start ? walkLine(next, limit) : walkToLineEnd(next, limit);
         }
         return next;
     }
@@ -130,13 +131,27 @@ private:
         return next;
     }
 
-    // The plain walk, up to the end of a line of the usual length: there a new stretch may begin.
+    // The plain walk past whatever the stretches cannot take.
     char* walkLine(char* next, char* limit)
     {
-        unsigned char values[4];
-        for (int groups = 0; groups < kGroupsInLine && next < limit && takeGroup(values); ++groups)
-            next = writeGroup(next, values[0], values[1], values[2], values[3]);
+        for (int groups = 0; groups < kGroupsInLine && next < limit; ++groups)
+            next = walkGroup(next);
         return next;
+    }
+
+    // The plain walk past the last few digits of a line: behind its end a new stretch may begin.
+    char* walkToLineEnd(char* next, char* limit)
+    {
+        while (next < limit && mNext != mEnd && valueOf(*mNext) != kBase64Skipped)
+            next = walkGroup(next);
+        return next;
+    }
+
+    char* walkGroup(char* next)
+    {
+        unsigned char values[4];
+        return takeGroup(values) ? writeGroup(next, values[0], values[1], values[2], values[3])
+                                 : next;
     }
 
     static unsigned char valueOf(char c) { return kBase64Values[static_cast<unsigned char>(c)]; }
