@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/Base64Stretch.h"
 #include "utility/codec/Base64Tables.h"
+#include "utility/codec/RawBytes.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -248,36 +249,26 @@ HWY_EXPORT(encodeLines);
 HWY_EXPORT(decodeRun);
 HWY_EXPORT(decodeLines);
 
-const std::uint8_t* bytes(const char* text)
-{
-    return reinterpret_cast<const std::uint8_t*>(text);
-}
-
-std::uint8_t* bytes(char* text)
-{
-    return reinterpret_cast<std::uint8_t*>(text);
-}
-
 } // namespace
 
 Stretch encodeBase64Run(const unsigned char* in, std::size_t length, char* out, std::size_t room)
 {
-    return HWY_DYNAMIC_DISPATCH(encodeRun)(in, length, bytes(out), room);
+    return HWY_DYNAMIC_DISPATCH(encodeRun)(in, length, rawBytes(out), room);
 }
 
 Stretch encodeBase64Lines(const unsigned char* in, std::size_t length, char* out, std::size_t room)
 {
-    return HWY_DYNAMIC_DISPATCH(encodeLines)(in, length, bytes(out), room);
+    return HWY_DYNAMIC_DISPATCH(encodeLines)(in, length, rawBytes(out), room);
 }
 
 Stretch decodeBase64Run(const char* in, std::size_t length, char* out, std::size_t room)
 {
-    return HWY_DYNAMIC_DISPATCH(decodeRun)(bytes(in), length, bytes(out), room);
+    return HWY_DYNAMIC_DISPATCH(decodeRun)(rawBytes(in), length, rawBytes(out), room);
 }
 
 Stretch decodeBase64Lines(const char* in, std::size_t length, char* out, std::size_t room)
 {
-    return HWY_DYNAMIC_DISPATCH(decodeLines)(bytes(in), length, bytes(out), room);
+    return HWY_DYNAMIC_DISPATCH(decodeLines)(rawBytes(in), length, rawBytes(out), room);
 }
 
 } // namespace tarvomime

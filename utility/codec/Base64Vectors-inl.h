@@ -8,6 +8,7 @@
 #endif
 
 #include "utility/codec/Base64Tables.h"
+#include "utility/codec/RawBytes.h"
 
 #include <array>
 #include <cstddef>
@@ -165,8 +166,7 @@ HWY_INLINE Bytes<D> digitsFromSextets(D d, Bytes<D> sextets)
 {
 #if TARVOMIME_HAS_VBMI
     const hn::Full512<std::uint8_t> whole;
-    const auto table =
-        hn::LoadU(whole, reinterpret_cast<const std::uint8_t*>(kBase64Digits.data()));
+    const auto table = hn::LoadU(whole, rawBytes(kBase64Digits.data()));
     if constexpr (hn::MaxLanes(D()) == 64)
         return Bytes<D>{_mm512_permutexvar_epi8(sextets.raw, table.raw)};
     else

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/QuotedPrintableStretch.h"
+#include "utility/codec/RawBytes.h"
 
 #include <algorithm>
 #include <array>
@@ -261,36 +262,26 @@ HWY_EXPORT(encodeRun);
 HWY_EXPORT(encodeLines);
 HWY_EXPORT(decodeRun);
 
-const std::uint8_t* bytes(const char* text)
-{
-    return reinterpret_cast<const std::uint8_t*>(text);
-}
-
-std::uint8_t* bytes(char* text)
-{
-    return reinterpret_cast<std::uint8_t*>(text);
-}
-
 } // namespace
 
 std::size_t countQpEscapes(const char* in, std::size_t length)
 {
-    return HWY_DYNAMIC_DISPATCH(countEscapes)(bytes(in), length);
+    return HWY_DYNAMIC_DISPATCH(countEscapes)(rawBytes(in), length);
 }
 
 Stretch encodeQpRun(const char* in, std::size_t length, char* out, std::size_t room)
 {
-    return HWY_DYNAMIC_DISPATCH(encodeRun)(bytes(in), length, bytes(out), room);
+    return HWY_DYNAMIC_DISPATCH(encodeRun)(rawBytes(in), length, rawBytes(out), room);
 }
 
 Stretch encodeQpLines(const char* in, std::size_t length, char* out, std::size_t room)
 {
-    return HWY_DYNAMIC_DISPATCH(encodeLines)(bytes(in), length, bytes(out), room);
+    return HWY_DYNAMIC_DISPATCH(encodeLines)(rawBytes(in), length, rawBytes(out), room);
 }
 
 Stretch decodeQpRun(const char* in, std::size_t length, char* out, std::size_t room)
 {
-    return HWY_DYNAMIC_DISPATCH(decodeRun)(bytes(in), length, bytes(out), room);
+    return HWY_DYNAMIC_DISPATCH(decodeRun)(rawBytes(in), length, rawBytes(out), room);
 }
 
 } // namespace tarvomime

@@ -9,6 +9,7 @@
 #endif
 
 #include "utility/codec/QuotedPrintableTables.h"
+#include "utility/codec/RawBytes.h"
 
 #include <array>
 #include <bit>
@@ -64,14 +65,14 @@ HWY_INLINE ByteMask<D> isEscaped(D d, Bytes<D> bytes)
 template <class D>
 HWY_INLINE Bytes<D> upperDigit(D d, Bytes<D> bytes)
 {
-    const auto table = hn::LoadDup128(d, reinterpret_cast<const std::uint8_t*>(kHexDigits.data()));
+    const auto table = hn::LoadDup128(d, rawBytes(kHexDigits.data()));
     return hn::TableLookupBytes(table, hn::ShiftRight<4>(bytes));
 }
 
 template <class D>
 HWY_INLINE Bytes<D> lowerDigit(D d, Bytes<D> bytes)
 {
-    const auto table = hn::LoadDup128(d, reinterpret_cast<const std::uint8_t*>(kHexDigits.data()));
+    const auto table = hn::LoadDup128(d, rawBytes(kHexDigits.data()));
     return hn::TableLookupBytes(table, hn::And(bytes, hn::Set(d, 0x0F)));
 }
 
