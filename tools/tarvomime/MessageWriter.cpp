@@ -18,10 +18,13 @@ void writeResult(const std::string& out, qint64 expectedSize, Session& session,
         session.complain(target.name(), target.problem());
         return;
     }
-    const bool complete = write(target.file()) == 0 && target.commit();
+    // Work that wrote nothing never asked whether it was to stop.
+    const bool complete = write(target.file()) == 0 && !wasInterrupted() && target.commit();
+    if (complete)
+        return;
     if (wasInterrupted())
         session.setInterrupted();
-    else if (!complete)
+    else
         session.complain(target.name(), target.problem());
 }
 
