@@ -16,10 +16,9 @@
 /// cutting it (`left`, `right`, `mid`) and trimming it cost O(1) and share the bytes; the buffer
 /// lives as long as its last slice. Positions and lengths are in bytes.
 ///
-/// - Null and empty differ: a default-constructed text is null (`isNull`), "" is not; both are
-/// empty
-///   (`isEmpty`) and compare equal, since comparisons look at the bytes only. A null `const char*`
-///   compares as an empty text.
+/// - Null and empty differ: a default-constructed text is null (`isNull`), "" is not. Both are
+///   empty (`isEmpty`) and compare equal, since comparisons look at the bytes only. A null
+///   `const char*` compares as an empty text.
 /// - A text normally holds no NUL: the constructors end it at the first one. Only `fromBytes` keeps
 ///   them.
 /// - Case conversion and case-insensitive search know ASCII letters only, so that no locale changes

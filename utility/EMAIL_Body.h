@@ -37,10 +37,9 @@ public:
     /// With a `path`, `data` is the content of that file, and the body and all below it become
     /// ranges of it. With an empty `path` the body is `mString`, and `data` its text.
     ///
-    /// - Multipart: cut at the delimiter lines of the boundary (RFC 2046, section 5.1.1) into
-    /// parts,
-    ///   which are appended to `mBodyParts` and parsed. Text in front of the first and behind the
-    ///   closing delimiter is dropped, and so are line breaks at both ends of a part.
+    /// - Multipart: cut into parts at the delimiter lines of the boundary (RFC 2046, section
+    ///   5.1.1); the parts are appended to `mBodyParts` and parsed. Text in front of the first and
+    ///   behind the closing delimiter is dropped, and so are line breaks at both ends of a part.
     /// - Message, in memory: `mMessage` is made from the text and parsed. The text keeps its outer
     ///   line breaks.
     /// - Any other type, and a message in a file: CR and LF at both ends are dropped.

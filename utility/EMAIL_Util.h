@@ -82,10 +82,8 @@ public:
     /// Splits `src` at every `sep`, dropping empty pieces. An empty `sep` gives the whole text as
     /// one piece.
     ///
-    /// 1. `strip` trims the last piece only, and the test for emptiness comes before the trimming:
-    /// a
-    ///    tail of white space becomes an empty last piece. The date and address parsers count on
-    ///    it.
+    /// 1. `strip` trims the last piece only, after the test for emptiness: a tail of white space
+    ///    becomes an empty last piece. The date and address parsers count on it.
     static QValueList<QCString> split(QCString const& sep, QCString const& src, bool strip);
     /// Copies `src` without the run of `c` at either end to `out`; a text made of `c` only is
     /// copied unchanged.
@@ -97,7 +95,8 @@ public:
     //
     // The memory forms return the result as an array; it is empty for a null pointer and when there
     // is no memory for it. The decoders read up to the terminating NUL, write the result's length
-    // to `outLen` and never call the callback.
+    // to `outLen`, which a null pointer or missing memory leaves alone, and never call the
+    // callback.
     //
     // The file forms write to `out`, which is open for writing, in blocks of 32768 bytes or a few
     // more; the decoders read exactly `len` bytes and ask the callback before each block but the

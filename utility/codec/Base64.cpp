@@ -131,7 +131,7 @@ private:
         return next;
     }
 
-    // The plain walk past whatever the stretches cannot take.
+    // The plain walk past whatever the stretches cannot take, and not much further.
     char* walkLine(char* next, char* limit)
     {
         for (int groups = 0; groups < kGroupsInLine && next < limit; ++groups)
@@ -139,10 +139,11 @@ private:
         return next;
     }
 
-    // The plain walk past the last few digits of a line: behind its end a new stretch may begin.
+    // The same, but no further than to the line's end: behind it a new stretch may begin.
     char* walkToLineEnd(char* next, char* limit)
     {
-        while (next < limit && mNext != mEnd && valueOf(*mNext) != kBase64Skipped)
+        const auto isInLine = [this] { return mNext != mEnd && valueOf(*mNext) != kBase64Skipped; };
+        for (int groups = 0; groups < kGroupsInLine && next < limit && isInLine(); ++groups)
             next = walkGroup(next);
         return next;
     }
@@ -186,9 +187,6 @@ private:
     const char* mEnd;
     NulByte mNulByte;
 };
-
-// A size that would not fit wraps round to less than this, and no memory has this much room.
-constexpr unsigned long kLongestInput = ~0UL / 8;
 
 std::size_t encodedLength(unsigned long length, bool breakLines)
 {

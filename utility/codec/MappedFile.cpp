@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/MappedFile.h"
 
-#include "utility/EMAIL_Util.h"
+#include "utility/codec/FileMapping.h"
 
 #include <sys/mman.h>
 
@@ -9,8 +9,7 @@ namespace tarvomime {
 
 MappedFile::MappedFile(const QString& path)
 {
-    if (EMAIL_Util::openBuffer(path, mStream, mData, mSize) != 0)
-        mStream = nullptr;
+    mapFile(path, mStream, mData, mSize);
 }
 
 MappedFile::~MappedFile()

@@ -172,8 +172,6 @@ private:
     NulByte mNulByte;
 };
 
-// A size that would not fit wraps round to less than this, and no memory has this much room.
-constexpr unsigned long kLongestInput = ~0UL / 8;
 // Nothing of a longer input is looked at before there is room for its encoding.
 constexpr unsigned long kLongestCounted = 1UL << 31;
 

@@ -22,6 +22,10 @@ namespace tarvomime {
 constexpr std::size_t kLongestUnit = 8;
 constexpr std::size_t kLongestEnd = 8;
 
+/// An encoder refuses a longer input unread: the length of what it would write could wrap round,
+/// and no memory has room for it.
+constexpr unsigned long kLongestInput = ~0UL / 8;
+
 /// Builds the result in place: the array that is handed out is the one the codec writes into.
 class MemorySink
 {
@@ -83,7 +87,7 @@ int pump(Codec& codec, Sink& sink)
     return 0;
 }
 
-/// The result in memory; a null array when there is no room for it.
+/// The result in memory; nothing when there is no room for it.
 template <class Codec>
 std::optional<QByteArray> runInMemory(Codec codec, std::size_t capacity)
 {
