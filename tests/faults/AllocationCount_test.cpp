@@ -4,7 +4,10 @@
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
+#include "utility/EMAIL_Util.h"
 
+#include <QTemporaryFile>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -32,6 +35,15 @@ long allocationsOfParsingBody(const QCString& body)
     field.mBody = body;
     const long before = allocationCount();
     field.parse();
+    return allocationCount() - before;
+}
+
+long allocationsOf(const std::function<void()>& work)
+{
+    // What is made once for the whole program is not counted.
+    work();
+    const long before = allocationCount();
+    work();
     return allocationCount() - before;
 }
 
@@ -67,4 +79,38 @@ TEST(AllocationCount, OfParsingTypedFields)
     for (int i = 0; i < 1024; ++i)
         parameters += "; p" + QByteArray::number(i) + "=value";
     EXPECT_LE(allocationsOfParsingBody<EMAIL_ContentType>(parameters), 2 * 1024 + 2 * 11);
+}
+
+// The result, made in its place.
+TEST(AllocationCount, OfACodecInMemory)
+{
+    const QByteArray data = QByteArray("a=b \xE9").repeated(20000);
+    const auto size = static_cast<unsigned long>(data.size());
+    const QByteArray base64 = EMAIL_Util::encB64(data.constData(), size, 1);
+    const QByteArray qp = EMAIL_Util::encQp(data.constData(), size, 1);
+    unsigned long length = 0;
+    EXPECT_EQ(allocationsOf([&] { EMAIL_Util::encB64(data.constData(), size, 1); }), 1);
+    EXPECT_EQ(allocationsOf([&] { EMAIL_Util::encQp(data.constData(), size, 1); }), 1);
+    EXPECT_EQ(allocationsOf([&] { EMAIL_Util::decB64(base64.constData(), &length); }), 1);
+    EXPECT_EQ(allocationsOf([&] { EMAIL_Util::decQp(qp.constData(), &length); }), 1);
+}
+
+// Blocks are gathered on the stack; the file keeps one short block for itself.
+TEST(AllocationCount, OfACodecToAFileDoesNotGrow)
+{
+    const QByteArray data = QByteArray("a=b \xE9").repeated(200000);
+    const auto size = static_cast<unsigned long>(data.size());
+    const QByteArray base64 = EMAIL_Util::encB64(data.constData(), size, 1);
+    const auto textSize = static_cast<int>(base64.size());
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    constexpr long kOfTheFile = 4;
+    EXPECT_LE(allocationsOf([&] { EMAIL_Util::encB64(data.constData(), size, &file, 1); }),
+              kOfTheFile);
+    EXPECT_LE(allocationsOf([&] { EMAIL_Util::encQp(data.constData(), size, &file, 1); }),
+              kOfTheFile);
+    EXPECT_LE(allocationsOf([&] { EMAIL_Util::decB64(base64.constData(), textSize, &file); }),
+              kOfTheFile);
+    EXPECT_LE(allocationsOf([&] { EMAIL_Util::decQp(base64.constData(), textSize, &file); }),
+              kOfTheFile);
 }

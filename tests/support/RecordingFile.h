@@ -16,6 +16,12 @@ public:
     }
 
     const std::vector<qint64>& writes() const { return mWrites; }
+    /// A callback that goes on, and notes behind how many writes it was called.
+    auto notingCallback()
+    {
+        return [this] { return mCalls.push_back(mWrites.size()), 0; };
+    }
+    const std::vector<std::size_t>& calls() const { return mCalls; }
     /// What is on disk, whatever the object itself still holds back.
     QByteArray written() const
     {
@@ -33,4 +39,5 @@ protected:
 private:
     QTemporaryDir mFolder;
     std::vector<qint64> mWrites;
+    std::vector<std::size_t> mCalls;
 };

@@ -4,7 +4,10 @@
 #include "tests/support/PlainCodecs.h"
 #include "tests/support/RandomBytes.h"
 #include "tests/support/RecordingFile.h"
+#include "tests/support/ShortStrings.h"
 #include "utility/codec/Base64.h"
+
+#include <algorithm>
 
 // The fast paths beside the plain ones: equal in every byte, every block and every call.
 namespace {
@@ -118,6 +121,23 @@ TEST(Base64Twins, DecodeABadByteAtEveryPosition)
     });
 }
 
+// Around the ends of a vector, of a line and of four lines, which are looked at together.
+TEST(Base64Twins, DecodeEveryShortStringWhereStretchesEnd)
+{
+    onEveryProcessor([] {
+        for (const char* lineEnd : {"\r\n", "\n", ""}) {
+            const QByteArray text = encoded(randomBytes(570, 9), lineEnd);
+            for (const int stretchEnd : {0, 16, 32, 64, 76, 256, 304, 312}) {
+                for (int start = std::max(stretchEnd - 3, 0); start <= stretchEnd + 3; ++start) {
+                    forEveryString(QByteArray("A=\n*\xEC\0", 6), 3, [&](const QByteArray& piece) {
+                        expectSameDecoding(ExactBuffer(QByteArray(text).insert(start, piece)));
+                    });
+                }
+            }
+        }
+    });
+}
+
 TEST(Base64Twins, DecodeEveryByteInEveryPlaceOfALine)
 {
     onEveryProcessor([] {
@@ -168,10 +188,14 @@ TEST(Base64Twins, FilesGetTheSameBlocksAndCalls)
                 RecordingFile fast;
                 RecordingFile plain;
                 const auto size = static_cast<int>(text.size());
-                EXPECT_EQ(tarvomime::decodeBase64(text.constData(), size, &fast, nullptr), 0);
-                EXPECT_EQ(tarvomime_plain::decodeBase64(text.constData(), size, &plain, nullptr),
+                EXPECT_EQ(
+                    tarvomime::decodeBase64(text.constData(), size, &fast, fast.notingCallback()),
+                    0);
+                EXPECT_EQ(tarvomime_plain::decodeBase64(text.constData(), size, &plain,
+                                                        plain.notingCallback()),
                           0);
                 ASSERT_EQ(fast.writes(), plain.writes()) << length << lineEnd;
+                ASSERT_EQ(fast.calls(), plain.calls()) << length << lineEnd;
                 ASSERT_TRUE(fast.written() == plain.written()) << length << lineEnd;
             }
         }

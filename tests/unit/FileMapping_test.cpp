@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/OpenResources.h"
 #include "utility/EMAIL_Util.h"
 
-#include <QDir>
 #include <QTemporaryDir>
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -22,20 +23,21 @@ protected:
         return file.fileName();
     }
 
-    static auto openDescriptors()
+    // Refused at once, with nothing left open or mapped and the arguments as they were. The file is
+    // looked at as the user `viewer`.
+    void expectRefused(const QString& name, uid_t viewer = geteuid()) const
     {
-        return QDir("/proc/self/fd").entryList(QDir::AllEntries | QDir::System).size();
-    }
-
-    // Refused at once, with nothing left open and the arguments as they were.
-    static void expectRefused(const QString& name)
-    {
+        const uid_t owner = geteuid();
+        const QString watched = name.isEmpty() ? mFolder.path() : name;
         FILE* stream = nullptr;
         char* data = nullptr;
         int size = 77;
-        const auto before = openDescriptors();
-        EXPECT_EQ(EMAIL_Util::openBuffer(name, stream, data, size), -1);
-        EXPECT_EQ(openDescriptors(), before);
+        const OpenResources before = OpenResources::of(watched);
+        ASSERT_EQ(seteuid(viewer), 0);
+        const int result = EMAIL_Util::openBuffer(name, stream, data, size);
+        ASSERT_EQ(seteuid(owner), 0);
+        EXPECT_EQ(result, -1) << name.toStdString();
+        EXPECT_EQ(OpenResources::of(watched), before) << name.toStdString();
         EXPECT_EQ(stream, nullptr);
         EXPECT_EQ(data, nullptr);
         EXPECT_EQ(size, 77);
@@ -54,6 +56,42 @@ TEST_F(FileMapping, ShowsTheWholeFile)
     EXPECT_EQ(QByteArray(data, size), bytes);
     EXPECT_EQ(munmap(data, static_cast<std::size_t>(size)), 0);
     EXPECT_EQ(fclose(stream), 0);
+}
+
+TEST_F(FileMapping, IsReadOnlyAndPrivateAndNotInherited)
+{
+    const QString name = fileWith("abc");
+    FILE* stream = nullptr;
+    char* data = nullptr;
+    int size = 0;
+    ASSERT_EQ(EMAIL_Util::openBuffer(name, stream, data, size), 0);
+    QFile maps("/proc/self/maps");
+    ASSERT_TRUE(maps.open(QIODevice::ReadOnly));
+    QByteArray rights;
+    for (const QByteArray& line : maps.readAll().split('\n')) {
+        if (line.endsWith(QFile::encodeName(name)))
+            rights = line.split(' ').at(1);
+    }
+    EXPECT_EQ(rights, "r--p");
+    EXPECT_EQ(fcntl(fileno(stream), F_GETFD), FD_CLOEXEC);
+    munmap(data, 3);
+    fclose(stream);
+}
+
+TEST_F(FileMapping, LeavesNothingOnceReleased)
+{
+    const QString name = fileWith("abc");
+    const OpenResources before = OpenResources::of(name);
+    FILE* stream = nullptr;
+    char* data = nullptr;
+    int size = 0;
+    ASSERT_EQ(EMAIL_Util::openBuffer(name, stream, data, size), 0);
+    const OpenResources opened = OpenResources::of(name);
+    EXPECT_EQ(opened.descriptors, before.descriptors + 1);
+    EXPECT_EQ(opened.mappings, before.mappings + 1);
+    EXPECT_EQ(munmap(data, static_cast<std::size_t>(size)), 0);
+    EXPECT_EQ(fclose(stream), 0);
+    EXPECT_EQ(OpenResources::of(name), before);
 }
 
 TEST_F(FileMapping, TheStreamReadsAndWrites)
@@ -122,16 +160,15 @@ TEST_F(FileMapping, RefusesARunningProgram)
     expectRefused("/proc/self/exe");
 }
 
-TEST_F(FileMapping, RefusesAReadOnlyFile)
+TEST_F(FileMapping, RefusesAFileThatMayNotBeReadOrWritten)
 {
     const QByteArray name = QFile::encodeName(fileWith("abc"));
-    ASSERT_EQ(chmod(name.constData(), 0444), 0);
     ASSERT_EQ(chmod(QFile::encodeName(mFolder.path()).constData(), 0755), 0);
-    // Permissions do not bind root: look at the file as somebody else.
-    const bool isRoot = geteuid() == 0;
-    ASSERT_EQ(isRoot ? seteuid(65534) : 0, 0);
-    expectRefused(QFile::decodeName(name));
-    ASSERT_EQ(isRoot ? seteuid(0) : 0, 0);
+    for (const mode_t rights : {0444, 0222, 0}) {
+        ASSERT_EQ(chmod(name.constData(), rights), 0);
+        // Permissions do not bind root.
+        expectRefused(QFile::decodeName(name), geteuid() == 0 ? 65534 : geteuid());
+    }
 }
 
 TEST_F(FileMapping, RefusesTwoGibibytes)

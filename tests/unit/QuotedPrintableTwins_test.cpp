@@ -4,6 +4,7 @@
 #include "tests/support/PlainCodecs.h"
 #include "tests/support/RandomBytes.h"
 #include "tests/support/RecordingFile.h"
+#include "tests/support/ShortStrings.h"
 #include "utility/codec/QuotedPrintable.h"
 #include "utility/codec/QuotedPrintableStretch.h"
 #include "utility/codec/QuotedPrintableTables.h"
@@ -120,6 +121,19 @@ TEST(QpTwins, EncodeRunsOfCrAtTheEndOfABlock)
     });
 }
 
+// Bytes that end a line, move its end, or are escaped, wherever the line could be broken.
+TEST(QpTwins, EncodeEveryShortStringAroundALinesEnd)
+{
+    onEveryProcessor([] {
+        const QByteArray tail = text(100, 4, 2);
+        for (int column = 60; column <= 72; ++column) {
+            forEveryString("a=\r\n", 4, [&](const QByteArray& piece) {
+                expectSameEncoding(ExactBuffer(QByteArray(column, 'a') + piece + tail));
+            });
+        }
+    });
+}
+
 TEST(QpTwins, EncodeLongText)
 {
     onEveryProcessor([] {
@@ -180,6 +194,21 @@ TEST(QpTwins, DecodeOddPiecesAtEveryPosition)
     });
 }
 
+// What lies across a vector's end is an escape of which each vector sees a part.
+TEST(QpTwins, DecodeEveryShortStringAroundAVectorsEnd)
+{
+    onEveryProcessor([] {
+        const QByteArray tail(100, 'y');
+        for (const int vectorEnd : {16, 32, 64}) {
+            for (int start = vectorEnd - 4; start <= vectorEnd; ++start) {
+                forEveryString(QByteArray("=\r\n4eG\0", 7), 4, [&](const QByteArray& piece) {
+                    expectSameDecoding(ExactBuffer(QByteArray(start, 'x') + piece + tail));
+                });
+            }
+        }
+    });
+}
+
 TEST(QpTwins, DecodeEveryPairOfDigits)
 {
     onEveryProcessor([] {
@@ -230,12 +259,14 @@ TEST(QpTwins, FilesGetTheSameBlocksAndCalls)
                 const auto encodedSize = static_cast<int>(encodedData.size());
                 RecordingFile fast;
                 RecordingFile plain;
-                EXPECT_EQ(tarvomime::decodeQp(encodedData.constData(), encodedSize, &fast, nullptr),
+                EXPECT_EQ(tarvomime::decodeQp(encodedData.constData(), encodedSize, &fast,
+                                              fast.notingCallback()),
                           0);
                 EXPECT_EQ(tarvomime_plain::decodeQp(encodedData.constData(), encodedSize, &plain,
-                                                    nullptr),
+                                                    plain.notingCallback()),
                           0);
                 ASSERT_EQ(fast.writes(), plain.writes());
+                ASSERT_EQ(fast.calls(), plain.calls());
                 ASSERT_TRUE(fast.written() == plain.written());
             }
         }

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/CodecOracles.h"
 #include "tests/support/RecordingFile.h"
+#include "tests/support/ShortStrings.h"
 #include "utility/EMAIL_Util.h"
 
 #include <QMap>
@@ -84,6 +86,7 @@ INSTANTIATE_TEST_SUITE_P(
                     GuessRow{"binaryBehind4096", letters(4096) + QByteArray(90000, '\0'), 4},
                     GuessRow{"oneTenthOf4096", letters(3687) + QByteArray(409, '\xFF'), 4},
                     GuessRow{"moreThanOneTenthOf4096", letters(3686) + QByteArray(410, '\xFF'), 5},
+                    GuessRow{"byteBehind4096", letters(3687) + QByteArray(410, '\xFF'), 4},
                     GuessRow{"lineEnds", QByteArray("abcdefg\r\n").repeated(10), 5},
                     GuessRow{"prose", "It was a bright cold day in April.", 5}),
     [](const auto& row) { return row.param.name; });
@@ -120,6 +123,16 @@ TEST_P(TransferEncodingDispatch, EncodesToFile)
     RecordingFile file;
     EXPECT_EQ(EMAIL_Util::encWithCTE(kData.constData(), 5, &file, GetParam().encoding), 0);
     EXPECT_EQ(file.written(), GetParam().text);
+}
+
+TEST_P(TransferEncodingDispatch, DecodesInMemory)
+{
+    const auto& [name, encoding, text] = GetParam();
+    QByteArray out = "old";
+    EMAIL_Util::decFromCTE(QCString::fromBytes(text), out, encoding);
+    const bool isCopied = encoding != CTE_QUOTED_PRINTABLE && encoding != CTE_BASE64;
+    const QByteArray lineEnd = encoding == CTE_QUOTED_PRINTABLE ? "\r\n" : "";
+    EXPECT_EQ(out, isCopied ? QByteArray("a=b") : kData + lineEnd);
 }
 
 TEST_P(TransferEncodingDispatch, DecodesToFile)
@@ -170,6 +183,19 @@ TEST(TransferEncodingDecode, InMemoryEndsAtNulWhereverItStands)
             ASSERT_EQ(whole, upToNul) << encoding << ' ' << position;
         }
     }
+}
+
+// The decoders are told that a NUL ends their text, instead of its end: the same in every place.
+TEST(TransferEncodingDecode, InMemoryEndsAtNulInEveryShortString)
+{
+    forEveryString(QByteArray("=\r\n4Q\0", 6), 6, [](const QByteArray& text) {
+        const QByteArray upToNul(text.constData());
+        QByteArray out;
+        EMAIL_Util::decFromCTE(QCString::fromBytes(text), out, CTE_QUOTED_PRINTABLE);
+        ASSERT_EQ(out, oracle::decodeQp(upToNul)) << testing::PrintToString(text);
+        EMAIL_Util::decFromCTE(QCString::fromBytes(text), out, CTE_BASE64);
+        ASSERT_EQ(out, oracle::decodeBase64(upToNul)) << testing::PrintToString(text);
+    });
 }
 
 TEST(TransferEncodingDecode, AnEscapeCutByNulIsDropped)
