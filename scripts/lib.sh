@@ -48,11 +48,13 @@ install_packages() {
     rm -f "$log"
 }
 
-# build PRESET configures when needed and builds; shows the tools' output only when they fail.
+# build PRESET [TARGET] configures when needed and builds all or the one; shows the tools' output only
+# when they fail.
 build() {
-    local preset=$1 log
+    local preset=$1 target=${2:-all} log
     log=$(mktemp)
-    if ! { cmake --preset "$preset" -S "$repository" && cmake --build "$repository/build/$preset" --parallel "$(nproc)"; } \
+    if ! { cmake --preset "$preset" -S "$repository" &&
+        cmake --build "$repository/build/$preset" --parallel "$(nproc)" --target "$target"; } \
         >"$log" 2>&1 </dev/null; then
         cat "$log" >&2
         rm -f "$log"
