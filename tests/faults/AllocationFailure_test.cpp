@@ -54,6 +54,14 @@ void parseMessageType()
     message.parse();
 }
 
+void parseMultipart()
+{
+    EMAIL_Message message(QCString("Content-Type: multipart/mixed; boundary=b\n\n--b\nx\n--b--\n"),
+                          nullptr);
+    failNothrowNew(sizeof(EMAIL_BodyPart));
+    message.parse();
+}
+
 void parseAddresses(const char* body)
 {
     EMAIL_AddrList list;
@@ -135,6 +143,9 @@ INSTANTIATE_TEST_SUITE_P(
                     FailureRow{"enclosed message", "utility/EMAIL_Body\\.cpp",
                                "void EMAIL_Body::parse(const char*, int, int, const QString&)",
                                "mMessage", 0, 0, parseMessageType},
+                    FailureRow{"part of a multipart body", "utility/EMAIL_Body\\.cpp",
+                               "void EMAIL_Body::parse(const char*, int, int, const QString&)",
+                               "bodyPart", 0, 0, parseMultipart},
                     FailureRow{"work buffer", "utility/EMAIL_Header\\.cpp",
                                "static void EMAIL_Header::stripCFWS(const QCString&, QCString&)",
                                "tmp", 0, 0, stripLongText},

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Messages of hundreds of thousands of parts and fields stay affordable only while the components
 // are small. Whoever makes one grow meets this test first.
+#include "utility/EMAIL_AddrList.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_ContentType.h"
+#include "utility/EMAIL_DateTime.h"
+#include "utility/EMAIL_DispositionType.h"
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
@@ -38,6 +41,10 @@ INSTANTIATE_TEST_SUITE_P(Classes, ComponentSizes,
                                          SizeRow{"list", sizeof(QPtrList<int>), 16},
                                          SizeRow{"field", sizeof(EMAIL_Field), 120},
                                          SizeRow{"content type", sizeof(EMAIL_ContentType), 264},
+                                         SizeRow{"address list", sizeof(EMAIL_AddrList), 136},
+                                         SizeRow{"address", sizeof(EMAIL_Address), 64},
+                                         SizeRow{"disposition", sizeof(EMAIL_DispositionType), 160},
+                                         SizeRow{"date", sizeof(EMAIL_DateTime), 184},
                                          SizeRow{"header", sizeof(EMAIL_Header), 64},
                                          SizeRow{"body", sizeof(EMAIL_Body), 144},
                                          SizeRow{"message", sizeof(EMAIL_Message), 64},

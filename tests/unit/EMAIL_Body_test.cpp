@@ -1,54 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Body.h"
 
-#include "tests/support/RecordingFile.h"
+#include "tests/support/BodyOwner.h"
 #include "utility/EMAIL_BodyPart.h"
-#include "utility/EMAIL_ContentType.h"
-#include "utility/EMAIL_Header.h"
-#include "utility/EMAIL_Message.h"
 
-#include <QDir>
-#include <QTemporaryFile>
 #include <limits>
 #include <vector>
 
 namespace {
 
 const QString anyPath = QStringLiteral("/a/file");
-
-// A message of one Content-Type field, whose body is the one under test.
-struct Owner : EMAIL_Message
-{
-    explicit Owner(const char* type)
-    {
-        if (type != nullptr)
-            mHeader->contentType()->mBody = type;
-    }
-};
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-int entriesOf(const char* folder)
-{
-    return int(QDir(QString::fromLatin1(folder)).entryList(QDir::AllEntries | QDir::System).size());
-}
-
-int mappingsOf(const QString& path)
-{
-    return int(contentOf(QStringLiteral("/proc/self/maps")).count(QFile::encodeName(path)));
-}
-
-QString fileWith(QTemporaryFile& file, const QByteArray& content)
-{
-    file.open();
-    file.write(content);
-    file.flush();
-    return file.fileName();
-}
 
 } // namespace
 
@@ -120,7 +81,7 @@ class BodyText : public testing::TestWithParam<TextRow>
 
 TEST_P(BodyText, InMemory)
 {
-    Owner owner(GetParam().type);
+    BodyOwner owner(GetParam().type);
     owner.mBody->setMessage(GetParam().text);
     owner.mBody->parse();
     EXPECT_EQ(owner.mBody->getMessage(), GetParam().inMemory);
@@ -130,7 +91,7 @@ TEST_P(BodyText, InMemory)
 
 TEST_P(BodyText, InAFile)
 {
-    Owner owner(GetParam().type);
+    BodyOwner owner(GetParam().type);
     const QByteArray content = "\r\n" + GetParam().text + "\r\n";
     owner.mBody->setBodyInfo(QStringLiteral("/other"), 0, 0, false);
     owner.mBody->parse(content.constData(), 2, int(GetParam().text.size()), anyPath);
@@ -162,7 +123,7 @@ TEST(EMAIL_Body, ParseWithoutAnEntityAboveKeepsTheText)
     EMAIL_Body alone(QCString("\nx\n"), nullptr);
     alone.parse();
     EXPECT_EQ(alone.getMessage(), "\nx\n");
-    Owner owner("text/plain");
+    BodyOwner owner("text/plain");
     EMAIL_Body below(QCString("\nx\n"), owner.mHeader);
     below.parse();
     EXPECT_EQ(below.getMessage(), "\nx\n");
@@ -201,7 +162,7 @@ TEST_P(KeptRange, IsNarrowedInsideTheGivenBytes)
     // A heap block of exact size, so that a read outside is noticed by the sanitizers.
     const QByteArray source("\n\r\nab\r\n\n");
     const std::vector<char> data(source.begin(), source.end());
-    Owner owner("text/plain");
+    BodyOwner owner("text/plain");
     owner.mBody->setBodyInfo(anyPath, GetParam().offset, GetParam().length, true);
     owner.mBody->parse(data.data(), GetParam().start, GetParam().given, QString());
     EXPECT_TRUE(owner.mBody->isInMemory());
@@ -225,7 +186,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, KeptRange,
 TEST(EMAIL_Body, RefusesToReadAnImpossibleRange)
 {
     for (const int start : {-1, 1, maxInt}) {
-        Owner owner("multipart/mixed; boundary=b");
+        BodyOwner owner("multipart/mixed; boundary=b");
         const int length = start == 1 ? -1 : maxInt;
         owner.mBody->parse("--b\n", start, length, anyPath);
         EXPECT_EQ(owner.mBody->numBodyParts(), 0);
@@ -235,7 +196,7 @@ TEST(EMAIL_Body, RefusesToReadAnImpossibleRange)
 
 TEST(EMAIL_Body, CutsTheTextOfTheExample)
 {
-    Owner owner("multipart/mixed; boundary=b");
+    BodyOwner owner("multipart/mixed; boundary=b");
     owner.mBody->setMessage(
         "preamble\r\n--b\r\nX: 1\r\n\r\none\r\n--b\r\n\r\n\r\n--b--\r\nepilogue");
     owner.mBody->parse();
@@ -252,7 +213,7 @@ TEST(EMAIL_Body, CutsTheTextOfTheExample)
 TEST(EMAIL_Body, PartsInAFileStayThere)
 {
     const QByteArray content("xx\n--b\nX: 1\n\none\n--b--\n");
-    Owner owner("multipart/mixed; boundary=b");
+    BodyOwner owner("multipart/mixed; boundary=b");
     owner.mBody->parse(content.constData(), 2, int(content.size()) - 2, anyPath);
     ASSERT_EQ(owner.mBody->numBodyParts(), 1);
     const EMAIL_BodyPart* part = owner.mBody->bodyPart(0);
@@ -265,7 +226,7 @@ TEST(EMAIL_Body, PartsInAFileStayThere)
 
 TEST(EMAIL_Body, InMemoryCutsItsOwnTextWhateverIsGiven)
 {
-    Owner owner("multipart/mixed; boundary=b");
+    BodyOwner owner("multipart/mixed; boundary=b");
     owner.mBody->setMessage("--b\nX: 1\n--b--");
     owner.mBody->parse("--b\nY: 2\n--b\nZ: 3\n--b--", 0, 23, QString());
     ASSERT_EQ(owner.mBody->numBodyParts(), 1);
@@ -274,7 +235,7 @@ TEST(EMAIL_Body, InMemoryCutsItsOwnTextWhateverIsGiven)
 
 TEST(EMAIL_Body, ParsingAgainKeepsTheParts)
 {
-    Owner owner("multipart/mixed; boundary=b");
+    BodyOwner owner("multipart/mixed; boundary=b");
     owner.mBody->setMessage("--b\nX: 1\n--b--");
     owner.mBody->parse();
     const EMAIL_BodyPart* first = owner.mBody->bodyPart(0);
@@ -285,7 +246,7 @@ TEST(EMAIL_Body, ParsingAgainKeepsTheParts)
 
 TEST(EMAIL_Body, ParsingAgainReplacesTheEnclosedMessage)
 {
-    Owner owner("message/rfc822");
+    BodyOwner owner("message/rfc822");
     owner.mBody->setMessage("A: 1\n\none");
     owner.mBody->parse();
     owner.mBody->setMessage("B: 2\n\ntwo");
@@ -376,258 +337,4 @@ TEST(EMAIL_Body, DeletesTheEnclosedMessageThenTheParts)
         body.insertBodyPart(&kept, 0);
     }
     EXPECT_EQ(deaths.size(), 4U) << "a list that does not own its parts keeps them alive";
-}
-
-TEST(EMAIL_Body, GivesItsText)
-{
-    EMAIL_Body body;
-    body.setMessage("in memory");
-    QCString text("old");
-    EXPECT_EQ(body.getBodyText(text), 0);
-    EXPECT_EQ(text, "in memory");
-
-    QTemporaryFile file;
-    const QString path = fileWith(file, QByteArray("0123\0 56789", 11));
-    const int descriptors = entriesOf("/proc/self/fd");
-    body.setBodyInfo(path, 1, 3, true);
-    EXPECT_EQ(body.getBodyText(text), 0);
-    EXPECT_EQ(text, "123");
-    body.setBodyInfo(path, 2, 9, true);
-    EXPECT_EQ(body.getBodyText(text), 0);
-    EXPECT_EQ(text, "23") << "ends at the first NUL";
-    body.setBodyInfo(path, 3, 0, true);
-    EXPECT_EQ(body.getBodyText(text), 0);
-    EXPECT_EQ(text, "");
-    EXPECT_EQ(entriesOf("/proc/self/fd"), descriptors);
-    EXPECT_EQ(mappingsOf(path), 0);
-}
-
-// Ranges that lie outside their file.
-namespace {
-
-struct OutsideRow
-{
-    const char* name;
-    int offset;
-    int length;
-    bool fileExists = true;
-    // Raw content is read from the first byte on, whatever the offset.
-    int rawResult = -1;
-};
-
-void PrintTo(const OutsideRow& row, std::ostream* out)
-{
-    *out << row.name;
-}
-
-class OutsideRange : public testing::TestWithParam<OutsideRow>
-{
-protected:
-    QTemporaryFile mStored;
-    QString mPath = fileWith(mStored, "0123456789") + (GetParam().fileExists ? "" : "-not-there");
-};
-
-} // namespace
-
-TEST_P(OutsideRange, IsNeverRead)
-{
-    const int descriptors = entriesOf("/proc/self/fd");
-    Owner owner("application/octet-stream");
-    owner.mBody->setBodyInfo(mPath, GetParam().offset, GetParam().length, true);
-    QCString text("old");
-    EXPECT_EQ(owner.mBody->getBodyText(text), -1);
-    EXPECT_EQ(text, "old");
-    RecordingFile out;
-    EXPECT_EQ(owner.mBody->assemble(&out), -1);
-    EXPECT_EQ(out.written(), "");
-    EXPECT_EQ(owner.assemble(&out), -1);
-    EXPECT_EQ(out.written(), "Content-Type: application/octet-stream\r\n\r\n")
-        << "what was written before stays";
-    owner.mBody->mEncoded = false;
-    EXPECT_EQ(owner.mBody->assemble(&out), GetParam().rawResult);
-    EXPECT_EQ(entriesOf("/proc/self/fd"), descriptors + 1) << "only the output is open";
-    EXPECT_EQ(mappingsOf(mStored.fileName()), 0);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, OutsideRange,
-    testing::Values(OutsideRow{"length past the end", 0, 11},
-                    OutsideRow{"offset past the end", 11, 1, true, 0},
-                    OutsideRow{"both inside, sum past the end", 5, 6, true, 0},
-                    OutsideRow{"negative offset", -1, 5, true, 0},
-                    OutsideRow{"negative length", 5, -1},
-                    OutsideRow{"sum past the largest number", maxInt - 1, 10, true, 0},
-                    OutsideRow{"both past the largest number", maxInt, maxInt},
-                    OutsideRow{"smallest numbers", std::numeric_limits<int>::min(),
-                               std::numeric_limits<int>::min()},
-                    OutsideRow{"no file", 0, 5, false}));
-
-TEST(EMAIL_Body, WritesAFileBodyInBlocks)
-{
-    QTemporaryFile stored;
-    QByteArray content;
-    for (int i = 0; i < 70000; ++i)
-        content.append(char('a' + i % 26));
-    const QString path = fileWith(stored, "<" + content + ">");
-    Owner owner("application/octet-stream");
-    owner.mBody->setBodyInfo(path, 1, 70000, true);
-    RecordingFile out;
-    EXPECT_EQ(owner.mBody->assemble(&out), 0);
-    EXPECT_EQ(out.written(), content + "\r\n");
-    EXPECT_EQ(out.writes(), (std::vector<qint64>{32768, 32768, 4466}));
-    EXPECT_EQ(owner.mBody->getMessage(), "") << "stays in its file";
-}
-
-namespace {
-
-struct FileRow
-{
-    const char* name;
-    const char* cte;
-    int offset;
-    int length;
-    bool encoded;
-    QByteArray written;
-};
-
-void PrintTo(const FileRow& row, std::ostream* out)
-{
-    *out << row.name;
-}
-
-class FileBody : public testing::TestWithParam<FileRow>
-{
-};
-
-} // namespace
-
-TEST_P(FileBody, IsWritten)
-{
-    QTemporaryFile stored;
-    const QString path = fileWith(stored, "0123456789");
-    Owner owner("application/octet-stream");
-    if (GetParam().cte != nullptr)
-        owner.mHeader->field("Content-Transfer-Encoding")->mBody = GetParam().cte;
-    owner.mBody->setBodyInfo(path, GetParam().offset, GetParam().length, GetParam().encoded);
-    RecordingFile out;
-    EXPECT_EQ(owner.mBody->assemble(&out), 0);
-    EXPECT_EQ(out.written(), GetParam().written);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, FileBody,
-    testing::Values(FileRow{"range and CR LF", nullptr, 2, 3, true, "234\r\n"},
-                    FileRow{"whole file", "base64", 0, 10, true, "0123456789\r\n"},
-                    FileRow{"nothing", nullptr, 2, 0, true, ""},
-                    FileRow{"nothing raw", "base64", 0, 0, false, ""},
-                    FileRow{"raw from the first byte", "base64", 7, 3, false, "MDEy\r\n"},
-                    FileRow{"raw as it is", "8bit", 7, 3, false, "012"},
-                    FileRow{"raw without a transfer encoding", nullptr, 7, 3, false, "012"}));
-
-TEST(EMAIL_Body, AssemblesNothingWithoutAnEntityAbove)
-{
-    EMAIL_Body body(QCString("text"), nullptr);
-    EXPECT_EQ(body.assemble(nullptr), -1);
-    EXPECT_EQ(body.getMessage(), "text");
-    RecordingFile out;
-    EXPECT_EQ(body.assemble(&out), -1);
-    EXPECT_EQ(out.written(), "");
-}
-
-TEST(EMAIL_Body, AssemblyCreatesAMissingContentType)
-{
-    EMAIL_Message message;
-    message.mBody->setMessage("text");
-    EXPECT_EQ(message.mBody->assemble(nullptr), 0);
-    ASSERT_NE(message.mHeader->getField("Content-Type"), nullptr);
-    message.assemble();
-    EXPECT_EQ(message.getMessage(), "text") << "its empty body writes nothing";
-}
-
-TEST(EMAIL_Body, AssemblyOfAFileBodyInMemoryLeavesItInItsFile)
-{
-    Owner owner("text/plain");
-    owner.mBody->setBodyInfo(QStringLiteral("/not/there"), 0, 5, true);
-    EXPECT_EQ(owner.assemble(nullptr), 0);
-    EXPECT_EQ(owner.getMessage(), "Content-Type: text/plain\r\n\r\n");
-    EXPECT_EQ(owner.mBody->getMessage(), "");
-}
-
-TEST(EMAIL_Body, AMessageIsWrittenFromItsText)
-{
-    Owner owner("message/rfc822");
-    owner.mBody->setMessage("\nSubject: old\n\ntext\n");
-    owner.mBody->parse();
-    owner.mBody->mMessage->mHeader->setSubject("new");
-    owner.mBody->assemble();
-    EXPECT_EQ(owner.mBody->getMessage(), "\nSubject: old\n\ntext\n");
-}
-
-TEST(EMAIL_Body, AssemblesAddedParts)
-{
-    Owner owner("multipart/mixed; boundary=b");
-    auto* part = new EMAIL_BodyPart;
-    part->mHeader->setSubject("one");
-    part->mBody->setMessage("text");
-    owner.mBody->insertBodyPart(part, 0);
-    owner.mBody->insertBodyPart(new EMAIL_BodyPart, 1);
-    const QByteArray expected("--b\r\nSubject: one\r\n\r\ntext\r\n--b\r\n\r\n--b--\r\n");
-    owner.assemble();
-    EXPECT_EQ(owner.mBody->getMessage(), expected);
-    EXPECT_EQ(part->getMessage(), "Subject: one\r\n\r\ntext");
-    EXPECT_EQ(part->mHeader->getMessage(), "Subject: one\r\n");
-    const QCString& whole = owner.getMessage();
-    const char* begin = whole.begin();
-    EXPECT_EQ(part->mBody->getMessage().begin() - begin, whole.find("text\r\n")) << "a slice";
-    EXPECT_EQ(part->mHeader->getField("Subject")->getMessage().begin() - begin,
-              whole.find("Subject"));
-    RecordingFile out;
-    EXPECT_EQ(owner.mBody->assemble(&out), 0);
-    EXPECT_EQ(out.written(), expected);
-    EXPECT_EQ(owner.mBody->getMessage(), "");
-}
-
-TEST(EMAIL_Body, APartThatCannotBeWrittenFailsTheWhole)
-{
-    Owner owner("multipart/mixed; boundary=b");
-    auto* part = new EMAIL_BodyPart;
-    part->mHeader->setSubject("one");
-    part->mBody->setBodyInfo(QStringLiteral("/not/there"), 0, 5, true);
-    owner.mBody->insertBodyPart(part, 0);
-    RecordingFile out;
-    EXPECT_EQ(owner.mBody->assemble(&out), -1);
-    EXPECT_EQ(out.written(), "--b\r\nSubject: one\r\n\r\n");
-}
-
-TEST(EMAIL_Body, AssemblyReportsAFullDisk)
-{
-    QTemporaryFile stored;
-    const QString path = fileWith(stored, QByteArray(100000, 'x'));
-    const int descriptors = entriesOf("/proc/self/fd");
-    for (const bool encoded : {true, false}) {
-        for (const int length : {1, 32766, 32768, 100000}) {
-            Owner owner("application/octet-stream");
-            owner.mBody->setBodyInfo(path, 0, length, encoded);
-            QFile full(QStringLiteral("/dev/full"));
-            ASSERT_TRUE(full.open(QIODevice::WriteOnly));
-            EXPECT_EQ(owner.mBody->assemble(&full), -1) << length << (encoded ? "" : " raw");
-        }
-    }
-    EXPECT_EQ(entriesOf("/proc/self/fd"), descriptors);
-    EXPECT_EQ(mappingsOf(path), 0);
-}
-
-TEST(EMAIL_Body, PassesOverWhatAnApplicationTookOut)
-{
-    EMAIL_Message message(QCString("Content-Type: multipart/mixed; boundary=b\n\n"
-                                   "--b\nA: 1\n\none\n--b\nB: 2\n\ntwo\n--b--\n"),
-                          nullptr);
-    message.parse();
-    EMAIL_Body& body = *message.mBody;
-    ASSERT_EQ(body.numBodyParts(), 2);
-    body.mBodyParts.append(nullptr);
-    body.assemble();
-    EXPECT_EQ(body.getMessage(), "--b\r\nA: 1\r\n\r\none\r\n--b\r\nB: 2\r\n\r\ntwo\r\n--b--\r\n");
-    delete body.bodyPart(0)->mBody;
-    body.bodyPart(0)->mBody = nullptr;
 }

@@ -3,6 +3,8 @@
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Util.h"
 
+#include <cstdlib>
+#include <ctime>
 #include <set>
 
 namespace {
@@ -37,6 +39,15 @@ const NumberRow subTypeRows[] = {
     {"Plain", 1, "plain"},           {"Mixed", 21, "mixed"}, {"MisspelledRanges", 26, "byterantes"},
     {"ReadButNeverWritten", 34, ""}, {"Java", 98, ""},       {"UnknownHasNoName", 0, ""},
 };
+
+QByteArray boundaryOfSeed(unsigned int seed)
+{
+    QByteArray boundary(12, '-');
+    std::srand(seed);
+    for (int i = 0; i < 24; ++i)
+        boundary.append("0123456789ABCDEF"[std::rand() % 16]);
+    return boundary;
+}
 
 } // namespace
 
@@ -244,4 +255,25 @@ TEST(EMAIL_ContentTypeAccess, FreshBoundariesDiffer)
     EXPECT_EQ(boundaries.size(), 100u);
     EXPECT_EQ(field.mParsed, 0);
     EXPECT_TRUE(field.mParams.isEmpty());
+}
+
+// The seed is the time plus a counter, which has come as far as the tests before have driven it.
+TEST(EMAIL_ContentTypeAccess, BoundariesComeFromTheTimeAndACounter)
+{
+    constexpr unsigned int mostBoundariesBefore = 100000;
+    EMAIL_ContentType field;
+    const auto start = static_cast<unsigned int>(std::time(nullptr));
+    field.createBoundary();
+    const QByteArray first = field.mBoundary;
+    field.createBoundary();
+    const QByteArray second = field.mBoundary;
+    const auto elapsed = static_cast<unsigned int>(std::time(nullptr)) - start;
+    unsigned int seed = start + 1;
+    while (seed < start + mostBoundariesBefore && boundaryOfSeed(seed) != first)
+        ++seed;
+    ASSERT_EQ(boundaryOfSeed(seed), first);
+    bool isNext = false;
+    for (unsigned int later = 0; later <= elapsed; ++later)
+        isNext = isNext || boundaryOfSeed(seed + 1 + later) == second;
+    EXPECT_TRUE(isNext) << first.constData() << ' ' << second.constData();
 }

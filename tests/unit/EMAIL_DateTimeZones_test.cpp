@@ -188,3 +188,12 @@ TEST(EMAIL_DateTimeZones, FollowsAZoneThatChanges)
         EXPECT_EQ(date.getTime(), november) << zone;
     }
 }
+
+TEST(EMAIL_DateTimeZones, ConstructingFromATextMakesTheZoneCurrent)
+{
+    const LocalZone local(zone::utc);
+    setenv("TZ", zone::india, 1);
+    ASSERT_EQ(timezone, 0) << "nobody has looked at the new zone yet";
+    const EMAIL_DateTime date(QCString("raw"), nullptr);
+    EXPECT_EQ(timezone, -330 * 60);
+}
