@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Real and hostile mail from outside this repository: every message parses, in memory as in a
-// file, and what it assembles to settles.
+// Real and hostile mail from outside this repository: every message parses by the rules, in memory
+// as in a file, and what it assembles to settles.
+#include "tests/support/LiteralCutting.h"
 #include "tests/support/TreePrinter.h"
 #include "utility/EMAIL_Message.h"
 
@@ -59,6 +60,20 @@ TEST_F(Corpus, IsTheSameInMemoryAndInAFile)
         inFile.parse(text.constData(), 0, int(text.size()), QStringLiteral("/a/file"));
         EXPECT_TRUE(printTree(inFile, EnclosedMessages::AsText, text) ==
                     printTree(inMemory, EnclosedMessages::AsText))
+            << path;
+    });
+}
+
+// The literal rules take the square of a message's size where it is hostile.
+TEST_F(Corpus, IsCutAsTheLiteralRulesSay)
+{
+    constexpr int longest = 50000;
+    forEachMessage([](const std::string& path, const QByteArray& text) {
+        if (text.size() > longest)
+            return;
+        EMAIL_Message message(QCString::fromBytes(text), nullptr);
+        message.parse();
+        EXPECT_TRUE(printTree(message, EnclosedMessages::Parsed) == literal::printedTree(text))
             << path;
     });
 }

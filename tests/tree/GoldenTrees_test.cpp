@@ -4,6 +4,9 @@
 //
 // Each message runs with LF and with CR LF line ends, from memory and from a file. A body in a file
 // holds its enclosed message as text only: where that shows, NAME.file.expected holds the tree.
+//
+// The literal rules, by which random messages are judged, must print the same trees.
+#include "tests/support/LiteralCutting.h"
 #include "tests/support/TreePrinter.h"
 #include "utility/EMAIL_Message.h"
 
@@ -75,6 +78,14 @@ protected:
         return contentOf(goldenFolder + GetParam() + suffix);
     }
 
+    // Without what the message assembles to.
+    QByteArray expectedTree() const
+    {
+        QByteArray tree = expected(QStringLiteral(".expected"));
+        tree.truncate(tree.indexOf("assembled\n"));
+        return tree;
+    }
+
     QByteArray mText = contentOf(goldenFolder + GetParam() + QStringLiteral(".eml"));
 };
 
@@ -95,12 +106,18 @@ TEST_P(GoldenTrees, FromMemory)
 TEST_P(GoldenTrees, FromAFile)
 {
     QByteArray tree = expected(QStringLiteral(".file.expected"));
-    if (tree.isEmpty()) {
-        tree = expected(QStringLiteral(".expected"));
-        tree.truncate(tree.indexOf("assembled\n"));
-    }
+    if (tree.isEmpty())
+        tree = expectedTree();
     compare(GetParam() + QStringLiteral(".file"), tree, printedFromFile(mText));
     compare(GetParam() + QStringLiteral(".crlf.file"), tree, printedFromFile(withCrLf(mText)));
+}
+
+TEST_P(GoldenTrees, FromTheLiteralRules)
+{
+    const QByteArray tree = expectedTree();
+    compare(GetParam() + QStringLiteral(".literal"), tree, literal::printedTree(mText));
+    compare(GetParam() + QStringLiteral(".crlf.literal"), tree,
+            literal::printedTree(withCrLf(mText)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples, GoldenTrees, testing::ValuesIn(sampleNames()));
