@@ -85,6 +85,39 @@ TEST(Tree, IsJsonForPrograms)
     EXPECT_EQ(flags.value("partId").toString(), "2");
 }
 
+TEST(Tree, TellsEveryPrivateField)
+{
+    const ToolRunner tool;
+    tool.write("a.eml", "X-QRN-AS-Attn-Name: a b.pdf\n"
+                        "X-QRN-AS-Attn-Size: 99\n"
+                        "X-QRN-AS-Attn-Undownload: 0\n"
+                        "X-QRN-Message-Body-Truncated: -1\n"
+                        "X-QRN-Message-Body-Size: 70000\n"
+                        "X-QRN-Smart-Send-Type: 2\n"
+                        "X-QRN-DSN: 1\n"
+                        "Return-Receipt-To: old@x\n"
+                        "X-MESSAGE-PARTID: 1.2\n\nx");
+    const ToolResult drawn = tool.run({"tree", "a.eml"});
+    EXPECT_EQ(drawn.out, "a.eml\n"
+                         "└─ 1  text/plain, 1 byte, announcedName: a b.pdf, announcedSize: 99, "
+                         "deliveryNotification: yes, downloaded: no, fullSize: 70000, "
+                         "partId: 1.2, receiptTo: old@x, smartSend: 2, truncated: -1\n");
+    const QJsonObject flags =
+        partsOf(tool.run({"tree", "--json", "a.eml"})).at(0).toObject().value("flags").toObject();
+    const QJsonObject expected{
+        {"announcedName", "a b.pdf"}, {"announcedSize", 99}, {"deliveryNotification", true},
+        {"downloaded", false},        {"fullSize", 70000},   {"partId", "1.2"},
+        {"receiptTo", "old@x"},       {"smartSend", 2},      {"truncated", -1}};
+    EXPECT_EQ(flags, expected) << drawn.out.constData();
+}
+
+TEST(Tree, PrefersTheNewerReceiptRequest)
+{
+    const ToolRunner tool;
+    tool.write("a.eml", "Return-Receipt-To: old@x\nDisposition-Notification-To: new@x\n\nx");
+    EXPECT_TRUE(tool.run({"tree", "a.eml"}).out.contains("receiptTo: new@x\n"));
+}
+
 TEST(Tree, OfSeveralFilesIsALineEach)
 {
     const ToolRunner tool;
@@ -116,4 +149,26 @@ TEST(Tree, DeepMessagesHaveBoundedLines)
     ASSERT_EQ(parts.size(), 20001);
     EXPECT_EQ(parts.at(20000).toObject().value("level").toInt(), 20001);
     EXPECT_FALSE(parts.at(20000).toObject().contains("number"));
+}
+
+TEST(Tree, MessagesAndContainersByTurnsAreFollowedForAHundredLevels)
+{
+    constexpr int levels = 3000;
+    QByteArray text;
+    QByteArray ends;
+    for (int i = 0; i < levels; ++i) {
+        const QByteArray boundary = "b" + QByteArray::number(i + 10000);
+        text += "Content-Type: multipart/mixed; boundary=" + boundary + "\n\n--" + boundary +
+                "\nContent-Type: message/rfc822\n\n";
+        ends.prepend("\n--" + boundary + "--");
+    }
+    const ToolRunner tool;
+    tool.write("a.eml", text + "A: b\n\nx" + ends);
+    const ToolResult result = tool.run({"tree", "--json", "a.eml"});
+    EXPECT_EQ(result.status, 0);
+    const auto parts = partsOf(result).size();
+    EXPECT_GE(parts, 200);
+    EXPECT_LE(parts, 220);
+    EXPECT_EQ(partsOf(result).at(int(parts) - 1).toObject().value("type").toString(),
+              "message/rfc822");
 }

@@ -15,6 +15,7 @@ namespace tarvomime::tool {
 namespace {
 
 constexpr int kDeepestNumber = 100;
+constexpr qint64 kMostSearches = 100;
 
 /// Whether the body of `entity` is a message as it stands, not one that must be decoded first.
 bool enclosesMessage(const EMAIL_Entity& entity)
@@ -70,8 +71,12 @@ EMAIL_Message* PartTree::enclosedMessage(const EMAIL_Entity& entity)
     const EMAIL_Body& body = *entity.mBody;
     if (body.mInMemory || body.mLength <= 0)
         return body.mMessage;
+    if (mSearched > kMostSearches * mFile.size())
+        return nullptr;
     EMAIL_Message& message = mEnclosed.emplace_back();
     message.parse(mFile.data(), body.mOffset, body.mLength, body.mFile);
+    if (message.mBody->numBodyParts() > 0)
+        mSearched += body.mLength;
     return &message;
 }
 

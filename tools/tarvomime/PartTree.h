@@ -31,6 +31,10 @@ struct Part
 ///
 /// A part's number names the way to it: the message is 1, the second below it 1.2, the message
 /// enclosed in that 1.2.1.
+///
+/// An enclosed message is searched for its delimiters anew. Messages that take turns with
+/// containers for more than about a hundred levels, which only an attacker writes, would so take
+/// the square of their size: below that, an enclosed message stays in one piece.
 class PartTree
 {
 public:
@@ -62,6 +66,8 @@ private:
     std::vector<Part> mParts;
     /// The messages that the library leaves unparsed in a file.
     std::deque<EMAIL_Message> mEnclosed;
+    /// How many bytes were searched in those of them that have parts.
+    qint64 mSearched = 0;
 };
 
 } // namespace tarvomime::tool
