@@ -147,8 +147,7 @@ public:
     void removeSmartDataInfo();
     /// The short header text that accompanies smart-send data.
     ///
-    /// 1. The To line replaces the From line instead of following it: the server fills in the
-    /// sender.
+    /// 1. The To line replaces the From line instead of following it: the server knows who sends.
     /// 2. Content-Type is rewritten to text/plain in utf-8 and stays so in this header.
     QCString getSmartData();
 
