@@ -54,6 +54,11 @@ struct Row
     QByteArray written;
 };
 
+void PrintTo(const Row& row, std::ostream* out)
+{
+    printEscaped(row.body, out);
+}
+
 const Row rows[] = {
     {"OneMailbox", "John <j@x>", {mailbox("John <j@x>")}, "John <j@x>"},
     {"TwoMailboxesOnTwoLines", "a@x, b@y", {mailbox("a@x"), mailbox("b@y")}, "a@x,\r\n\tb@y"},

@@ -11,6 +11,11 @@ struct Row
     QByteArray address;
 };
 
+void PrintTo(const Row& row, std::ostream* out)
+{
+    printEscaped(row.text, out);
+}
+
 const Row rows[] = {
     {"Empty", "", ""},
     {"BareAddress", "js@x", "js@x"},

@@ -29,6 +29,11 @@ struct Row
     QByteArray written;
 };
 
+void PrintTo(const Row& row, std::ostream* out)
+{
+    printEscaped(row.body, out);
+}
+
 const Row rows[] = {
     {"Plain", "text/plain", "text", "plain", {}, "text/plain"},
     {"QuotedCharset",

@@ -29,6 +29,11 @@ struct SetRow
     int daylightSaving;
 };
 
+void PrintTo(const SetRow& row, std::ostream* out)
+{
+    *out << row.time << " in " << row.zone;
+}
+
 const SetRow setRows[] = {
     {"Utc", zone::utc, november, "Tue, 12 Nov 2002 09:00:00 +0000", november, 0},
     {"China", zone::china, november, "Tue, 12 Nov 2002 17:00:00 +0800", november, 0},

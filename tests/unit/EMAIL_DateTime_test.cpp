@@ -38,6 +38,11 @@ struct Row
     QByteArray written;
 };
 
+void PrintTo(const Row& row, std::ostream* out)
+{
+    printEscaped(row.body, out);
+}
+
 const Row rows[] = {
     {"Complete",
      "Tue, 12 Nov 2002 10:00:00 +0100",

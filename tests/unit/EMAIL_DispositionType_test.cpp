@@ -12,6 +12,11 @@ struct Row
     QByteArray written;
 };
 
+void PrintTo(const Row& row, std::ostream* out)
+{
+    printEscaped(row.body, out);
+}
+
 const Row rows[] = {
     {"QuotedFileName", "attachment; filename=\"report.pdf\"", 1, "report.pdf",
      "attachment; filename = report.pdf"},

@@ -29,6 +29,11 @@ struct WriterRow
     QByteArray line;
 };
 
+void PrintTo(const WriterRow& row, std::ostream* out)
+{
+    printEscaped(row.line, out);
+}
+
 const WriterRow writerRows[] = {
     {"PartId", [](EMAIL_Header& h) { h.setPartID(" 1.2 x"); }, "X-MESSAGE-PARTID",
      "X-MESSAGE-PARTID:  1.2 x\r\n"},

@@ -17,6 +17,11 @@ struct Row
     QByteArray headerAfter;
 };
 
+void PrintTo(const Row& row, std::ostream* out)
+{
+    printEscaped(row.header, out);
+}
+
 const Row rows[] = {
     {"EmptyHeader", "", contentType, contentType},
     {"ToReplacesFrom", "From: f@x\r\nTo: t@x\r\n", "To: t@x\r\n" + contentType,

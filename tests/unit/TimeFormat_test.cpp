@@ -17,6 +17,11 @@ struct Row
     const char* shown;
 };
 
+void PrintTo(const Row& row, std::ostream* out)
+{
+    *out << row.time << " in " << row.zone;
+}
+
 const Row rows[] = {
     {"Zero", zone::utc, 0, ""},
     {"Afternoon", zone::utc, march3 + 14 * 3600 + 5 * 60, "02:05 pm 03/03"},
