@@ -218,6 +218,47 @@ TEST(EncodedWordEncoder, ChunksOfEachCharsetAreThoseOfPlainHalving)
     }
 }
 
+TEST(EncodedWordEncoder, RandomTextsOfEachCharsetAreCutByPlainHalving)
+{
+    const unsigned seed = 2047;
+    std::mt19937 random(seed);
+    for (int round = 0; round < 3000 && !HasFailure(); ++round) {
+        const LabelRow& row = labelRows[random() % std::size(labelRows)];
+        QByteArray bytes;
+        for (unsigned left = random() % 300; left > 0; --left)
+            bytes += static_cast<char>(random() % 3 == 0 ? random() % 256 : 0xB0 + random() % 0x40);
+        QString text;
+        EMAIL_Util::decFromCharset(bytes, text, row.charset);
+        text += utf8(row.text);
+        const bool held = EMAIL_Util::canEncodeByCharset(text, row.charset);
+        EXPECT_EQ(words(text, row.charset),
+                  held ? plainWords(text, row.label, row.converted) : plainWords(text, "utf-8", 13))
+            << row.charset << " seed " << seed << " " << round;
+        if (!held || row.converted == row.charset) {
+            EXPECT_EQ(decoded(words(text, row.charset)), text) << seed << " " << round;
+        }
+    }
+}
+
+TEST(EncodedWordEncoder, CharactersOfUnusualLengthAreCutByPlainHalving)
+{
+    // Chinese charsets with single bytes above ASCII, as far as the platform's codecs have them.
+    for (const LabelRow& row : labelRows) {
+        if (row.charset < 14 || row.charset > 16)
+            continue;
+        for (const int odd : {0x80, 0x20AC, 0xF8F5, 0xF8F8}) {
+            const QString text = (utf8("\xE4\xBD\xA0") + QChar(odd)).repeated(50) + "abc";
+            const bool held = EMAIL_Util::canEncodeByCharset(text, row.charset);
+            EXPECT_EQ(words(text, row.charset), held ? plainWords(text, row.label, row.converted)
+                                                     : plainWords(text, "utf-8", 13))
+                << row.charset << " " << odd;
+        }
+    }
+    // The two may have four bytes together, or six.
+    const QString broken = (utf8("\xE2\x82\xAC") + QChar(0xD800)).repeated(50);
+    EXPECT_EQ(words(broken, 13), plainWords(broken, "utf-8", 13));
+}
+
 TEST(EncodedWordEncoder, LoneSurrogatesDoNotStopTheCutting)
 {
     const unsigned seed = 815;

@@ -41,32 +41,33 @@ QTextCodec* codecOf(int charset)
     return codecs[static_cast<std::size_t>(knownCharset(charset))];
 }
 
-QCString bytesInCharset(const QString& text, int charset)
+QByteArray bytesInCharset(const QString& text, int charset)
 {
+    // The string type's own conversion is faster, and differs for broken text only.
+    if (charset == CHARSET_UTF_8 && text.isValidUtf16())
+        return text.toUtf8();
     const SingleByteCharset* table = SingleByteCharset::of(charset);
     QByteArray bytes;
     if (table != nullptr && table->encode(text, bytes))
-        return QCString::fromBytes(bytes);
+        return bytes;
     return bytesThroughCodec(text, codecOf(charset));
 }
 
-QCString bytesThroughCodec(const QString& text, const QTextCodec* codec)
+QByteArray bytesThroughCodec(const QString& text, const QTextCodec* codec)
 {
-    if (codec == nullptr)
-        return QCString(text.toLatin1().constData());
-    return QCString::fromBytes(codec->fromUnicode(text));
+    return codec != nullptr ? codec->fromUnicode(text) : QByteArray(text.toLatin1().constData());
 }
 
 void encodeWithCharset(QCString& out, const QString& text, int charset)
 {
     if (charset != CHARSET_UTF_7)
-        out = bytesInCharset(text, charset);
+        out = QCString::fromBytes(bytesInCharset(text, charset));
 }
 
 void encodeThroughCodec(QCString& out, const QString& text, int charset, const QTextCodec* codec)
 {
     if (charset != CHARSET_UTF_7)
-        out = bytesThroughCodec(text, codec);
+        out = QCString::fromBytes(bytesThroughCodec(text, codec));
 }
 
 void decodeFromCharset(std::string_view bytes, QString& out, int charset)
@@ -105,27 +106,32 @@ void decodeThroughCodec(std::string_view bytes, QString& out, int charset, const
     std::unique_ptr<QTextDecoder> decoder;
     if (codec != nullptr && charset != CHARSET_UTF_8)
         decoder.reset(codec->makeDecoder());
-    // A decoder, unlike the codec itself, shows nothing for a character that the text's end cuts.
+    // A decoder waits for the rest of a character that the text's end cuts, and shows nothing for
+    // it.
     out = decoder ? decoder->toUnicode(bytes.data(), size) : QString::fromUtf8(bytes.data(), size);
 }
 
 bool canEncodeByCharset(const QString& text, int charset)
 {
+    QByteArray bytes;
+    return charset == CHARSET_UTF_8 || encodeIfHeld(bytes, text, charset);
+}
+
+bool encodeIfHeld(QByteArray& bytes, const QString& text, int charset)
+{
     const SingleByteCharset* table = SingleByteCharset::of(charset);
     if (table == nullptr || charset == CHARSET_UNKNOWN)
-        return canEncodeThroughCodec(text, charset, codecOf(charset));
-    // The bytes are read back up to their first NUL only.
-    QByteArray bytes;
+        return encodeIfHeldThroughCodec(bytes, text, charset, codecOf(charset));
     return table->encode(text, bytes) && !bytes.contains('\0');
 }
 
-bool canEncodeThroughCodec(const QString& text, int charset, const QTextCodec* codec)
+bool encodeIfHeldThroughCodec(QByteArray& bytes, const QString& text, int charset,
+                              const QTextCodec* codec)
 {
-    if (charset == CHARSET_UTF_8)
-        return true;
     if (charset == CHARSET_UNKNOWN || codec == nullptr)
         return false;
-    return codec->toUnicode(codec->fromUnicode(text).constData()) == text;
+    bytes = codec->fromUnicode(text);
+    return codec->toUnicode(bytes.constData()) == text;
 }
 
 } // namespace tarvomime

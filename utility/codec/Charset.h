@@ -3,6 +3,7 @@
 
 #include "types/QCString.h"
 
+#include <QByteArray>
 #include <QString>
 #include <string_view>
 
@@ -22,8 +23,8 @@ QTextCodec* codecOf(int charset);
 
 /// The bytes that the charset's codec gives for `text`, U+0000 included; its Latin-1 form when
 /// there is no codec.
-QCString bytesInCharset(const QString& text, int charset);
-QCString bytesThroughCodec(const QString& text, const QTextCodec* codec);
+QByteArray bytesInCharset(const QString& text, int charset);
+QByteArray bytesThroughCodec(const QString& text, const QTextCodec* codec);
 
 void encodeWithCharset(QCString& out, const QString& text, int charset);
 void encodeThroughCodec(QCString& out, const QString& text, int charset, const QTextCodec* codec);
@@ -34,6 +35,11 @@ void appendFromCharset(std::string_view bytes, int charset, Utf16Buffer& out);
 void decodeThroughCodec(std::string_view bytes, QString& out, int charset, const QTextCodec* codec);
 
 bool canEncodeByCharset(const QString& text, int charset);
-bool canEncodeThroughCodec(const QString& text, int charset, const QTextCodec* codec);
+/// Sets `bytes` to those of `text` if, up to their first NUL, they read as the same text again;
+/// false, with nothing to be read from `bytes`, if not and for `CHARSET_UNKNOWN`. Not to be asked
+/// of UTF-8, in which every text is written: half a surrogate pair does not come back from there.
+bool encodeIfHeld(QByteArray& bytes, const QString& text, int charset);
+bool encodeIfHeldThroughCodec(QByteArray& bytes, const QString& text, int charset,
+                              const QTextCodec* codec);
 
 } // namespace tarvomime

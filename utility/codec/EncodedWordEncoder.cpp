@@ -6,7 +6,6 @@
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/QuotedPrintable.h"
-#include "utility/codec/SingleByteCharset.h"
 #include "utility/codec/WordChunks.h"
 
 #include <QStringList>
@@ -26,6 +25,11 @@ QByteArray encodeBytes(std::string_view bytes, int form)
                               : encodeQp(bytes.data(), bytes.size(), false);
 }
 
+std::string_view viewOf(const QByteArray& bytes)
+{
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
 // 1. Charsets 20 to 23 joined later and were never given a label: their text is written as Latin-1.
 int charsetOfWords(int charset)
 {
@@ -34,96 +38,112 @@ int charsetOfWords(int charset)
     return labelled ? charset : CHARSET_ISO_8859_1;
 }
 
-/// Cuts a text into words of one charset.
+// Bytes that a unit takes in a charset of one byte, and in one of two bytes beside ASCII.
+constexpr auto oneByte = [](QChar) { return 1; };
+constexpr auto twoBytes = [](QChar unit) { return unit.unicode() < 0x80 ? 1 : 2; };
+
+/// Cuts a text into words of one charset, its bytes in which are given.
 class WordWriter
 {
 public:
-    WordWriter(const QString& text, int charset)
-        : mText(text), mCharset(charset), mName(mimeCharsetName(charset)),
-          mLongestPayload(longestLabelAndPayload - static_cast<int>(mName.size()) - 1)
+    WordWriter(const QString& text, int charset, const QByteArray& bytes)
+        : mText(text), mCharset(charset), mBytes(viewOf(bytes)), mName(mimeCharsetName(charset)),
+          mLongestBytes((longestLabelAndPayload - static_cast<int>(mName.size()) - 1) / 4 * 3)
     {
     }
 
     QByteArray write()
     {
-        const SingleByteCharset* table = SingleByteCharset::of(mCharset);
-        QByteArray bytes;
-        if (mCharset == CHARSET_UTF_8 && mText.isValidUtf16())
-            writeBytes(mText.toUtf8(), utf8Length);
-        else if (table != nullptr && table->encode(mText, bytes))
-            writeBytes(bytes, [](QChar) { return 1; });
+        reserveForAll();
+        if (fits(mBytes))
+            writeWord(mBytes, static_cast<int>(mText.length()));
+        else if (mCharset == CHARSET_UTF_8 && mText.isValidUtf16())
+            cutBytes(utf8Length);
+        else if (isSingleByte(mCharset) && eachUnitTakes(oneByte))
+            cutBytes(oneByte);
+        else if (mCharset != CHARSET_UTF_8 && eachUnitTakes(twoBytes))
+            cutBytes(twoBytes);
         else
-            writeThroughCodec();
+            cutThroughCodec();
         return mWords;
     }
 
 private:
-    int longestBytes() const { return mLongestPayload / 4 * 3; }
+    bool fits(std::string_view bytes) const
+    {
+        return static_cast<int>(bytes.size()) <= mLongestBytes;
+    }
+
+    // In neither kind of charset a unit takes more than that, so that none takes less where the sum
+    // is right.
+    template <class BytesOf>
+    bool eachUnitTakes(BytesOf bytesOf) const
+    {
+        const auto length = static_cast<int>(mText.length());
+        return bytesOfUnits(mText, 0, length, bytesOf) == static_cast<int>(mBytes.size());
+    }
 
     // Where each unit has its own bytes, one conversion serves all the words.
     template <class BytesOf>
-    void writeBytes(const QByteArray& bytes, BytesOf bytesOf)
+    void cutBytes(BytesOf bytesOf)
     {
-        reserveFor(static_cast<int>(bytes.size()));
-        const char* next = bytes.constData();
-        const char* const end = next + bytes.size();
+        std::string_view rest = mBytes;
         for (int position = 0; position < mText.length();) {
-            auto size = static_cast<int>(end - next);
+            std::string_view bytes = rest;
             int count = static_cast<int>(mText.length()) - position;
-            if (size > longestBytes()) {
-                const int reach = unitsWithin(longestBytes(), mText, position, bytesOf);
+            if (!fits(rest)) {
+                const int reach = unitsWithin(mLongestBytes, mText, position, bytesOf);
                 count = chunkLength(mText, position, [reach](int units) { return units <= reach; });
-                size = bytesOfUnits(mText, position, count, bytesOf);
+                const int size = bytesOfUnits(mText, position, count, bytesOf);
+                bytes = rest.substr(0, static_cast<std::size_t>(size));
             }
             position += count;
-            beginWord();
-            appendBase64(mWords, {next, static_cast<std::size_t>(size)});
-            endWord(position);
-            next += size;
+            writeWord(bytes, position);
+            rest.remove_prefix(bytes.size());
         }
     }
 
-    void writeThroughCodec()
+    void cutThroughCodec()
     {
         // No charset here writes fewer bytes than there are characters, and no character is longer
         // than two units; what is certainly too long is not converted.
-        const int certainlyTooLong = 2 * longestBytes() + 2;
+        const int certainlyTooLong = 2 * mLongestBytes + 2;
         for (int position = 0; position < mText.length();) {
-            QCString payload;
-            const int count = chunkLength(mText, position, [&](int candidate) {
+            QByteArray bytes;
+            position += chunkLength(mText, position, [&](int candidate) {
                 if (candidate > certainlyTooLong)
                     return false;
-                encodePayload(mText.mid(position, candidate), mCharset, CTE_BASE64, payload);
-                return payload.length() <= mLongestPayload;
+                bytes = bytesInCharset(mText.mid(position, candidate), mCharset);
+                return fits(viewOf(bytes));
             });
-            position += count;
-            beginWord();
-            mWords.append(payload.begin(), payload.length());
-            endWord(position);
+            writeWord(viewOf(bytes), position);
         }
     }
 
     // Halving leaves words that are at least half full, but for the last one.
-    void reserveFor(int bytes)
+    void reserveForAll()
     {
-        const int words = bytes <= longestBytes() ? 1 : 2 * bytes / longestBytes() + 1;
+        const int size = static_cast<int>(mBytes.size());
+        const int words = fits(mBytes) ? 1 : 2 * size / mLongestBytes + 1;
         const int frame = static_cast<int>(mName.size()) + 10;
-        mWords.reserve((bytes + 2) / 3 * 4 + words * (frame + 2));
+        mWords.reserve((size + 2) / 3 * 4 + words * (frame + 2));
     }
 
-    void beginWord()
+    // `end` is where the word's text ends.
+    void writeWord(std::string_view bytes, int end)
     {
         mWords.append("=?", 2);
         mWords.append(mName.data(), static_cast<int>(mName.size()));
         mWords.append("?b?", 3);
+        appendBase64(mWords, bytes);
+        mWords.append(end < mText.length() ? "?=\r\n\t" : "?=");
     }
-
-    void endWord(int end) { mWords.append(end < mText.length() ? "?=\r\n\t" : "?="); }
 
     const QString& mText;
     const int mCharset;
+    const std::string_view mBytes;
     const std::string_view mName;
-    const int mLongestPayload;
+    const int mLongestBytes;
     QByteArray mWords;
 };
 
@@ -135,7 +155,7 @@ QCString encodeAddress(const QString& item, int charset)
     QCString result;
     if (addressStart > 0)
         encodeWords(item.left(addressStart), charset, result);
-    return result.append(bytesInCharset(item.mid(addressStart), charset));
+    return result.append(QCString::fromBytes(bytesInCharset(item.mid(addressStart), charset)));
 }
 
 } // namespace
@@ -162,8 +182,13 @@ void encodeWords(const QString& text, int charset, QCString& out)
         out = QCString(text.toLatin1());
         return;
     }
-    const int used = canEncodeByCharset(text, charset) ? charset : CHARSET_UTF_8;
-    out.append(QCString::fromBytes(WordWriter(text, charsetOfWords(used)).write()));
+    // The bytes that tell whether the charset holds the text serve its words too.
+    QByteArray bytes;
+    const bool held = charset != CHARSET_UTF_8 && encodeIfHeld(bytes, text, charset);
+    const int used = charsetOfWords(held ? charset : int{CHARSET_UTF_8});
+    if (!held || used != charset)
+        bytes = bytesInCharset(text, used);
+    out.append(QCString::fromBytes(WordWriter(text, used, bytes).write()));
 }
 
 void encodeAddresses(const QString& text, int charset, QCString& out)
