@@ -2,8 +2,8 @@
 #include "utility/EMAIL_ContentType.h"
 
 #include "utility/EMAIL_Util.h"
+#include "utility/Subtypes.h"
 #include "utility/codec/AppendText.h"
-#include "utility/codec/MediaTypes.h"
 #include "utility/codec/Tokens.h"
 
 #include <cstddef>
@@ -62,7 +62,7 @@ EMAIL_ContentType::EMAIL_ContentType() : EMAIL_ContentType(QCString(), nullptr) 
 EMAIL_ContentType::EMAIL_ContentType(const QCString& text, EMAIL_BaseComponent* parent)
     : EMAIL_Field(text, parent), mType(QCString::fromLiteral("text")),
       mSubType(QCString::fromLiteral("plain")), mTypeEnum(TYPE_TEXT),
-      mSubTypeEnum(tarvomime::plainSubtype)
+      mSubTypeEnum(tarvomime::SUBTYPE_PLAIN)
 {
 }
 

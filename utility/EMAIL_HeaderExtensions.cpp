@@ -4,8 +4,8 @@
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Util.h"
 #include "utility/FieldNames.h"
+#include "utility/Subtypes.h"
 #include "utility/TypedField.h"
-#include "utility/codec/MediaTypes.h"
 
 namespace {
 
@@ -48,7 +48,7 @@ QCString plainTextContentType(EMAIL_Header& header)
 {
     auto* contentType = typedField<EMAIL_ContentType>(header, FieldName::contentType());
     contentType->setType(TYPE_TEXT);
-    contentType->setSubType(plainSubtype);
+    contentType->setSubType(SUBTYPE_PLAIN);
     contentType->setCharset(CHARSET_UTF_8);
     contentType->setBoundary(QCString::fromLiteral(""));
     contentType->assemble();

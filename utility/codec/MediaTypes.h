@@ -6,9 +6,6 @@
 /// Names of media types and subtypes and their numbers, both ways.
 namespace tarvomime {
 
-/// The subtype that a field without one has.
-inline constexpr int plainSubtype = 1;
-
 int mediaTypeFromName(const QCString& name);
 bool writeMediaTypeName(int type, QCString& name);
 int subtypeFromName(const QCString& name);
