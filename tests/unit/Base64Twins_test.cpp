@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/AllStrings.h"
 #include "tests/support/EveryProcessor.h"
 #include "tests/support/ExactBuffer.h"
 #include "tests/support/PlainCodecs.h"
 #include "tests/support/RandomBytes.h"
 #include "tests/support/RecordingFile.h"
-#include "tests/support/ShortStrings.h"
 #include "utility/codec/Base64.h"
 
 #include <algorithm>
@@ -129,7 +129,7 @@ TEST(Base64Twins, DecodeEveryShortStringWhereStretchesEnd)
             const QByteArray text = encoded(randomBytes(570, 9), lineEnd);
             for (const int stretchEnd : {0, 16, 32, 64, 76, 256, 304, 312}) {
                 for (int start = std::max(stretchEnd - 3, 0); start <= stretchEnd + 3; ++start) {
-                    forEveryString(QByteArray("A=\n*\xEC\0", 6), 3, [&](const QByteArray& piece) {
+                    forAllStrings(QByteArray("A=\n*\xEC\0", 6), 3, [&](const QByteArray& piece) {
                         expectSameDecoding(ExactBuffer(QByteArray(text).insert(start, piece)));
                     });
                 }

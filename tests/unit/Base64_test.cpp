@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/AllStrings.h"
 #include "tests/support/CodecOracles.h"
 #include "tests/support/RecordingFile.h"
-#include "tests/support/ShortStrings.h"
 #include "utility/EMAIL_Util.h"
 
 #include <map>
@@ -172,7 +172,7 @@ TEST(Base64DecodeArguments, MemoryFormNeverCallsTheCallback)
 TEST(Base64Exhaustive, ShortStrings)
 {
     std::map<int, int> outcomes;
-    forEveryString("AQ/=\n*\xF0", 6, [&outcomes](const QByteArray& text) {
+    forAllStrings("AQ/=\n*\xF0", 6, [&outcomes](const QByteArray& text) {
         unsigned long length = 0;
         const QByteArray data = decode(text, length);
         ++outcomes[length == kUnset ? -1 : static_cast<int>(length)];

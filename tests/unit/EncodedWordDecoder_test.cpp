@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/ShortStrings.h"
+#include "tests/support/AllStrings.h"
 #include "utility/EMAIL_Util.h"
 
 #include <random>
@@ -96,8 +96,13 @@ const Row bodyRows[] = {
     {"blank behind an unknown charset goes", "=?foo?Q?a?= b", 2, "=?foo?Q?a?=b"},
     {"raw bytes of unknown charset are GB2312", "\xC4\xE3\xBA\xC3", 0, "\xE4\xBD\xA0\xE5\xA5\xBD"},
     {"raw bytes of a given charset", "\xEF\xF0\xE8", 11, "\xD0\xBF\xD1\x80\xD0\xB8"},
+    {"raw bytes of a number that is no charset are Latin-1", "\xE9", 99, "\xC3\xA9"},
+    {"raw UTF-7", "+AOk-", 12, "\xC3\xA9"},
+    {"raw UTF-8", "\xC3\xA9", 13, "\xC3\xA9"},
     {"line ends stay without a word", "a\r\n b", 2, "a\r\n b"},
     {"line ends go beside a word", "a\r\n b=?utf-8?Q?c?=", 2, "a bc"},
+    {"half a line end goes too", "a\rb\nc=?utf-8?Q?d?=\r e", 2, "abcde"},
+    {"no other white space goes", "=?utf-8?Q?a?=\v\f b", 2, "a\v\f b"},
     {"plain text beside a word is Latin-1", "\xE9=?utf-8?Q?a?=\xE9", 13, "\xC3\xA9\x61\xC3\xA9"},
     {"two words side by side", "=?utf-8?Q?a?==?utf-8?Q?b?=", 2, "ab"},
     {"word inside a word's surroundings", "(=?utf-8?Q?a?=)", 2, "(a)"},
@@ -110,6 +115,9 @@ const Row bodyRows[] = {
     {"name in blanks", "=? utf-8 ?Q?a?=", 2, "a"},
     {"koi8-r is read as koi8-u", "=?koi8-r?B?8NLJ18XU?=", 2,
      "\xD0\x9F\xD1\x80\xD0\xB8\xD0\xB2\xD0\xB5\xD1\x82"},
+    {"us-ascii is read as Latin-1", "=?us-ascii?Q?=E9?=", 13, "\xC3\xA9"},
+    {"gb2312 word", "=?gb2312?B?xOO6ww==?=", 2, "\xE4\xBD\xA0\xE5\xA5\xBD"},
+    {"big5 word", "=?big5?B?p0Gmbg==?=", 2, "\xE4\xBD\xA0\xE5\xA5\xBD"},
     {"utf-7 word", "=?utf-7?Q?+AOk-?=", 2, "\xC3\xA9"},
     {"space in the payload", "=?utf-8?Q?a b?=", 2, "a b"},
     {"folded payload", "=?utf-8?B?w6k=\r\n w6k=?=", 2, "\xC3\xA9\xC3\xA9"},
@@ -133,6 +141,8 @@ const Row wordRows[] = {
     {"quoted-printable", "=?iso-8859-1?q?J=F6rg_?=", 2, "J\xC3\xB6rg "},
     {"no word: the given charset", "\xEF\xF0\xE8", 11, "\xD0\xBF\xD1\x80\xD0\xB8"},
     {"no word, no charset: GB2312", "\xC4\xE3", 0, "\xE4\xBD\xA0"},
+    {"no word, no such charset: Latin-1", "\xE9", -1, "\xC3\xA9"},
+    {"no word: UTF-7", "+AOk-", 12, "\xC3\xA9"},
     {"unknown charset: as it stands", "=?foo?Q?a_b?=", 2, "=?foo?Q?a_b?="},
     {"half a word: name only", "=?utf-8", 2, "=?utf-8"},
     {"half a word: no payload", "=?utf-8?B", 2, "=?utf-8?B"},
@@ -191,7 +201,7 @@ TEST(EncodedWordDecoder, ShortBodiesFollowThePlainRules)
 {
     int count = 0;
     int kept = 0;
-    forEveryString("=?qb\n_A ", 6, [&](const QByteArray& body) {
+    forAllStrings("=?qb\n_A ", 6, [&](const QByteArray& body) {
         ++count;
         const QString text = decodedBody(body, 13);
         kept += text == latin1(body);
@@ -205,7 +215,7 @@ TEST(EncodedWordDecoder, ShortWordsFollowThePlainRules)
 {
     int kept = 0;
     int empty = 0;
-    forEveryString("=?qb_A ", 6, [&](const QByteArray& tail) {
+    forAllStrings("=?qb_A ", 6, [&](const QByteArray& tail) {
         const QByteArray body = "=?utf-8?" + tail;
         const QString text = decodedBody(body, 13);
         kept += text == latin1(body);
@@ -219,13 +229,27 @@ TEST(EncodedWordDecoder, ShortWordsFollowThePlainRules)
 TEST(EncodedWordDecoder, ShortPayloadsFollowThePlainRules)
 {
     int literal = 0;
-    forEveryString("=?\n_A0 ", 6, [&](const QByteArray& payload) {
+    forAllStrings("=?\n_A0 ", 6, [&](const QByteArray& payload) {
         const QByteArray body = "=?iso-8859-1?q?" + payload + "?=";
         const QString text = decodedBody(body, 13);
         literal += text == latin1(payload).replace('_', ' ');
         EXPECT_EQ(text, plainBody(body, QString(), 13)) << payload.toHex().constData();
     });
     EXPECT_EQ(literal, 57586);
+}
+
+TEST(EncodedWordDecoder, EveryTwoBytesFollowThePlainRules)
+{
+    for (int pair = 0; pair < 0x10000 && !HasFailure(); ++pair) {
+        const char bytes[] = {static_cast<char>(pair >> 8), static_cast<char>(pair)};
+        const QByteArray two(bytes, 2);
+        for (const char* before : {"", "=?utf-8?Q?a?=", "=?iso-8859-1?", "=?iso-8859-1?q?",
+                                   "=?iso-8859-1?q?=4", "=?iso-8859-1?b?YW"}) {
+            const QByteArray body = before + two + "?=";
+            EXPECT_EQ(decodedBody(body, 2), plainBody(body, QString(), 2))
+                << body.toHex().constData();
+        }
+    }
 }
 
 TEST(EncodedWordDecoder, RandomBodiesFollowThePlainRules)

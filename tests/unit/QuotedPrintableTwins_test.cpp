@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/AllStrings.h"
 #include "tests/support/EveryProcessor.h"
 #include "tests/support/ExactBuffer.h"
 #include "tests/support/PlainCodecs.h"
 #include "tests/support/RandomBytes.h"
 #include "tests/support/RecordingFile.h"
-#include "tests/support/ShortStrings.h"
 #include "utility/codec/QuotedPrintable.h"
 #include "utility/codec/QuotedPrintableStretch.h"
 #include "utility/codec/QuotedPrintableTables.h"
@@ -127,7 +127,7 @@ TEST(QpTwins, EncodeEveryShortStringAroundALinesEnd)
     onEveryProcessor([] {
         const QByteArray tail = text(100, 4, 2);
         for (int column = 60; column <= 72; ++column) {
-            forEveryString("a=\r\n", 4, [&](const QByteArray& piece) {
+            forAllStrings("a=\r\n", 4, [&](const QByteArray& piece) {
                 expectSameEncoding(ExactBuffer(QByteArray(column, 'a') + piece + tail));
             });
         }
@@ -201,7 +201,7 @@ TEST(QpTwins, DecodeEveryShortStringAroundAVectorsEnd)
         const QByteArray tail(100, 'y');
         for (const int vectorEnd : {16, 32, 64}) {
             for (int start = vectorEnd - 4; start <= vectorEnd; ++start) {
-                forEveryString(QByteArray("=\r\n4eG\0", 7), 4, [&](const QByteArray& piece) {
+                forAllStrings(QByteArray("=\r\n4eG\0", 7), 4, [&](const QByteArray& piece) {
                     expectSameDecoding(ExactBuffer(QByteArray(start, 'x') + piece + tail));
                 });
             }

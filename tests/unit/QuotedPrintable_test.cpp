@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/AllStrings.h"
 #include "tests/support/CodecOracles.h"
 #include "tests/support/RecordingFile.h"
-#include "tests/support/ShortStrings.h"
 #include "utility/EMAIL_Cal.h"
 #include "utility/EMAIL_Util.h"
 
@@ -192,7 +192,7 @@ TEST(QpDecodeArguments, MemoryFormNeverCallsTheCallback)
 TEST(QpExhaustive, ShortStrings)
 {
     std::map<int, int> outcomes;
-    forEveryString("=\r\n4eG ", 6, [&outcomes](const QByteArray& text) {
+    forAllStrings("=\r\n4eG ", 6, [&outcomes](const QByteArray& text) {
         const QByteArray data = decode(text);
         ++outcomes[static_cast<int>(data.size())];
         ASSERT_EQ(data, oracle::decodeQp(text)) << testing::PrintToString(text);

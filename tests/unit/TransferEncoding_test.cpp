@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/AllStrings.h"
 #include "tests/support/CodecOracles.h"
 #include "tests/support/RecordingFile.h"
-#include "tests/support/ShortStrings.h"
 #include "utility/EMAIL_Util.h"
 
 #include <QMap>
@@ -188,7 +188,7 @@ TEST(TransferEncodingDecode, InMemoryEndsAtNulWhereverItStands)
 // The decoders are told that a NUL ends their text, instead of its end: the same in every place.
 TEST(TransferEncodingDecode, InMemoryEndsAtNulInEveryShortString)
 {
-    forEveryString(QByteArray("=\r\n4Q\0", 6), 6, [](const QByteArray& text) {
+    forAllStrings(QByteArray("=\r\n4Q\0", 6), 6, [](const QByteArray& text) {
         const QByteArray upToNul(text.constData());
         QByteArray out;
         EMAIL_Util::decFromCTE(QCString::fromBytes(text), out, CTE_QUOTED_PRINTABLE);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/ShortStrings.h"
+#include "tests/support/AllStrings.h"
 #include "utility/EMAIL_Util.h"
 
 namespace {
@@ -104,7 +104,7 @@ TEST(Utf7, ShortTextsFollowThePlainRules)
 {
     int empty = 0;
     int unchanged = 0;
-    forEveryString(QByteArray("+-A/ \xFFz", 7), 6, [&](const QByteArray& bytes) {
+    forAllStrings(QByteArray("+-A/ \xFFz", 7), 6, [&](const QByteArray& bytes) {
         if (bytes.isEmpty())
             return;
         const QString text = decoded(bytes);
