@@ -38,6 +38,10 @@ INSTANTIATE_TEST_SUITE_P(
         WordsRow{"Encode", {"encode", "é"}, "=?utf-8?b?w6k=?="},
         WordsRow{
             "EncodeAsAsked", {"encode", "é", "--charset", "iso-8859-1"}, "=?iso-8859-1?b?6Q==?="},
+        WordsRow{"EncodeLongText",
+                 {"encode", QString(24, QChar(0x436))},
+                 "=?utf-8?b?" + QByteArray("0LbQttC2").repeated(4) + "?=\r\n\t=?utf-8?b?" +
+                     QByteArray("0LbQttC2").repeated(4) + "?="},
         WordsRow{"EncodeWhatTheCharsetLacks",
                  {"encode", "λ", "--charset", "iso-8859-1"},
                  "=?utf-8?b?zrs=?="},

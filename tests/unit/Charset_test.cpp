@@ -40,6 +40,14 @@ const CharsetRow charsetRows[] = {
     {23, "iso-8859-15", "ISO 8859-15"},
 };
 
+// The names as they are looked for, in this order.
+const char* const keys[] = {
+    "utf-8",       "utf-7",      "big5",       "gb2312",       "gbk",         "windows-874",
+    "iso-8859-11", "tis620",     "iso-8859-2", "iso-8859-3",   "iso-8859-4",  "iso-8859-5",
+    "iso-8859-6",  "iso-8859-7", "iso-8859-8", "iso-8859-9",   "iso-8859-10", "iso-8859-13",
+    "iso-8859-15", "iso-8859-1", "koi8",       "windows-1251", "us-ascii",
+};
+
 struct NameRow
 {
     const char* shows;
@@ -150,6 +158,18 @@ TEST(Charset, NamesAreRecognisedByWhatTheyContain)
         EXPECT_EQ(EMAIL_Util::charsetStrToEnum(row.name), row.value) << row.shows;
 }
 
+TEST(Charset, OfTwoNamesTheOneLookedForFirstCounts)
+{
+    for (std::size_t first = 0; first < std::size(keys); ++first) {
+        const int value = EMAIL_Util::charsetStrToEnum(keys[first]);
+        for (std::size_t second = first + 1; second < std::size(keys); ++second) {
+            EXPECT_NE(EMAIL_Util::charsetStrToEnum(keys[second]), value) << keys[second];
+            const QCString names = QCString(keys[second]) + " " + keys[first];
+            EXPECT_EQ(EMAIL_Util::charsetStrToEnum(names), value) << names.data();
+        }
+    }
+}
+
 TEST(Charset, AllBytesDecodeAsTheNamedCodecDecodesThem)
 {
     for (const CharsetRow& row : charsetRows) {
@@ -226,6 +246,9 @@ TEST(Charset, KnownLettersBothWays)
     };
     const Row rows[] = {
         {0, "\xC3\xA9", "\xE9"},
+        {1, "\xC3\xA9", "\xE9"},
+        {24, "\xC3\xA9", "\xE9"},
+        {-1, "\xC3\xA9", "\xE9"},
         {2, "\xC3\xA9", "\xE9"},
         {3, "\xC5\x82", "\xB3"},
         {10, "\xD0\x9F\xD1\x97", "\xF0\xA7"},

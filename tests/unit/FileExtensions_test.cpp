@@ -53,6 +53,8 @@ const FileNameRow fileNameRows[] = {
     {"jpg", untouched, 0},
     {"jpg.", untouched, 0},
     {"a.xjpg", untouched, 0},
+    {"a.jpg/b", untouched, 0},
+    {"a.b/c.jpg", 5, 74},
     {"a.jpgx", untouched, 0},
     {"", untouched, 0},
 };
