@@ -84,9 +84,9 @@ struct Word
 
 // The parts of the first word in `text`; of no known charset when it has no end either.
 //
-// 1. The name that is looked at may reach into the rest of the word, as much as there is text
-//    before it and beyond: names are recognised by what they contain, so a charset named anywhere
-//    in that stretch counts.
+// 1. The stretch taken for the name is as long as the place of its "?" in `text`: it ends two bytes
+//    too far, and as much further as there is text before the word. Names are recognised by what
+//    they contain, so that any charset named in that stretch counts.
 Word partsOfWord(std::string_view text, std::size_t start)
 {
     const std::size_t nameStart = start + wordStart.size();

@@ -85,7 +85,7 @@ private:
 
     QChar* mOut;
     State mState = State::Direct;
-    // Older digits leave at the top; no more than the last 21 bits are ever looked at.
+    // Older digits leave at the top; no more than the last 20 bits are ever looked at.
     quint32 mPending = 0;
     int mPendingBits = 0;
 };
