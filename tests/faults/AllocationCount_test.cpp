@@ -81,10 +81,11 @@ TEST(AllocationCount, OfParsingTypedFields)
     EXPECT_LE(allocationsOfParsingBody<EMAIL_ContentType>(parameters), 2 * 1024 + 2 * 11);
 }
 
-// The result, made in its place.
+// The result, made in its place. (Qt 5 allocates anew for one of less than half the room it got:
+// here most bytes stand for themselves.)
 TEST(AllocationCount, OfACodecInMemory)
 {
-    const QByteArray data = QByteArray("a=b \xE9").repeated(20000);
+    const QByteArray data = QByteArray("some words, \xE9=").repeated(20000);
     const auto size = static_cast<unsigned long>(data.size());
     const QByteArray base64 = EMAIL_Util::encB64(data.constData(), size, 1);
     const QByteArray qp = EMAIL_Util::encQp(data.constData(), size, 1);
