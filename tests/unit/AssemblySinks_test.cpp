@@ -42,6 +42,25 @@ TEST(MemoryAssembly, HandsOutAHeaderAndItsFields)
     EXPECT_EQ(header.getField("Empty")->getMessage(), "");
 }
 
+// Assembling a body asks for the Content-Type, which replaces a field of another class.
+TEST(MemoryAssembly, LeavesTheLinesOfAHeaderThatChangedSince)
+{
+    EMAIL_Header header(QCString("A: 1\r\n"), nullptr);
+    header.parse();
+    auto* plain = new EMAIL_Field;
+    plain->mName = "Content-Type";
+    plain->mBody = "text/plain";
+    header.addField(plain);
+    header.field("B")->mBody = "2";
+    MemoryAssembly sink;
+    EXPECT_TRUE(sink.writeHeader(header).has_value());
+    header.contentType();
+    EXPECT_TRUE(sink.finish(true));
+    EXPECT_EQ(header.getMessage(), "A: 1\r\nContent-Type: text/plain\r\nB: 2\r\n");
+    EXPECT_EQ(header.getField("A")->getMessage(), "A: 1\r\n");
+    EXPECT_EQ(header.getField("B")->getMessage(), "B: 2\r\n");
+}
+
 TEST(MemoryAssembly, GivesAHeaderBeyondItsLimitUp)
 {
     EMAIL_Header header(QCString("A: 1\r\nB: 2\r\n"), nullptr);

@@ -16,13 +16,16 @@ namespace {
 
 constexpr std::size_t blockSize = 32768;
 
-// Each field's own line goes, now that the header's text holds it.
+// A field's own line goes where the header's text holds the same. The others keep theirs:
+// assembling a body may have put a new Content-Type field in the place of one of another class.
 void handOutFields(EMAIL_Header& header)
 {
     int start = 0;
     for (EMAIL_Field* field : writingOrder(header)) {
-        field->mString = header.mString.mid(start, field->mString.length());
-        start += field->mString.length();
+        const QCString line = header.mString.mid(start, field->mString.length());
+        if (!line.isEmpty() && line == field->mString)
+            field->mString = line;
+        start += line.length();
     }
 }
 
