@@ -36,6 +36,16 @@ TEST(MemorySink, TheResultEndsWhereTheWritingDid)
     EXPECT_EQ(sink->takeResult(), "abc");
 }
 
+TEST(MemorySink, RefusesWhatIsLongerThanItsRoom)
+{
+    struct Endless
+    {
+        char* run(char* next, char* limit) { return std::fill_n(next, limit - next, 'x'), limit; }
+        char* finish(char* next) { return next; }
+    };
+    EXPECT_EQ(tarvomime::runInMemory(Endless(), 100), std::nullopt);
+}
+
 TEST(MemorySink, NoRoom)
 {
     for (const std::size_t capacity : {kTooLong, 2 * kTooLong, 4 * kTooLong})

@@ -38,7 +38,8 @@ public:
     /// A codec that was given enough room never reaches it.
     char* limit() const { return mStart + mArray.size(); }
     void advanceTo(char* next) { mNext = next; }
-    int flush() { return 0; }
+    /// Refuses: there is no more room.
+    int flush() { return -1; }
     QByteArray takeResult();
 
 private:
@@ -94,7 +95,8 @@ std::optional<QByteArray> runInMemory(Codec codec, std::size_t capacity)
     auto sink = MemorySink::withCapacity(capacity);
     if (!sink)
         return std::nullopt;
-    pump(codec, *sink);
+    if (pump(codec, *sink) != 0)
+        return std::nullopt;
     return sink->takeResult();
 }
 
