@@ -5,6 +5,7 @@
 #include "tests/support/PlainCodecs.h"
 #include "tests/support/RandomBytes.h"
 #include "tests/support/RecordingFile.h"
+#include "tests/support/SameDecoding.h"
 #include "utility/codec/Base64.h"
 
 #include <algorithm>
@@ -21,19 +22,7 @@ void expectSameEncoding(const ExactBuffer& data, bool breakLines)
 
 void expectSameDecoding(const ExactBuffer& text)
 {
-    using Fast = tarvomime::NulByte;
-    using Plain = tarvomime_plain::NulByte;
-    const std::pair<Fast, Plain> meanings[] = {{Fast::IsData, Plain::IsData},
-                                               {Fast::EndsText, Plain::EndsText}};
-    for (const auto& [fastNul, plainNul] : meanings) {
-        unsigned long fastLength = 0;
-        unsigned long plainLength = 0;
-        const QByteArray fast = tarvomime::decodeBase64(text.view(), &fastLength, fastNul);
-        const QByteArray plain = tarvomime_plain::decodeBase64(text.view(), &plainLength, plainNul);
-        ASSERT_EQ(fast, plain) << testing::PrintToString(
-            QByteArray(text.data(), static_cast<int>(text.size())));
-        ASSERT_EQ(fastLength, plainLength);
-    }
+    expectSameDecoding(text, tarvomime::decodeBase64, tarvomime_plain::decodeBase64);
 }
 
 const char* const kLineEnds[] = {"\r\n", "\n", "", "\r", " \r\n"};

@@ -5,6 +5,7 @@
 #include "tests/support/PlainCodecs.h"
 #include "tests/support/RandomBytes.h"
 #include "tests/support/RecordingFile.h"
+#include "tests/support/SameDecoding.h"
 #include "utility/codec/QuotedPrintable.h"
 #include "utility/codec/QuotedPrintableStretch.h"
 #include "utility/codec/QuotedPrintableTables.h"
@@ -37,19 +38,7 @@ void expectSameEncoding(const ExactBuffer& data)
 
 void expectSameDecoding(const ExactBuffer& text)
 {
-    using Fast = tarvomime::NulByte;
-    using Plain = tarvomime_plain::NulByte;
-    const std::pair<Fast, Plain> meanings[] = {{Fast::IsData, Plain::IsData},
-                                               {Fast::EndsText, Plain::EndsText}};
-    for (const auto& [fastNul, plainNul] : meanings) {
-        unsigned long fastLength = 0;
-        unsigned long plainLength = 0;
-        const QByteArray fast = tarvomime::decodeQp(text.view(), &fastLength, fastNul);
-        const QByteArray plain = tarvomime_plain::decodeQp(text.view(), &plainLength, plainNul);
-        ASSERT_EQ(fast, plain) << testing::PrintToString(
-            QByteArray(text.data(), static_cast<int>(text.size())));
-        ASSERT_EQ(fastLength, plainLength);
-    }
+    expectSameDecoding(text, tarvomime::decodeQp, tarvomime_plain::decodeQp);
 }
 
 QByteArray encoded(const QByteArray& data)

@@ -40,6 +40,8 @@ CLI::Option* addFiles(CLI::App& command, std::vector<std::string>& files);
 CLI::Option* addFile(CLI::App& command, std::string& file);
 /// Adds "--out FILE"; standard output without it.
 CLI::Option* addOut(CLI::App& command, std::string& out);
+/// Adds "--json".
+CLI::Option* addJson(CLI::App& command, bool& json);
 /// Adds "--charset NAME" for text that names none; `charset` holds its number, and the default.
 CLI::Option* addCharset(CLI::App& command, int& charset);
 

@@ -140,7 +140,7 @@ void addLint(CLI::App& tool, Session& session)
                    "  tarvomime lint *.eml\n"
                    "  tarvomime lint --json mail.eml | jq '.findings[].code'");
     addFiles(*command, options->files);
-    command->add_flag("--json", options->json, "Print JSON, for programs");
+    addJson(*command, options->json);
     addCharset(*command, options->charset);
     command->callback([options, &session] { lint(*options, session); });
 }

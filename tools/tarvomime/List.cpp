@@ -141,7 +141,7 @@ void addList(CLI::App& tool, Session& session)
     command->add_option("PATH", options->paths, "Files, folders, Maildirs and mboxes")
         ->required()
         ->type_name("");
-    command->add_flag("--json", options->json, "Print JSON, for programs");
+    addJson(*command, options->json);
     addCharset(*command, options->charset);
     command->callback([options, &session] { list(*options, session); });
 }

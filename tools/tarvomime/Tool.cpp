@@ -128,6 +128,11 @@ CLI::Option* addOut(CLI::App& command, std::string& out)
         ->type_name("FILE");
 }
 
+CLI::Option* addJson(CLI::App& command, bool& json)
+{
+    return command.add_flag("--json", json, "Print JSON, for programs");
+}
+
 CLI::Option* addCharset(CLI::App& command, int& charset)
 {
     const auto recognise = [&charset](const std::string& name) {

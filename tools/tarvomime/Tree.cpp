@@ -83,7 +83,7 @@ void addTree(CLI::App& tool, Session& session)
         "  tarvomime tree mail.eml\n"
         "  tarvomime tree --json *.eml | jq '.parts[].type'");
     addFiles(*command, options->files);
-    command->add_flag("--json", options->json, "Print JSON, for programs");
+    addJson(*command, options->json);
     addCharset(*command, options->charset);
     command->callback([options, &session] { printTrees(*options, session); });
 }
