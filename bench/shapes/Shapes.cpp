@@ -27,7 +27,7 @@ std::string multipartHead(const std::string& boundary)
 
 std::string partFlood(int parts)
 {
-    return multipartHead("b") + repeated("--b\r\n\r\nx\r\n", parts) + "--b--\r\n";
+    return multipartHead("b") + repeated("--b\n\nx\n", parts) + "--b--\n";
 }
 
 std::string messageNest(int levels)
