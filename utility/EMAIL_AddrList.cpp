@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_AddrList.h"
 
-#include "utility/AllocationCheck.h"
+#include "types/AllocationCheck.h"
 #include "utility/EMAIL_Util.h"
-#include "utility/codec/AppendText.h"
+#include "utility/text/AppendText.h"
 
 #include <algorithm>
 #include <new>

@@ -3,13 +3,13 @@
 // files.
 #include "utility/EMAIL_BasicMsg.h"
 
-#include "utility/AllocationCheck.h"
+#include "types/AllocationCheck.h"
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
-#include "utility/FieldNames.h"
-#include "utility/Latin1.h"
-#include "utility/codec/MappedFile.h"
+#include "utility/file/MappedFile.h"
+#include "utility/header/FieldNames.h"
+#include "utility/text/Latin1.h"
 
 #include <limits>
 #include <new>

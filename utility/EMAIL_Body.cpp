@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Body.h"
 
-#include "utility/AllocationCheck.h"
+#include "types/AllocationCheck.h"
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_Util.h"
-#include "utility/codec/MappedFile.h"
+#include "utility/file/MappedFile.h"
 #include "utility/tree/BodyChildren.h"
 #include "utility/tree/TreeAssembler.h"
 #include "utility/tree/TreeDeleter.h"

@@ -3,8 +3,8 @@
 
 #include "utility/EMAIL_Util.h"
 #include "utility/Subtypes.h"
-#include "utility/codec/AppendText.h"
-#include "utility/codec/Tokens.h"
+#include "utility/text/AppendText.h"
+#include "utility/text/Tokens.h"
 
 #include <cstddef>
 #include <cstdlib>

@@ -3,8 +3,8 @@
 
 #include "types/Ascii.h"
 #include "utility/EMAIL_Util.h"
-#include "utility/codec/LocalTime.h"
-#include "utility/codec/ZoneOffset.h"
+#include "utility/time/LocalTime.h"
+#include "utility/time/ZoneOffset.h"
 
 #include <algorithm>
 #include <array>

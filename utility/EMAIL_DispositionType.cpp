@@ -2,8 +2,8 @@
 #include "utility/EMAIL_DispositionType.h"
 
 #include "utility/EMAIL_Util.h"
-#include "utility/codec/Joined.h"
-#include "utility/codec/Tokens.h"
+#include "utility/text/Joined.h"
+#include "utility/text/Tokens.h"
 
 EMAIL_DispositionType::EMAIL_DispositionType() : EMAIL_DispositionType(QCString(), nullptr) {}
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Entity.h"
 
-#include "utility/AllocationCheck.h"
+#include "types/AllocationCheck.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/tree/TreeAssembler.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Field.h"
 
-#include "utility/codec/Joined.h"
+#include "utility/text/Joined.h"
 
 EMAIL_Field::EMAIL_Field() = default;
 

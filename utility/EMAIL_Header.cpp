@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Header.h"
 
+#include "types/AllocationCheck.h"
 #include "types/Ascii.h"
-#include "utility/AllocationCheck.h"
 #include "utility/EMAIL_Field.h"
-#include "utility/FieldNames.h"
-#include "utility/codec/Tokens.h"
+#include "utility/header/FieldNames.h"
+#include "utility/text/Tokens.h"
 #include "utility/tree/AssemblySinks.h"
 
 #include <algorithm>

@@ -3,14 +3,14 @@
 // nests as deep as its sender likes.
 #include "utility/EMAIL_MIME.h"
 
-#include "utility/AllocationCheck.h"
+#include "types/AllocationCheck.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
-#include "utility/codec/MappedFile.h"
+#include "utility/file/MappedFile.h"
 #include "utility/tree/Container.h"
 
 #include <new>

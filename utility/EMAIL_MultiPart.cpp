@@ -4,7 +4,7 @@
 // Trees are walked with work lists: a message nests as deep as its sender likes.
 #include "utility/EMAIL_MultiPart.h"
 
-#include "utility/Latin1.h"
+#include "utility/text/Latin1.h"
 
 #include <vector>
 

@@ -2,20 +2,20 @@
 #include "utility/EMAIL_Util.h"
 
 #include "utility/codec/Base64.h"
-#include "utility/codec/BlockWriter.h"
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"
-#include "utility/codec/DisplayNumber.h"
 #include "utility/codec/EncodedWordDecoder.h"
 #include "utility/codec/EncodedWordEncoder.h"
 #include "utility/codec/FileExtensions.h"
-#include "utility/codec/FileMapping.h"
-#include "utility/codec/LocalTime.h"
 #include "utility/codec/MediaTypes.h"
 #include "utility/codec/QuotedPrintable.h"
-#include "utility/codec/Tokens.h"
 #include "utility/codec/TransferEncoding.h"
 #include "utility/codec/Utf7.h"
+#include "utility/file/BlockWriter.h"
+#include "utility/file/FileMapping.h"
+#include "utility/text/Tokens.h"
+#include "utility/time/DisplayNumber.h"
+#include "utility/time/LocalTime.h"
 
 void EMAIL_Util::split(QCString const& sep, QCString const& src, QCString& left, QCString& right,
                        bool strip)

@@ -3,7 +3,7 @@
 
 #include "utility/codec/Base64Stretch.h"
 #include "utility/codec/Base64Tables.h"
-#include "utility/codec/Sinks.h"
+#include "utility/file/Sinks.h"
 
 #include <algorithm>
 

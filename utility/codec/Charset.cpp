@@ -4,8 +4,8 @@
 #include "utility/EMAIL_Util.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/SingleByteCharset.h"
-#include "utility/codec/Utf16Buffer.h"
 #include "utility/codec/Utf7.h"
+#include "utility/text/Utf16Buffer.h"
 
 #include <QTextCodec>
 #include <array>

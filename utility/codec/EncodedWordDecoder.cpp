@@ -7,8 +7,8 @@
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/QuotedPrintable.h"
-#include "utility/codec/Sinks.h"
-#include "utility/codec/Utf16Buffer.h"
+#include "utility/file/Sinks.h"
+#include "utility/text/Utf16Buffer.h"
 
 #include <QVarLengthArray>
 #include <algorithm>

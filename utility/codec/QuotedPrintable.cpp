@@ -3,7 +3,7 @@
 
 #include "utility/codec/QuotedPrintableStretch.h"
 #include "utility/codec/QuotedPrintableTables.h"
-#include "utility/codec/Sinks.h"
+#include "utility/file/Sinks.h"
 
 #include <algorithm>
 #include <array>

@@ -2,9 +2,9 @@
 #include "utility/codec/TransferEncoding.h"
 
 #include "utility/codec/Base64.h"
-#include "utility/codec/BlockWriter.h"
 #include "utility/codec/QuotedPrintable.h"
 #include "utility/codec/QuotedPrintableStretch.h"
+#include "utility/file/BlockWriter.h"
 
 #include <algorithm>
 #include <array>

@@ -5,7 +5,7 @@
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Util.h"
-#include "utility/codec/MappedFile.h"
+#include "utility/file/MappedFile.h"
 #include "utility/tree/WritingOrder.h"
 
 #include <QFile>

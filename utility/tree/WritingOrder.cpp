@@ -2,7 +2,7 @@
 #include "utility/tree/WritingOrder.h"
 
 #include "utility/EMAIL_Header.h"
-#include "utility/FieldNames.h"
+#include "utility/header/FieldNames.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "utility/codec/Joined.h"
+#include "utility/text/Joined.h"
 
 #include <algorithm>
 

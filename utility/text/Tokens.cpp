@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "utility/codec/Tokens.h"
+#include "utility/text/Tokens.h"
 
 #include "types/Ascii.h"
 

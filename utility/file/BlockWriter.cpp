@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "utility/codec/BlockWriter.h"
+#include "utility/file/BlockWriter.h"
 
 #include <QFile>
 #include <algorithm>

@@ -6,7 +6,7 @@
 #include "utility/EMAIL_DateTime.h"
 #include "utility/EMAIL_DispositionType.h"
 #include "utility/EMAIL_Header.h"
-#include "utility/FieldNames.h"
+#include "utility/header/FieldNames.h"
 
 #include <algorithm>
 #include <array>

@@ -3,9 +3,9 @@
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Util.h"
-#include "utility/FieldNames.h"
 #include "utility/Subtypes.h"
-#include "utility/TypedField.h"
+#include "utility/header/FieldNames.h"
+#include "utility/header/TypedField.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
-#include "utility/FieldNames.h"
 #include "utility/Subtypes.h"
-#include "utility/codec/BlockWriter.h"
-#include "utility/codec/MappedFile.h"
+#include "utility/file/BlockWriter.h"
+#include "utility/file/MappedFile.h"
+#include "utility/header/FieldNames.h"
 
 #include <algorithm>
 

@@ -5,9 +5,9 @@
 #include "utility/EMAIL_DateTime.h"
 #include "utility/EMAIL_DispositionType.h"
 #include "utility/EMAIL_Util.h"
-#include "utility/FieldNames.h"
-#include "utility/TypedField.h"
-#include "utility/codec/Tokens.h"
+#include "utility/header/FieldNames.h"
+#include "utility/header/TypedField.h"
+#include "utility/text/Tokens.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "utility/codec/MappedFile.h"
+#include "utility/file/MappedFile.h"
 
-#include "utility/codec/FileMapping.h"
+#include "utility/file/FileMapping.h"
 
 #include <sys/mman.h>
 

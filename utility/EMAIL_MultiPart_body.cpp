@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The body of a part: in memory or in a file, always as it travels.
 #include "utility/EMAIL_MultiPart.h"
-#include "utility/codec/BlockWriter.h"
-#include "utility/codec/MappedFile.h"
+#include "utility/file/BlockWriter.h"
+#include "utility/file/MappedFile.h"
 
 #include <limits>
 

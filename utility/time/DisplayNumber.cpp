@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "utility/codec/DisplayNumber.h"
+#include "utility/time/DisplayNumber.h"
 
 namespace tarvomime {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "utility/codec/Sinks.h"
+#include "utility/file/Sinks.h"
 
 #include <QFile>
 #include <cstdint>

@@ -5,8 +5,8 @@
 #include "utility/EMAIL_DateTime.h"
 #include "utility/EMAIL_DispositionType.h"
 #include "utility/EMAIL_Header.h"
-#include "utility/FieldNames.h"
-#include "utility/Latin1.h"
+#include "utility/header/FieldNames.h"
+#include "utility/text/Latin1.h"
 
 using namespace tarvomime;
 

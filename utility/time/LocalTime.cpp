@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "utility/codec/LocalTime.h"
+#include "utility/time/LocalTime.h"
 
-#include "utility/codec/DisplayNumber.h"
+#include "utility/time/DisplayNumber.h"
 
 namespace tarvomime {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "utility/codec/BlockWriter.h"
+#include "utility/file/BlockWriter.h"
 
 #include <QByteArray>
 #include <array>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "utility/codec/ZoneOffset.h"
+#include "utility/time/ZoneOffset.h"
 
 #include "types/Ascii.h"
 

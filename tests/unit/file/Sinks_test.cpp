@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/Base64.h"
 #include "utility/codec/QuotedPrintable.h"
-#include "utility/codec/Sinks.h"
+#include "utility/file/Sinks.h"
 
 #include <algorithm>
 #include <limits>

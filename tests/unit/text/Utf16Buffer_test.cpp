@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "utility/codec/Utf16Buffer.h"
+#include "utility/text/Utf16Buffer.h"
 
 #include <random>
 

@@ -7,7 +7,7 @@
 #include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
-#include "utility/Latin1.h"
+#include "utility/text/Latin1.h"
 #include "utility/tree/Container.h"
 #include "utility/tree/MediaType.h"
 

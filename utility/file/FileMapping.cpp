@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "utility/codec/FileMapping.h"
+#include "utility/file/FileMapping.h"
 
 #include <QByteArray>
 #include <fcntl.h>

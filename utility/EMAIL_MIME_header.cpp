@@ -5,8 +5,8 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_MultiPart.h"
-#include "utility/Latin1.h"
 #include "utility/Subtypes.h"
+#include "utility/text/Latin1.h"
 #include "utility/tree/Container.h"
 
 using namespace tarvomime;
