@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What an installed tree holds: the library, its public headers, the tool, and the two descriptions
+# What an installed tree holds: the libraries, their public headers, the tool, and the two descriptions
 # by which other projects find them (a CMake package and a pkg-config file).
 include(CMakePackageConfigHelpers)
 
@@ -11,6 +11,13 @@ install(TARGETS tarvomime EXPORT TarvomimeTargets
   FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tarvomime
 )
 install(EXPORT TarvomimeTargets NAMESPACE Tarvomime:: DESTINATION ${package_folder})
+if(TARGET tarvomime_extra)
+  install(TARGETS tarvomime_extra EXPORT TarvomimeExtraTargets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tarvomime
+  )
+  install(EXPORT TarvomimeExtraTargets NAMESPACE Tarvomime:: DESTINATION ${package_folder})
+endif()
 
 configure_package_config_file(
   ${CMAKE_CURRENT_LIST_DIR}/TarvomimeConfig.cmake.in TarvomimeConfig.cmake
@@ -35,6 +42,10 @@ else()
 endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/tarvomime.pc.in tarvomime.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/tarvomime.pc DESTINATION ${pkgconfig_folder})
+if(TARGET tarvomime_extra)
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/tarvomime-extra.pc.in tarvomime-extra.pc @ONLY)
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/tarvomime-extra.pc DESTINATION ${pkgconfig_folder})
+endif()
 
 if(TARGET tarvomime_tool)
   install(TARGETS tarvomime_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})

@@ -9,7 +9,7 @@ import re
 import subprocess
 import sys
 
-OUR_NAME = re.compile(r"(?:(?:vtable|typeinfo|typeinfo name) for )?(?:EMAIL_\w+|QCString)\b|\w+_Cal$")
+OUR_NAME = re.compile(r"(?:(?:vtable|typeinfo|typeinfo name) for )?(?:EMAIL_\w+|QCString|tarvomime)\b|\w+_Cal$")
 STRONG_TYPES = "TDBR"
 TYPE_INFORMATION = re.compile(r"(?:vtable|typeinfo|typeinfo name) for ")
 

@@ -15,7 +15,7 @@ if(WAY STREQUAL "cmake")
   execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK} COMMAND_ERROR_IS_FATAL ANY)
 else()
   set(ENV{PKG_CONFIG_PATH} ${PREFIX}/${LIBDIR}/pkgconfig)
-  execute_process(COMMAND pkg-config --cflags --libs tarvomime
+  execute_process(COMMAND pkg-config --cflags --libs ${PACKAGE}
     OUTPUT_VARIABLE package OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   separate_arguments(words UNIX_COMMAND "${flags} ${package}")
   execute_process(COMMAND ${COMPILER} -std=c++17 ${SOURCE}/main.cpp -o ${WORK}/consumer ${words}

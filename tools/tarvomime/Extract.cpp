@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "extra/SafeFileName.h"
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/InputFile.h"
 #include "tools/tarvomime/Interrupt.h"
@@ -6,7 +7,6 @@
 #include "tools/tarvomime/PartFacts.h"
 #include "tools/tarvomime/PartTree.h"
 #include "tools/tarvomime/Printable.h"
-#include "tools/tarvomime/SafeName.h"
 #include "tools/tarvomime/Session.h"
 #include "tools/tarvomime/StoredMessage.h"
 #include "tools/tarvomime/TargetFolder.h"
@@ -120,7 +120,7 @@ private:
         const QString wanted = facts.fileName.isEmpty() ? facts.name : facts.fileName;
         QByteArray created;
         const int descriptor =
-            mFolder.create(safeName(wanted, fallbackName(number, facts)), created);
+            mFolder.create(safeFileName(wanted, fallbackName(number, facts)), created);
         if (descriptor < 0)
             mSession.complain(mOptions.out, std::strerror(errno));
         else if (decode(entity, descriptor, created))

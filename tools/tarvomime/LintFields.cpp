@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "extra/SafeFileName.h"
 #include "tools/tarvomime/InputFile.h"
 #include "tools/tarvomime/LintFindings.h"
 #include "tools/tarvomime/PartFacts.h"
-#include "tools/tarvomime/SafeName.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
@@ -93,7 +93,7 @@ void examineName(const Examination& part, const QString& name)
 {
     if (name.isEmpty())
         return;
-    const QString safe = safeName(name, {});
+    const QString safe = safeFileName(name, {});
     if (safe != name)
         part.report("unsafe-name",
                     "the file name \"" + name + "\" is not safe; it becomes \"" + safe + '"');

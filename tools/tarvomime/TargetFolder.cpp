@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/tarvomime/TargetFolder.h"
 
-#include "tools/tarvomime/SafeName.h"
+#include "extra/SafeFileName.h"
 
 #include <cerrno>
 #include <cstring>
@@ -26,7 +26,7 @@ TargetFolder::TargetFolder(const std::string& path) : mDescriptor(openOrMake(pat
 int TargetFolder::create(const QString& name, QByteArray& created)
 {
     for (;;) {
-        created = numberedName(name, ++mCopies[name]).toUtf8();
+        created = numberedFileName(name, ++mCopies[name]).toUtf8();
         const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
         const int descriptor = openat(mDescriptor.number(), created.constData(), flags, 0666);
         if (descriptor >= 0 || errno != EEXIST)

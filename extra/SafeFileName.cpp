@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "tools/tarvomime/SafeName.h"
+#include "extra/SafeFileName.h"
 
 #include <QStringList>
 #include <QVector>
 
-namespace tarvomime::tool {
+namespace tarvomime {
 
 namespace {
 
@@ -127,7 +127,7 @@ QString madeSafe(const QString& wanted)
 
 } // namespace
 
-QString safeName(const QString& wanted, const QString& fallback)
+QString safeFileName(const QString& wanted, const QString& fallback)
 {
     for (const QString& candidate : {wanted, fallback}) {
         QString name = madeSafe(candidate);
@@ -137,7 +137,7 @@ QString safeName(const QString& wanted, const QString& fallback)
     return QStringLiteral("part");
 }
 
-QString numberedName(const QString& name, int copy)
+QString numberedFileName(const QString& name, int copy)
 {
     if (copy < 2)
         return name;
@@ -145,4 +145,4 @@ QString numberedName(const QString& name, int copy)
     return name.left(dot) + QString(" (%1)").arg(copy) + name.mid(dot);
 }
 
-} // namespace tarvomime::tool
+} // namespace tarvomime
