@@ -4,6 +4,9 @@
 #include <vector>
 
 #ifdef TARVOMIME_SIMD
+// First of all: it says which targets there are.
+#include "utility/codec/VectorTargets.h"
+
 #include <hwy/targets.h>
 #endif
 

@@ -5,6 +5,9 @@
 
 #ifdef TARVOMIME_SIMD
 
+// First of all: it says which targets there are.
+#include "utility/codec/VectorTargets.h"
+
 #include <hwy/targets.h>
 
 /// Calls `check` once for each kind of processor that this one can stand in for.

@@ -2,6 +2,7 @@
 #include "utility/codec/Base64Stretch.h"
 #include "utility/codec/Base64Tables.h"
 #include "utility/codec/RawBytes.h"
+#include "utility/codec/VectorTargets.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -13,7 +14,7 @@
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
-#if HWY_TARGET != HWY_SCALAR
+#if TARVOMIME_HAS_VECTORS
 #include "utility/codec/Base64Vectors-inl.h"
 #endif
 
@@ -22,7 +23,7 @@ namespace tarvomime {
 namespace HWY_NAMESPACE {
 namespace {
 
-#if HWY_TARGET == HWY_SCALAR
+#if !TARVOMIME_HAS_VECTORS
 
 // A processor without vectors leaves all to the plain walk.
 Stretch encodeRun(const std::uint8_t*, std::size_t, std::uint8_t*, std::size_t)

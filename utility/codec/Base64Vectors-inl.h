@@ -9,6 +9,7 @@
 
 #include "utility/codec/Base64Tables.h"
 #include "utility/codec/RawBytes.h"
+#include "utility/codec/VectorTargets.h"
 
 #include <array>
 #include <cstddef>
@@ -18,7 +19,6 @@
 // Processors with AVX-512 VBMI look any of 64 bytes up in one step and cut eight 6-bit pieces out
 // of a word in another. The vector library has no name for either yet, so three small functions
 // below name the instructions; the portable form of the same stands beside each.
-#define TARVOMIME_HAS_VBMI (HWY_TARGET == HWY_AVX3_DL)
 
 HWY_BEFORE_NAMESPACE();
 namespace tarvomime {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/QuotedPrintableStretch.h"
 #include "utility/codec/RawBytes.h"
+#include "utility/codec/VectorTargets.h"
 
 #include <algorithm>
 #include <array>
@@ -14,7 +15,7 @@
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
-#if HWY_TARGET != HWY_SCALAR
+#if TARVOMIME_HAS_VECTORS
 #include "utility/codec/QuotedPrintableVectors-inl.h"
 #endif
 
@@ -23,7 +24,7 @@ namespace tarvomime {
 namespace HWY_NAMESPACE {
 namespace {
 
-#if HWY_TARGET == HWY_SCALAR
+#if !TARVOMIME_HAS_VECTORS
 
 // A processor without vectors leaves all to the plain walk.
 std::size_t countEscapes(const std::uint8_t* in, std::size_t length)

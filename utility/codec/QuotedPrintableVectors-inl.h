@@ -10,6 +10,7 @@
 
 #include "utility/codec/QuotedPrintableTables.h"
 #include "utility/codec/RawBytes.h"
+#include "utility/codec/VectorTargets.h"
 
 #include <array>
 #include <bit>
@@ -17,10 +18,6 @@
 #include <cstdint>
 #include <cstring>
 #include <hwy/highway.h>
-
-// Processors with AVX-512 VBMI2 drop any of 64 bytes in one step. The others do it for 8 bytes by a
-// table.
-#define TARVOMIME_HAS_VBMI2 (HWY_TARGET == HWY_AVX3_DL)
 
 HWY_BEFORE_NAMESPACE();
 namespace tarvomime {
@@ -95,7 +92,9 @@ HWY_INLINE HexDigits<D> hexDigits(D d, Bytes<D> bytes)
             hn::Or(isNumber, isLetter)};
 }
 
-#if TARVOMIME_HAS_VBMI2
+// Processors with AVX-512 VBMI2 drop any of 64 bytes in one step. The others do it for 8 bytes by a
+// table.
+#if TARVOMIME_HAS_VBMI
 
 HWY_INLINE ByteMask<Wide> maskOf(Wide d, std::uint64_t bits)
 {
