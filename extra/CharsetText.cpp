@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: MIT
+#include "extra/CharsetText.h"
+
+#include "extra/CharsetStatistics.h"
+#include "types/Ascii.h"
+#include "utility/EMAIL_Util.h"
+
+#include <QTextCodec>
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace tarvomime {
+
+namespace {
+
+/// Longer than any name that a codec answers to.
+constexpr int kLongestName = 64;
+
+struct Alias
+{
+    std::string_view name;
+    const char* codec;
+};
+
+// Names that mail uses and Qt's codecs do not answer to.
+constexpr std::array<Alias, 8> aliases = {{
+    {"cp949", "windows-949"},
+    {"gbk", "GB18030"},
+    {"gb2312", "GB18030"},
+    {"gb_2312-80", "GB18030"},
+    {"uhc", "windows-949"},
+    {"unicode", "UTF-16"},
+    {"x-gbk", "GB18030"},
+    {"437", "IBM437"},
+}};
+
+std::string_view viewOf(const QByteArray& bytes)
+{
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+/// Lower-case, without the quotes and blanks that senders leave around it.
+QByteArray plainName(const QByteArray& name)
+{
+    QByteArray plain = name.left(kLongestName + 1).trimmed().toLower();
+    while (plain.startsWith('"') || plain.startsWith('\''))
+        plain.remove(0, 1);
+    while (plain.endsWith('"') || plain.endsWith('\''))
+        plain.chop(1);
+    return plain;
+}
+
+/// The number of the charset that is called exactly so, or 0: a longer name that only contains it
+/// may be another charset ("big5-hkscs").
+int numberOfName(const QByteArray& plain)
+{
+    const int number = EMAIL_Util::charsetStrToEnum(QCString(plain));
+    QCString name;
+    EMAIL_Util::charsetEnumToStr(number, name);
+    return viewOf(plain) == name.view() ? number : int(CHARSET_UNKNOWN);
+}
+
+QTextCodec* codecOfName(const QByteArray& plain)
+{
+    const auto isNameChar = [](char c) { return c > ' ' && c < '\x7F'; };
+    if (plain.isEmpty() || plain.size() > kLongestName ||
+        !std::all_of(plain.begin(), plain.end(), isNameChar))
+        return nullptr;
+    const auto* alias = std::find_if(aliases.begin(), aliases.end(),
+                                     [&](const Alias& row) { return row.name == viewOf(plain); });
+    return QTextCodec::codecForName(alias != aliases.end() ? QByteArray(alias->codec) : plain);
+}
+
+/// How a charset of some name is read: by a codec, or by the exact library's number.
+struct Reader
+{
+    QTextCodec* codec = nullptr;
+    int number = CHARSET_UNKNOWN;
+
+    bool isKnown() const { return codec != nullptr || number != CHARSET_UNKNOWN; }
+};
+
+/// Simplified Chinese is read by its superset, which the numbered charsets' codec is a part of.
+bool isSimplifiedChinese(int number)
+{
+    return number == CHARSET_GB2312 || number == CHARSET_GBK;
+}
+
+Reader readerOf(const QByteArray& name)
+{
+    const QByteArray plain = plainName(name);
+    const int exact = numberOfName(plain);
+    if (exact != CHARSET_UNKNOWN && !isSimplifiedChinese(exact))
+        return {nullptr, exact};
+    const int contained = EMAIL_Util::charsetStrToEnum(QCString(plain));
+    if (contained == CHARSET_UTF_7)
+        return {nullptr, contained};
+    if (QTextCodec* codec = codecOfName(plain))
+        return {codec, CHARSET_UNKNOWN};
+    return {nullptr, contained};
+}
+
+QString readBy(const Reader& reader, const QByteArray& bytes)
+{
+    if (reader.codec != nullptr)
+        return reader.codec->toUnicode(bytes);
+    QString text;
+    EMAIL_Util::decFromCharset(bytes, text, reader.number);
+    return text;
+}
+
+bool isAscii(const QByteArray& bytes)
+{
+    return std::all_of(bytes.begin(), bytes.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+bool holdsC1Bytes(const QByteArray& bytes)
+{
+    return std::any_of(bytes.begin(), bytes.end(), [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte >= 0x80 && byte < 0xA0;
+    });
+}
+
+struct Escape
+{
+    std::string_view sequence;
+    const char* charset;
+};
+
+// The sequences that switch to a charset of two bytes a character, and those of Japanese that
+// switch back to a Latin one (RFC 1468, RFC 1557, RFC 1922).
+constexpr std::array<Escape, 6> escapes = {{
+    {"\x1B$@", "iso-2022-jp"},
+    {"\x1B$B", "iso-2022-jp"},
+    {"\x1B$(D", "iso-2022-jp-1"},
+    {"\x1B$)C", "iso-2022-kr"},
+    {"\x1B$)A", "iso-2022-cn"},
+    {"\x1B(J", "iso-2022-jp"},
+}};
+
+const char* charsetByEscape(std::string_view bytes)
+{
+    for (std::size_t at = bytes.find('\x1B'); at != bytes.npos; at = bytes.find('\x1B', at + 1)) {
+        for (const Escape& escape : escapes) {
+            if (bytes.compare(at, escape.sequence.size(), escape.sequence) == 0)
+                return escape.charset;
+        }
+    }
+    return nullptr;
+}
+
+bool isUtf8(const QByteArray& bytes)
+{
+    QTextCodec::ConverterState state;
+    QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), int(bytes.size()), &state);
+    return state.invalidChars == 0 && state.remainingChars == 0;
+}
+
+/// What a codec makes of bytes that mean nothing to it: the replacement character, or a character
+/// for private use.
+bool isBroken(QChar c)
+{
+    return c == QChar::ReplacementCharacter || (c >= QChar(0xE000) && c <= QChar(0xF8FF));
+}
+
+/// Whether so much of the text is whole that its label is right and some bytes are damaged.
+bool isMostlyWhole(const QString& text)
+{
+    qsizetype broken = 0;
+    qsizetype foreign = 0;
+    for (const QChar c : text) {
+        broken += isBroken(c) ? 1 : 0;
+        foreign += c.unicode() >= 0x80 ? 1 : 0;
+    }
+    return broken * 10 <= foreign;
+}
+
+bool isSingleByteLabel(const Reader& reader)
+{
+    switch (reader.number) {
+    case CHARSET_UNKNOWN:
+    case CHARSET_UTF_7:
+    case CHARSET_UTF_8:
+    case CHARSET_GB2312:
+    case CHARSET_GBK:
+    case CHARSET_BIG5:
+        return false;
+    default:
+        return true;
+    }
+}
+
+} // namespace
+
+bool isReadableCharset(const QByteArray& name)
+{
+    return readerOf(name).isKnown();
+}
+
+Result<QString> textFromCharset(const QByteArray& bytes, const QByteArray& name)
+{
+    const Reader reader = readerOf(name);
+    if (!reader.isKnown())
+        return Failure{QStringLiteral("the charset \"%1\" is not known")
+                           .arg(QString::fromLatin1(name.left(kLongestName)))};
+    return readBy(reader, bytes);
+}
+
+ProposedCharset proposeCharset(const QByteArray& bytes, const QByteArray& fallback)
+{
+    if (isAscii(bytes)) {
+        const char* escaped = charsetByEscape(viewOf(bytes));
+        if (escaped != nullptr && isReadableCharset(escaped))
+            return {escaped, CharsetBasis::Escapes};
+        return {"us-ascii", CharsetBasis::Ascii};
+    }
+    if (isUtf8(bytes))
+        return {"utf-8", CharsetBasis::ValidUtf8};
+    const QByteArray guessed = charsetByStatistics(bytes);
+    const Reader reader = readerOf(guessed);
+    if (reader.isKnown() && isMostlyWhole(readBy(reader, bytes)))
+        return {guessed, CharsetBasis::Statistics};
+    return {fallback, CharsetBasis::Fallback};
+}
+
+ReadText readText(const QByteArray& bytes, const QByteArray& declared, const QByteArray& fallback)
+{
+    const Reader reader = readerOf(declared);
+    const bool ascii = isAscii(bytes);
+    if (reader.number == CHARSET_ISO_8859_1 && !ascii && holdsC1Bytes(bytes)) {
+        const ProposedCharset windows{"windows-1252", CharsetBasis::Windows1252Letters};
+        return {textFromCharset(bytes, windows.name).valueOr({}), windows};
+    }
+    const bool mayBe = reader.isKnown() && (ascii || reader.number != CHARSET_US_ASCII);
+    if (mayBe) {
+        const QString text = readBy(reader, bytes);
+        if (isSingleByteLabel(reader) || isMostlyWhole(text))
+            return {text, {plainName(declared), CharsetBasis::Declared}};
+    }
+    const ProposedCharset proposed = proposeCharset(bytes, fallback);
+    const Result<QString> text = textFromCharset(bytes, proposed.name);
+    return {text ? *text : QString::fromLatin1(bytes), proposed};
+}
+
+QString describeBasis(CharsetBasis basis)
+{
+    switch (basis) {
+    case CharsetBasis::Declared:
+        return QStringLiteral("declared");
+    case CharsetBasis::DeclaredInHtml:
+        return QStringLiteral("declared in the HTML");
+    case CharsetBasis::Ascii:
+        return QStringLiteral("plain ASCII");
+    case CharsetBasis::ValidUtf8:
+        return QStringLiteral("valid UTF-8");
+    case CharsetBasis::Escapes:
+        return QStringLiteral("escape sequences");
+    case CharsetBasis::Windows1252Letters:
+        return QStringLiteral("letters in place of controls");
+    case CharsetBasis::Statistics:
+        return QStringLiteral("statistics of letters");
+    case CharsetBasis::Fallback:
+        break;
+    }
+    return QStringLiteral("nothing but the fallback");
+}
+
+} // namespace tarvomime
