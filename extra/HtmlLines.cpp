@@ -89,7 +89,7 @@ void HtmlLines::popPrefix()
 {
     if (!mPrefixes.isEmpty())
         mPrefixes.removeLast();
-    mFewestPrefixes = qMin(mFewestPrefixes, mPrefixes.size());
+    mFewestPrefixes = qMin<qsizetype>(mFewestPrefixes, mPrefixes.size());
 }
 
 void HtmlLines::startText()
