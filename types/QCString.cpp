@@ -139,8 +139,10 @@ QCString::QCString(QByteArray buffer, int offset, int length) noexcept
 
 QCString::QCString(const char* text)
 {
-    if (text != nullptr)
-        *this = fromBytes(QByteArray(text));
+    // Measured before it is copied: a byte array would copy any length.
+    const std::size_t length = viewOf(text).size();
+    if (text != nullptr && length <= std::size_t{longestLength})
+        *this = fromBytes(QByteArray(text, static_cast<int>(length)));
 }
 
 QCString::QCString(const char* text, int length)
@@ -148,7 +150,8 @@ QCString::QCString(const char* text, int length)
     if (text == nullptr)
         return;
     const int used = lengthUpToNul(text, length);
-    *this = fromBytes(used > 0 ? QByteArray(text, used) : QByteArray(""));
+    if (used <= longestLength)
+        *this = fromBytes(used > 0 ? QByteArray(text, used) : QByteArray(""));
 }
 
 QCString::QCString(const QByteArray& bytes) : QCString(fromBytes(bytes))
@@ -158,7 +161,7 @@ QCString::QCString(const QByteArray& bytes) : QCString(fromBytes(bytes))
 
 QCString QCString::fromBytes(const QByteArray& bytes)
 {
-    if (bytes.isNull() || bytes.size() > std::numeric_limits<int>::max())
+    if (bytes.isNull() || bytes.size() > longestLength)
         return {};
     return {owned(bytes), 0, static_cast<int>(bytes.size())};
 }
@@ -259,7 +262,7 @@ QCString& QCString::append(char c)
 
 QCString& QCString::appendBytes(const char* bytes, int count)
 {
-    if (count > std::numeric_limits<int>::max() - mLength)
+    if (count > longestLength - mLength)
         return *this = fromLiteral("");
     // Keep the buffer's spare room when this text is all of it; otherwise start one of its own.
     QByteArray buffer = mOffset == 0 && mLength == mBuffer.size()

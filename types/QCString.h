@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QString>
 #include <cstddef>
+#include <limits>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -24,7 +25,8 @@
 /// - Case conversion and case-insensitive search know ASCII letters only, so that no locale changes
 ///   how mail is read.
 ///
-/// Lengths are `int`: a text that would grow beyond them becomes empty.
+/// Lengths are `int`, and no operation of this library builds a text, of bytes or of characters,
+/// that is longer than `longestLength`: a text that would grow beyond it becomes empty.
 ///
 /// Texts are not synchronised: `data()` may terminate the slice in place even on a const object.
 class TARVOMIME_EXPORT QCString
@@ -35,6 +37,10 @@ class TARVOMIME_EXPORT QCString
     using IfByteArray = std::enable_if_t<std::is_same_v<Bytes, QByteArray>, bool>;
 
 public:
+    /// The length of the longest text, in bytes: a terminator and a head of its buffer still count
+    /// in an `int`.
+    static constexpr int longestLength = std::numeric_limits<int>::max() - 64;
+
     /// A null text.
     QCString() noexcept = default;
     /// A copy of the NUL-terminated `text`; null gives a null text.
@@ -44,7 +50,7 @@ public:
     /// The bytes up to the first NUL, shared with `bytes`; a null array gives a null text.
     QCString(const QByteArray& bytes); // NOLINT(google-explicit-constructor): arrays are texts
 
-    /// All of `bytes`, NUL bytes included, shared with `bytes`.
+    /// All of `bytes`, NUL bytes included, shared with `bytes`; too many give a null text.
     static QCString fromBytes(const QByteArray& bytes);
     /// A text over a string literal: nothing is copied, the literal lives for ever.
     template <std::size_t N>
@@ -285,7 +291,9 @@ inline QCString operator+(QCString a, const QByteArray& b)
 }
 inline QByteArray operator+(QByteArray a, const QCString& b)
 {
-    return a.append(b.begin(), b.length());
+    // Bytes are no text, but what is made here is on its way to one.
+    return a.size() > QCString::longestLength - b.length() ? QByteArray()
+                                                           : a.append(b.begin(), b.length());
 }
 inline QCString operator+(QCString a, char b)
 {

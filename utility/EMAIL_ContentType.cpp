@@ -3,7 +3,8 @@
 
 #include "utility/EMAIL_Util.h"
 #include "utility/Subtypes.h"
-#include "utility/text/AppendText.h"
+#include "utility/header/WrittenValue.h"
+#include "utility/text/RefusedText.h"
 #include "utility/text/Tokens.h"
 
 #include <cstddef>
@@ -12,13 +13,50 @@
 
 namespace {
 
-using tarvomime::appendText;
+using namespace tarvomime;
 
 constexpr char boundaryKey[] = "boundary";
 constexpr char charsetKey[] = "charset";
 constexpr char methodKey[] = "method";
 constexpr char nameKey[] = "name";
 constexpr char startKey[] = "start";
+
+// Hands every piece of the written value to `take`, in order.
+template <class Take>
+void forEachPiece(const EMAIL_ContentType& field, Take take)
+{
+    take(field.mType.view());
+    take("/");
+    take(field.mSubType.view());
+    if (!field.mBoundary.isEmpty()) {
+        take(";Boundary=\"");
+        take(field.mBoundary.view());
+        take("\"");
+    }
+    for (auto param = field.mParams.constBegin(); param != field.mParams.constEnd(); ++param) {
+        if (param.key() == boundaryKey)
+            continue;
+        take(";\r\n\t");
+        take(param.key().view());
+        take("=");
+        take(param.value().view());
+    }
+}
+
+qint64 writtenSize(const EMAIL_ContentType& field)
+{
+    qint64 size = 0;
+    forEachPiece(field,
+                 [&size](std::string_view piece) { size += static_cast<qint64>(piece.size()); });
+    return size;
+}
+
+// A change that an application makes is never put aside.
+void noteChange(EMAIL_ContentType& field)
+{
+    if (field.mParsed == Kept)
+        field.mParsed = Rewritten;
+}
 
 // Reads "name=value;name=value" into `params`; earlier values of a name are replaced.
 //
@@ -32,10 +70,11 @@ void readParameters(const QCString& text, QMap<QCString, QCString>& params)
     const QCString equals = QCString::fromLiteral("=");
     QCString name = QCString::fromLiteral("");
     QCString value = QCString::fromLiteral("");
-    QValueList<QCString> pieces = EMAIL_Util::split(QCString::fromLiteral(";"), text, true);
-    pieces.append(QCString());
-    for (const QCString& piece : pieces) {
-        EMAIL_Util::split(equals, piece, name, value, true);
+    PieceReader pieces(QCString::fromLiteral(";"), text, true);
+    for (bool more = true; more;) {
+        const std::optional<QCString> piece = pieces.take();
+        more = piece.has_value();
+        splitAtFirst(equals, piece.value_or(QCString()), name, value, true);
         params.insert(name.lower(), value);
     }
 }
@@ -45,7 +84,7 @@ void readQuoted(const QMap<QCString, QCString>& params, const char (&key)[N], QC
 {
     const auto found = params.constFind(QCString::fromLiteral(key));
     if (found != params.constEnd())
-        out = tarvomime::withoutQuotes(found.value());
+        out = withoutQuotes(found.value());
 }
 
 // The counter keeps two boundaries of one second apart.
@@ -61,8 +100,7 @@ EMAIL_ContentType::EMAIL_ContentType() : EMAIL_ContentType(QCString(), nullptr) 
 
 EMAIL_ContentType::EMAIL_ContentType(const QCString& text, EMAIL_BaseComponent* parent)
     : EMAIL_Field(text, parent), mType(QCString::fromLiteral("text")),
-      mSubType(QCString::fromLiteral("plain")), mTypeEnum(TYPE_TEXT),
-      mSubTypeEnum(tarvomime::SUBTYPE_PLAIN)
+      mSubType(QCString::fromLiteral("plain")), mTypeEnum(TYPE_TEXT), mSubTypeEnum(SUBTYPE_PLAIN)
 {
 }
 
@@ -72,30 +110,23 @@ void EMAIL_ContentType::assemble()
 {
     if (mType.isEmpty() || mSubType.isEmpty())
         return;
-    if (mParsed == 1)
+    if (mParsed == Rewritten) {
+        if (writtenSize(*this) > kLongestWrittenValue) {
+            mString = refusedText();
+            return;
+        }
         mBody = writtenBody();
+    }
     EMAIL_Field::assemble();
 }
 
 QCString EMAIL_ContentType::writtenBody() const
 {
     QByteArray body;
-    appendText(body, mType);
-    body.append('/');
-    appendText(body, mSubType);
-    if (!mBoundary.isEmpty()) {
-        body.append(";Boundary=\"");
-        appendText(body, mBoundary);
-        body.append('"');
-    }
-    for (auto param = mParams.constBegin(); param != mParams.constEnd(); ++param) {
-        if (param.key() == boundaryKey)
-            continue;
-        body.append(";\r\n\t", 4);
-        appendText(body, param.key());
-        body.append('=');
-        appendText(body, param.value());
-    }
+    body.reserve(static_cast<int>(writtenSize(*this)));
+    forEachPiece(*this, [&body](std::string_view piece) {
+        body.append(piece.data(), static_cast<int>(piece.size()));
+    });
     return QCString::fromBytes(body);
 }
 
@@ -103,15 +134,15 @@ void EMAIL_ContentType::parse()
 {
     if (mBody.isEmpty())
         return;
+    const int before = mParsed;
     const int position = parseMediaType();
-    mParsed = 1;
     if (mBody[position] == ';')
         readParameters(mBody.mid(position + 1), mParams);
     else if (position == 0)
         readParameters(mBody, mParams);
-    else
-        return;
-    readQuoted(mParams, boundaryKey, mBoundary);
+    if (position == 0 || mBody[position] == ';')
+        readQuoted(mParams, boundaryKey, mBoundary);
+    mParsed = parsedState(before, writtenSize(*this));
 }
 
 int EMAIL_ContentType::parseMediaType()
@@ -162,6 +193,7 @@ void EMAIL_ContentType::setSubTypeStr(const QCString& name)
 void EMAIL_ContentType::setBoundary(const QCString& boundary)
 {
     mBoundary = boundary;
+    noteChange(*this);
 }
 
 QCString EMAIL_ContentType::getMethod() const
@@ -224,6 +256,7 @@ void EMAIL_ContentType::setStart(const QCString& start)
 void EMAIL_ContentType::setParameter(const QCString& name, const QCString& value)
 {
     mParams.insert(name.lower(), value);
+    noteChange(*this);
 }
 
 void EMAIL_ContentType::storeParameter(const QCString& key, const QCString& value)
@@ -240,5 +273,5 @@ void EMAIL_ContentType::createBoundary()
     std::srand(nextSeed());
     for (int i = 0; i < digitCount; ++i)
         boundary.append(digits[std::rand() % 16]);
-    mBoundary = QCString::fromBytes(boundary);
+    setBoundary(QCString::fromBytes(boundary));
 }

@@ -2,8 +2,29 @@
 #include "utility/EMAIL_DispositionType.h"
 
 #include "utility/EMAIL_Util.h"
+#include "utility/header/WrittenValue.h"
 #include "utility/text/Joined.h"
+#include "utility/text/RefusedText.h"
 #include "utility/text/Tokens.h"
+
+using namespace tarvomime;
+
+namespace {
+
+constexpr std::string_view fileNameLabel = "; filename = ";
+
+std::string_view kindOf(const EMAIL_DispositionType& field)
+{
+    return field.mIsAttachment != 0 ? "attachment" : "inline";
+}
+
+qint64 writtenSize(const EMAIL_DispositionType& field)
+{
+    return static_cast<qint64>(kindOf(field).size() + fileNameLabel.size()) +
+           field.mFileName.length();
+}
+
+} // namespace
 
 EMAIL_DispositionType::EMAIL_DispositionType() : EMAIL_DispositionType(QCString(), nullptr) {}
 
@@ -16,11 +37,14 @@ EMAIL_DispositionType::~EMAIL_DispositionType() = default;
 
 void EMAIL_DispositionType::assemble()
 {
-    if (mParsed == 1) {
+    if (mParsed == Rewritten) {
         if (mFileName.isEmpty())
             mFileName = QCString::fromLiteral("tmp");
-        const char* kind = mIsAttachment != 0 ? "attachment" : "inline";
-        mBody = QCString::fromBytes(tarvomime::joined({kind, "; filename = ", mFileName.view()}));
+        if (writtenSize(*this) > kLongestWrittenValue) {
+            mString = refusedText();
+            return;
+        }
+        mBody = joined({kindOf(*this), fileNameLabel, mFileName.view()});
     }
     EMAIL_Field::assemble();
 }
@@ -36,9 +60,9 @@ void EMAIL_DispositionType::parse()
         QCString name;
         QCString value;
         EMAIL_Util::split(equals, parameter, name, value, true);
-        mFileName = tarvomime::withoutQuotes(value);
+        mFileName = withoutQuotes(value);
     }
-    mParsed = 1;
+    mParsed = parsedState(mParsed, writtenSize(*this));
 }
 
 void EMAIL_DispositionType::setAttachment(int isAttachment)
@@ -55,5 +79,5 @@ void EMAIL_DispositionType::setFileName(const QCString& fileName)
 
 QCString EMAIL_DispositionType::getFileName() const
 {
-    return tarvomime::withoutQuotes(mFileName);
+    return withoutQuotes(mFileName);
 }

@@ -17,8 +17,7 @@ void EMAIL_Field::assemble()
     mString = QCString::fromLiteral("");
     if (mBody.isEmpty())
         return;
-    const QByteArray line = tarvomime::joined({mName.view(), ": ", mBody.view(), "\r\n"});
-    mString = QCString::fromBytes(line);
+    mString = tarvomime::joined({mName.view(), ": ", mBody.view(), "\r\n"});
 }
 
 void EMAIL_Field::parse()

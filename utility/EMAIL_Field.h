@@ -17,12 +17,15 @@ public:
     ~EMAIL_Field() override;
     /// Builds the line "Name: body" and CR LF in `mString`; a field with an empty body gives an
     /// empty text, and so disappears from the header. Nothing is folded here: a fold inside the
-    /// body is written back as it stands. Typed fields first rebuild `mBody` from their members.
+    /// body is written back as it stands. Typed fields first rebuild `mBody` from their members. A
+    /// line that would be too long gives an empty text, and the assembly of the header fails.
     void assemble() override;
     /// Marks the field as parsed; typed fields first read their members from `mBody`.
     void parse() override;
 
-    /// 1 once the field was parsed. The header's typed getters parse a field only while it is 0.
+    /// 1 once the field was parsed; 2 for a typed field that keeps the text that it was read from,
+    /// because it would be too long to write. The header's typed getters parse a field only while
+    /// it is 0.
     int mParsed = 0;
     /// The name as it will be written.
     QCString mName;

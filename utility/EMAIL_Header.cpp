@@ -5,6 +5,7 @@
 #include "types/Ascii.h"
 #include "utility/EMAIL_Field.h"
 #include "utility/header/FieldNames.h"
+#include "utility/text/RefusedText.h"
 #include "utility/text/Tokens.h"
 #include "utility/tree/AssemblySinks.h"
 
@@ -109,7 +110,7 @@ void EMAIL_Header::assemble()
     MemoryAssembly sink;
     const bool isWritten = sink.writeHeader(*this).has_value();
     if (!sink.finish(isWritten))
-        mString = QCString::fromLiteral("");
+        mString = refusedText();
 }
 
 EMAIL_Field* EMAIL_Header::getField(const QCString& name) const

@@ -1,20 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "utility/text/Joined.h"
 
+#include "utility/text/RefusedText.h"
+
 #include <algorithm>
 
 namespace tarvomime {
 
-QByteArray joined(std::initializer_list<std::string_view> pieces)
+QCString joined(std::initializer_list<std::string_view> pieces)
 {
-    std::size_t size = 0;
+    quint64 size = 0;
     for (const std::string_view piece : pieces)
         size += piece.size();
+    if (size > quint64{QCString::longestLength})
+        return refusedText();
     QByteArray text(static_cast<int>(size), Qt::Uninitialized);
     char* end = text.data();
     for (const std::string_view piece : pieces)
         end = std::copy(piece.begin(), piece.end(), end);
-    return text;
+    return QCString::fromBytes(text);
 }
 
 } // namespace tarvomime

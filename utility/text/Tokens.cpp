@@ -3,6 +3,8 @@
 
 #include "types/Ascii.h"
 
+#include <utility>
+
 namespace tarvomime {
 
 namespace {
@@ -39,19 +41,27 @@ void splitAtFirst(const QCString& separator, const QCString& source, QCString& l
 QValueList<QCString> splitAtEvery(const QCString& separator, const QCString& source, bool strip)
 {
     QValueList<QCString> pieces;
-    int position = 0;
-    // An empty separator would be found in place for ever.
-    int found = separator.isEmpty() ? -1 : source.find(separator);
-    while (found >= 0) {
-        if (found > position)
-            pieces.append(source.mid(position, found - position));
-        position = found + separator.length();
-        found = source.find(separator, position);
-    }
-    const std::string_view rest = source.view().substr(static_cast<std::size_t>(position));
-    if (!rest.empty())
-        pieces.append(source.slice(piece(rest, strip)));
+    PieceReader reader(separator, source, strip);
+    while (std::optional<QCString> next = reader.take())
+        pieces.append(*std::move(next));
     return pieces;
+}
+
+std::optional<QCString> PieceReader::take()
+{
+    // An empty separator would be found in place for ever.
+    int found = mSeparator.isEmpty() ? -1 : mSource.find(mSeparator, mPosition);
+    while (found >= 0) {
+        const int start = std::exchange(mPosition, found + mSeparator.length());
+        if (found > start)
+            return mSource.mid(start, found - start);
+        found = mSource.find(mSeparator, mPosition);
+    }
+    const std::string_view rest = mSource.view().substr(static_cast<std::size_t>(mPosition));
+    mPosition = mSource.length();
+    if (rest.empty())
+        return std::nullopt;
+    return mSource.slice(piece(rest, mStrip));
 }
 
 void stripChar(char c, const QCString& source, QCString& out)

@@ -6,6 +6,7 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Util.h"
 #include "utility/file/MappedFile.h"
+#include "utility/text/RefusedText.h"
 #include "utility/tree/WritingOrder.h"
 
 #include <QFile>
@@ -44,7 +45,7 @@ std::optional<std::string_view> MemoryAssembly::writeHeader(EMAIL_Header& header
     const auto start = static_cast<int>(position());
     for (EMAIL_Field* field : writingOrder(header)) {
         field->assemble();
-        if (!write(field->mString.view()))
+        if (isRefused(field->mString) || !write(field->mString.view()))
             return std::nullopt;
     }
     const auto end = static_cast<int>(position());
@@ -121,7 +122,7 @@ std::optional<std::string_view> FileAssembly::writeHeader(EMAIL_Header& header)
 {
     header.assemble();
     const std::string_view text = header.mString.view();
-    return write(text) ? std::optional(text) : std::nullopt;
+    return !isRefused(header.mString) && write(text) ? std::optional(text) : std::nullopt;
 }
 
 bool FileAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header& header)

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "types/QCString.h"
+
+namespace tarvomime {
+
+/// What stands as the text of a component that refuses to be written, because its text would be too
+/// long. It is empty, so that nothing is written of it, and known by where its bytes lie: whoever
+/// writes the texts of components asks `isRefused` first and gives the whole up.
+///
+/// A field leaves it as its line, a header as its text when one of its fields did.
+QCString refusedText();
+bool isRefused(const QCString& text);
+
+} // namespace tarvomime
