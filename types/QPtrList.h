@@ -87,6 +87,19 @@ public:
         taken.mCount = 0;
     }
 
+    /// Exchanges the items with those of `other`, and who owns them; nothing is allocated.
+    void swap(QPtrList& other) noexcept
+    {
+        std::swap(mStore, other.mStore);
+        std::swap(mCount, other.mCount);
+        const unsigned int capacity = mCapacity;
+        mCapacity = other.mCapacity;
+        other.mCapacity = capacity;
+        const bool owned = autoDelete();
+        setAutoDelete(other.autoDelete());
+        other.setAutoDelete(owned);
+    }
+
     T* const* begin() const { return mCapacity == 0 ? &mStore.one : mStore.many; }
     T* const* end() const { return begin() + mCount; }
 

@@ -8,6 +8,7 @@
 #include <QByteArray>
 #include <QString>
 
+class EMAIL_ContentType;
 class EMAIL_Header;
 class EMAIL_Message;
 class QFile;
@@ -211,12 +212,21 @@ public:
 
     /// The charset that header values are encoded with; `CHARSET_UTF_8`.
     int mCharset = CHARSET_UTF_8;
+
+private:
+    // Where in a long header the Content-Type was found last. It lies in a gap of the layout.
+    mutable int mTypePosition = 0;
+
+public:
     /// The message; owned.
     EMAIL_Message* mMessage = nullptr;
     /// Length of the raw text or file that this handle was built from.
     int mLength = 0;
 
 private:
+    friend class EMAIL_MIME;
+
+    EMAIL_ContentType* contentTypeField() const;
     void setEncodedText(const QString& text);
     QString decodeBodyText(const QCString& text, int charset) const;
     int writeBodyFromFile(QFile* file, const ProgressCallback& cb) const;

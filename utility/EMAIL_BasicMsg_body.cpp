@@ -69,8 +69,11 @@ void EMAIL_BasicMsg::setEncodedText(const QString& text)
 
 void EMAIL_BasicMsg::setBody(const QByteArray& data)
 {
+    // Asking for the type would parse the field, which is then written in its normalised form.
+    if (mMessage == nullptr || data.isEmpty())
+        return;
     const int type = getType();
-    if (mMessage == nullptr || data.isEmpty() || type == TYPE_MULTIPART || type == TYPE_MESSAGE)
+    if (type == TYPE_MULTIPART || type == TYPE_MESSAGE)
         return;
     if (type == TYPE_UNKNOWN) {
         setType(TYPE_APPLICATION);

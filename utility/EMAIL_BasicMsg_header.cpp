@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 // Addresses, subject, date, priority and Content-Type: Unicode values against encoded fields.
+#include "types/Ascii.h"
 #include "utility/EMAIL_BasicMsg.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_DateTime.h"
 #include "utility/EMAIL_DispositionType.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/header/FieldNames.h"
+#include "utility/header/TypedField.h"
 #include "utility/text/Latin1.h"
+
+#include <algorithm>
 
 using namespace tarvomime;
 
@@ -44,9 +48,37 @@ void setEncoded(EMAIL_Header* header, Setter setter, Encoder encode, const QStri
     (header->*setter)(wire);
 }
 
-EMAIL_ContentType* contentTypeIn(const EMAIL_Header* header)
+using Fields = QPtrList<EMAIL_Field>;
+
+bool isContentType(const EMAIL_Field* field)
 {
-    return header == nullptr ? nullptr : header->getContentType();
+    return field != nullptr &&
+           equalIgnoringCase(field->mName.view(), FieldName::contentType().view());
+}
+
+/// The first Content-Type of `fields` from `start` on and before `end`; `end` when there is none.
+int findContentType(const Fields& fields, int start, int end)
+{
+    EMAIL_Field* const* const items = fields.begin();
+    return static_cast<int>(std::find_if(items + start, items + end, isContentType) - items);
+}
+
+// A loop over the parts asks for the same field again and again, and a header is as long as its
+// sender likes. So a field this far back is first looked for where it was found last. Applications
+// change the list as they please: the front of it, where every sane header has the field, and as
+// many fields before that place are looked at each time.
+constexpr int kAlwaysExamined = 256;
+
+int findContentType(const Fields& fields, int lastPosition)
+{
+    const int front = std::min(fields.count(), kAlwaysExamined);
+    const int found = findContentType(fields, 0, front);
+    if (found < front || front == fields.count())
+        return found;
+    const int back = std::max(front, lastPosition - kAlwaysExamined);
+    if (lastPosition >= front && isContentType(fields.at(lastPosition)))
+        return findContentType(fields, back, lastPosition);
+    return findContentType(fields, front, fields.count());
 }
 
 } // namespace
@@ -201,9 +233,18 @@ void EMAIL_BasicMsg::setXPriority(int priority)
         header->setXPriority(priority < priorityLow ? "3" : "5");
 }
 
+EMAIL_ContentType* EMAIL_BasicMsg::contentTypeField() const
+{
+    const EMAIL_Header* header = getHeader();
+    if (header == nullptr)
+        return nullptr;
+    mTypePosition = findContentType(header->mFields, mTypePosition);
+    return parsedAs<EMAIL_ContentType>(header->mFields.at(mTypePosition));
+}
+
 int EMAIL_BasicMsg::getType() const
 {
-    const EMAIL_ContentType* type = contentTypeIn(getHeader());
+    const EMAIL_ContentType* type = contentTypeField();
     return type == nullptr ? TYPE_UNKNOWN : type->mTypeEnum;
 }
 
@@ -215,7 +256,7 @@ void EMAIL_BasicMsg::setType(int type)
 
 int EMAIL_BasicMsg::getSubType() const
 {
-    const EMAIL_ContentType* type = contentTypeIn(getHeader());
+    const EMAIL_ContentType* type = contentTypeField();
     return type == nullptr ? 0 : type->mSubTypeEnum;
 }
 
@@ -227,7 +268,7 @@ void EMAIL_BasicMsg::setSubType(int subType)
 
 QString EMAIL_BasicMsg::getTypeStr() const
 {
-    const EMAIL_ContentType* type = contentTypeIn(getHeader());
+    const EMAIL_ContentType* type = contentTypeField();
     return type == nullptr ? QString() : fromLatin1(type->mType);
 }
 
@@ -239,7 +280,7 @@ void EMAIL_BasicMsg::setTypeStr(const QString& name)
 
 QString EMAIL_BasicMsg::getSubTypeStr() const
 {
-    const EMAIL_ContentType* type = contentTypeIn(getHeader());
+    const EMAIL_ContentType* type = contentTypeField();
     return type == nullptr ? QString() : fromLatin1(type->mSubType);
 }
 
@@ -251,7 +292,7 @@ void EMAIL_BasicMsg::setSubTypeStr(const QString& name)
 
 int EMAIL_BasicMsg::getCharset() const
 {
-    const EMAIL_ContentType* type = contentTypeIn(getHeader());
+    const EMAIL_ContentType* type = contentTypeField();
     return type == nullptr ? CHARSET_US_ASCII : type->getCharset();
 }
 
@@ -287,7 +328,7 @@ void EMAIL_BasicMsg::setMethod(const QString& method)
 
 QString EMAIL_BasicMsg::getFileName(int charset) const
 {
-    const EMAIL_ContentType* type = contentTypeIn(getHeader());
+    const EMAIL_ContentType* type = contentTypeField();
     QCString name;
     if (type != nullptr)
         type->getName(name);

@@ -13,6 +13,7 @@
 #include "utility/file/MappedFile.h"
 #include "utility/tree/Container.h"
 
+#include <memory>
 #include <new>
 #include <vector>
 
@@ -40,6 +41,87 @@ void copyBody(const EMAIL_Body& body, EMAIL_MultiPart& part)
         part.setBody(QByteArray(body.getMessage()), true);
     else
         part.setBodyInfo(body.mFile, body.mOffset, body.mLength, body.mEncoded);
+}
+
+/// A new part at the end of the body, which owns it.
+EMAIL_BodyPart* appendBodyPart(EMAIL_Body& body)
+{
+    std::unique_ptr<EMAIL_BodyPart> bodyPart(new (std::nothrow) EMAIL_BodyPart);
+    TARVOMIME_CHECK_ALLOCATION(
+        bodyPart, "bodyPart",
+        "void EMAIL_MIME::mulitPartToEntity(const EMAIL_MultiPart&, EMAIL_Entity&, int)");
+    body.insertBodyPart(bodyPart.get(), -1);
+    return bodyPart.release();
+}
+
+/// A new sub-part at the end of `part`, which owns it.
+EMAIL_MultiPart* appendSubPart(EMAIL_MultiPart& part)
+{
+    std::unique_ptr<EMAIL_MultiPart> subMulitPart(new (std::nothrow) EMAIL_MultiPart(&part));
+    TARVOMIME_CHECK_ALLOCATION(
+        subMulitPart, "subMulitPart",
+        "void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity*, EMAIL_MultiPart&)");
+    part.addSubMultiPart(subMulitPart.get(), -1);
+    return subMulitPart.release();
+}
+
+using BodyParts = QPtrList<EMAIL_BodyPart>;
+
+/// Cuts the items behind the first `count` off without deleting them; the list keeps its room.
+void cutTo(int count, BodyParts& parts)
+{
+    while (parts.count() > count)
+        parts.take(parts.count() - 1);
+}
+
+/// Puts the parts of `front` in the place of as many at the front of `parts`, and these into
+/// `front`. No part is in both lists when memory for the longer one fails.
+void exchangeFront(BodyParts& parts, BodyParts& front)
+{
+    const int exchanged = front.count();
+    for (int i = exchanged; i < parts.count(); ++i)
+        front.append(nullptr);
+    cutTo(exchanged, front);
+    for (int i = exchanged; i < parts.count(); ++i)
+        front.append(parts.at(i));
+    cutTo(exchanged, parts);
+    const bool owned = parts.autoDelete();
+    parts.swap(front);
+    parts.setAutoDelete(owned);
+    front.setAutoDelete(owned);
+}
+
+/// Appends a new body part built from `part`, with everything below it.
+void appendTree(const EMAIL_MultiPart& part, EMAIL_Body& body)
+{
+    struct Task
+    {
+        const EMAIL_MultiPart* part;
+        EMAIL_Body* body;
+    };
+    std::vector<Task> tasks{{&part, &body}};
+    while (!tasks.empty()) {
+        const Task task = tasks.back();
+        tasks.pop_back();
+        const EMAIL_BodyPart* bodyPart = appendBodyPart(*task.body);
+        EMAIL_MIME::setHeadFromMultiPart(*task.part, bodyPart->mHeader);
+        if (!isContainerPart(*task.part)) {
+            copyBody(*task.part, *bodyPart->mBody);
+            continue;
+        }
+        // Last first, so that they come off the list, and are appended, in order.
+        for (int i = task.part->getSubMultiPartCount() - 1; i >= 0; --i) {
+            if (const EMAIL_MultiPart* subPart = task.part->getSubMultiPart(i))
+                tasks.push_back({subPart, bodyPart->mBody});
+        }
+    }
+}
+
+/// Moves the only part of `source` to `body`.
+void moveTree(EMAIL_Body& source, EMAIL_Body& body, int index)
+{
+    if (body.insertBodyPart(source.bodyPart(0), index))
+        source.mBodyParts.take(0);
 }
 
 } // namespace
@@ -73,11 +155,12 @@ const EMAIL_Entity* EMAIL_MIME::topLevelPart(int index) const
 {
     if (mMessage == nullptr || index < 0 || index > getMultiPartCount())
         return nullptr;
-    if (mMessage->mHeader->getContentType() == nullptr)
+    const EMAIL_ContentType* type = contentTypeField();
+    if (type == nullptr)
         return nullptr;
-    if (isContainer(getType(), getSubType()))
+    if (isContainer(type->mTypeEnum, type->mSubTypeEnum))
         return mMessage->mBody->bodyPart(index);
-    return getType() == TYPE_MESSAGE ? mMessage->mBody->mMessage : nullptr;
+    return type->mTypeEnum == TYPE_MESSAGE ? mMessage->mBody->mMessage : nullptr;
 }
 
 bool EMAIL_MIME::getMultiPart(int index, EMAIL_MultiPart& part) const
@@ -107,9 +190,11 @@ bool EMAIL_MIME::setMultiPart(const EMAIL_MultiPart& part, int index, bool repla
             mMessage, "mMessage",
             "bool EMAIL_MIME::setMultiPart(const EMAIL_MultiPart&, int, bool)");
     }
+    EMAIL_Body tree;
+    appendTree(part, tree);
     if (replace)
         removeMultiPart(index);
-    addMultiPart(part, index);
+    moveTree(tree, *mMessage->mBody, index);
     return true;
 }
 
@@ -120,67 +205,43 @@ bool EMAIL_MIME::removeMultiPart(int index)
 
 QCString EMAIL_MIME::getBoundary() const
 {
-    const EMAIL_Header* header = getHeader();
-    const EMAIL_ContentType* type = header == nullptr ? nullptr : header->getContentType();
+    const EMAIL_ContentType* type = contentTypeField();
     return type == nullptr ? QCString() : type->mBoundary;
 }
 
-// Each part is read, stripped and written back in its place. All of them are taken out and appended
-// one by one, since replacing them in the list would cost its length each time.
+// The parts are rebuilt beside the message and exchanged at the end, so that a failed allocation
+// leaves it as it was.
+//
+// 1. In a message-type message it is the enclosed message that is read for every part.
+// 2. From a part that cannot be read on, all stay as they are.
 void EMAIL_MIME::makeHeaderSendable()
 {
     EMAIL_BasicMsg::makeHeaderSendable();
-    if (topLevelPart(0) == nullptr)
+    const int count = getMultiPartCount();
+    if (count == 0)
         return;
-    QPtrList<EMAIL_BodyPart>& list = mMessage->mBody->mBodyParts;
-    const std::vector<EMAIL_BodyPart*> oldParts(list.begin(), list.end());
-    list.setAutoDelete(false);
-    list.clear();
-    list.setAutoDelete(true);
-    bool stopped = false;
-    for (EMAIL_BodyPart* oldPart : oldParts) {
-        // Behind a part that cannot be read, all stay as they are.
-        stopped = stopped || oldPart == nullptr;
-        if (stopped) {
-            list.append(oldPart);
-            continue;
-        }
+    QPtrList<EMAIL_BodyPart>& parts = mMessage->mBody->mBodyParts;
+    EMAIL_Body rebuilt;
+    const EMAIL_Entity* entity = topLevelPart(0);
+    for (int i = 0; entity != nullptr && i < count; entity = topLevelPart(++i)) {
         EMAIL_MultiPart part;
-        entityToMulitPart(oldPart, part);
-        delete oldPart;
+        entityToMulitPart(entity, part);
         part.makeHeaderSendable();
-        mulitPartToEntity(part, *mMessage, -1);
+        appendTree(part, rebuilt);
+    }
+    exchangeFront(parts, rebuilt.mBodyParts);
+    for (EMAIL_BodyPart* part : parts) {
+        if (part != nullptr)
+            part->setParent(mMessage->mBody);
     }
 }
 
 void EMAIL_MIME::mulitPartToEntity(const EMAIL_MultiPart& part, EMAIL_Entity& entity, int index)
 {
-    struct Task
-    {
-        const EMAIL_MultiPart* part;
-        EMAIL_Entity* entity;
-        int index;
-    };
-    std::vector<Task> tasks{{&part, &entity, index}};
-    while (!tasks.empty()) {
-        const Task task = tasks.back();
-        tasks.pop_back();
-        auto* bodyPart = new (std::nothrow) EMAIL_BodyPart;
-        TARVOMIME_CHECK_ALLOCATION(
-            bodyPart, "bodyPart",
-            "void EMAIL_MIME::mulitPartToEntity(const EMAIL_MultiPart&, EMAIL_Entity&, int)");
-        setHeadFromMultiPart(*task.part, bodyPart->mHeader);
-        task.entity->mBody->insertBodyPart(bodyPart, task.index);
-        if (!isContainerPart(*task.part)) {
-            copyBody(*task.part, *bodyPart->mBody);
-            continue;
-        }
-        // Last first, so that they come off the list, and are appended, in order.
-        for (int i = task.part->getSubMultiPartCount() - 1; i >= 0; --i) {
-            if (const EMAIL_MultiPart* subPart = task.part->getSubMultiPart(i))
-                tasks.push_back({subPart, bodyPart, -1});
-        }
-    }
+    // Built apart from the entity: it gets the whole tree or, when memory fails, nothing of it.
+    EMAIL_Body tree;
+    appendTree(part, tree);
+    moveTree(tree, *entity.mBody, index);
 }
 
 void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity* entity, EMAIL_MultiPart& part)
@@ -204,12 +265,7 @@ void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity* entity, EMAIL_MultiPart& 
         for (const EMAIL_BodyPart* bodyPart : task.entity->mBody->mBodyParts) {
             if (bodyPart == nullptr)
                 continue;
-            auto* subMulitPart = new (std::nothrow) EMAIL_MultiPart(task.part);
-            TARVOMIME_CHECK_ALLOCATION(
-                subMulitPart, "subMulitPart",
-                "void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity*, EMAIL_MultiPart&)");
-            task.part->addSubMultiPart(subMulitPart, -1);
-            tasks.push_back({bodyPart, subMulitPart});
+            tasks.push_back({bodyPart, appendSubPart(*task.part)});
         }
     }
 }

@@ -11,64 +11,84 @@
 
 #include <QFile>
 #include <limits>
+#include <vector>
 
 using namespace tarvomime;
 
 namespace {
 
-/// Writes the body of a calendar part to `out` or reads its identifier; other parts are passed
-/// over.
-void handleCalendar(const EMAIL_Entity* entity, QFile* out, QString& partId, int mode)
+using Parts = QPtrList<EMAIL_BodyPart>;
+
+/// The list in which an invitation has its calendars: the message's own or that of its first part.
+const Parts* alternatives(const EMAIL_MIME& message)
 {
-    if (entity == nullptr || !isCalendar(mediaTypeOf(*entity)))
-        return;
-    if (mode == 0) {
-        EMAIL_MultiPart part;
-        EMAIL_MIME::entityToMulitPart(entity, part);
-        part.getBody(out);
-    } else if (mode == 1) {
-        partId = fromLatin1(entity->mHeader->getPartID());
+    const MediaType media{message.getType(), message.getSubType()};
+    if (media.type != TYPE_MULTIPART)
+        return nullptr;
+    const EMAIL_Body& body = *message.mMessage->mBody;
+    if (isAlternative(media))
+        return &body.mBodyParts;
+    const EMAIL_Entity* first = body.bodyPart(0);
+    const bool isInvitation = first != nullptr && isAlternative(mediaTypeOf(*first));
+    return isInvitation ? &first->mBody->mBodyParts : nullptr;
+}
+
+/// The calendar parts of an invitation, in order.
+///
+/// 1. A part of the message that cannot be read ends them; one further down is passed over.
+std::vector<const EMAIL_Entity*> calendarsOf(const EMAIL_MIME& message)
+{
+    std::vector<const EMAIL_Entity*> calendars;
+    const Parts* parts = alternatives(message);
+    if (parts == nullptr)
+        return calendars;
+    const bool isTopLevel = parts == &message.mMessage->mBody->mBodyParts;
+    for (const EMAIL_BodyPart* part : *parts) {
+        if (part == nullptr && isTopLevel)
+            break;
+        if (part != nullptr && isCalendar(mediaTypeOf(*part)))
+            calendars.push_back(part);
     }
+    return calendars;
 }
 
 } // namespace
 
+// 1. All calendar parts are written one after the other.
+// 2. That a part cannot be read or written does not show in the result, unless it is the message.
 int EMAIL_MIME::getICalendar(QFile* out) const
 {
-    QString unused;
-    return getCalendarOrPartId(out, unused, 0);
+    if (isCalendar({getType(), getSubType()}))
+        return EMAIL_BasicMsg::getBody(out);
+    for (const EMAIL_Entity* calendar : calendarsOf(*this)) {
+        EMAIL_MultiPart part;
+        entityToMulitPart(calendar, part);
+        part.getBody(out);
+    }
+    return 0;
 }
 
+// 1. Of several calendar parts the last one counts.
 int EMAIL_MIME::getCalendarPartId(QString& partId) const
 {
-    return getCalendarOrPartId(nullptr, partId, 1);
+    partId = QLatin1String("");
+    const std::vector<const EMAIL_Entity*> calendars = calendarsOf(*this);
+    if (!calendars.empty())
+        partId = fromLatin1OrNull(calendars.back()->mHeader->getPartID());
+    return 0;
 }
 
-// 1. All calendar parts are handled: their bodies are written one after the other, and the last
-//    identifier wins.
-// 2. That a part cannot be read or written does not show in the result, unless it is the message.
 int EMAIL_MIME::getCalendarOrPartId(QFile* out, QString& partId, int mode) const
 {
     partId = QLatin1String("");
-    const MediaType media{getType(), getSubType()};
-    if (isCalendar(media))
-        return mode == 0 ? EMAIL_BasicMsg::getBody(out) : 0;
-    if (media.type != TYPE_MULTIPART)
-        return 0;
-    if (isAlternative(media)) {
-        for (const EMAIL_BodyPart* part : mMessage->mBody->mBodyParts) {
-            if (part == nullptr)
-                return 0;
-            handleCalendar(part, out, partId, mode);
-        }
+    switch (mode) {
+    case 0:
+        return getICalendar(out);
+    case 1:
+        return getCalendarPartId(partId);
+    default:
         return 0;
     }
-    const EMAIL_Entity* first = topLevelPart(0);
-    if (first == nullptr || !isAlternative(mediaTypeOf(*first)))
-        return 0;
-    for (const EMAIL_BodyPart* part : first->mBody->mBodyParts)
-        handleCalendar(part, out, partId, mode);
-    return 0;
 }
 
 int EMAIL_MIME::getIcsPart(const QString& icsPath, const QString& text, const QString& method,

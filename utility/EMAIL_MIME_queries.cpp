@@ -28,27 +28,28 @@ bool isBlankBody(const QCString& body)
     return QByteArray(body).replace("\r\n", "").isEmpty();
 }
 
-MediaType mediaTypeOf(const EMAIL_MultiPart& part)
+/// Which of the top-level parts have been downloaded.
+struct Downloads
 {
-    return {part.mTypeEnum, part.mSubTypeEnum};
-}
+    bool all = true;
+    bool anyOther = false;
+    bool hasCalendar = false;
+    bool anyCalendar = false;
 
-/// The part whose body a separately downloaded message text becomes; null when there is none.
-///
-/// 1. Only text/plain is taken, while a viewer shows the first alternative whatever its type.
-EMAIL_MultiPart* plainTextPart(EMAIL_MultiPart& first, bool inAlternative)
-{
-    EMAIL_MultiPart* part = &first;
-    if (!inAlternative) {
-        if (isRelated(mediaTypeOf(*part)) && part->getSubMultiPartCount() > 0)
-            part = part->getSubMultiPart(0);
-        const bool enclosed = part != &first;
-        if (isAlternative(mediaTypeOf(*part)) && part->getSubMultiPartCount() > 0)
-            part = part->getSubMultiPart(0);
-        else if (enclosed)
-            return nullptr;
+    void add(const EMAIL_Entity& part)
+    {
+        const bool isDownloaded = part.mHeader->isAttDownloaded();
+        const bool isInvitation = isCalendar(mediaTypeOf(part));
+        all = all && isDownloaded;
+        hasCalendar = hasCalendar || isInvitation;
+        (isInvitation ? anyCalendar : anyOther) |= isDownloaded;
     }
-    return isPlainText(mediaTypeOf(*part)) ? part : nullptr;
+};
+
+/// Whether the message text is the body of the message itself.
+bool isWholeText(MediaType media)
+{
+    return media.type == TYPE_UNKNOWN || isPlainText(media);
 }
 
 /// 0 for a missing file, and for one that is too long to be mapped.
@@ -95,7 +96,7 @@ int EMAIL_MIME::getAttachNum() const
     const EMAIL_Entity* first = topLevelPart(0);
     if (count == 0 || first == nullptr)
         return 0;
-    const MediaType firstMedia = tarvomime::mediaTypeOf(*first);
+    const MediaType firstMedia = mediaTypeOf(*first);
     return isAlternative(firstMedia) || isPlainText(firstMedia) ? count - 1 : count;
 }
 
@@ -105,30 +106,23 @@ bool EMAIL_MIME::isCompleteMessage() const
     if (getBodyTruncated() != -1)
         return false;
     const MediaType media{getType(), getSubType()};
-    const int count = getMultiPartCount();
-    if ((media.type == TYPE_MULTIPART && media.subType == SUBTYPE_REPORT) || count <= 0)
+    const bool isReport = media.type == TYPE_MULTIPART && media.subType == SUBTYPE_REPORT;
+    if (isReport || getMultiPartCount() == 0)
         return true;
-    bool hasCalendar = false;
-    bool calendarDownloaded = false;
-    bool otherDownloaded = false;
-    for (int i = 0; i < count; ++i) {
-        const EMAIL_Entity* part = topLevelPart(i);
+    // Of a message type every part reads as the enclosed message.
+    if (!isContainer(media.type, media.subType)) {
+        const EMAIL_Entity* enclosed = topLevelPart(0);
+        return enclosed != nullptr && enclosed->mHeader->isAttDownloaded();
+    }
+    Downloads downloads;
+    for (const EMAIL_BodyPart* part : mMessage->mBody->mBodyParts) {
         if (part == nullptr)
             return false;
-        const bool downloaded = part->mHeader->isAttDownloaded();
-        if (!isAlternative(media)) {
-            if (!downloaded)
-                return false;
-        } else if (isCalendar(tarvomime::mediaTypeOf(*part))) {
-            hasCalendar = true;
-            calendarDownloaded = calendarDownloaded || downloaded;
-        } else {
-            otherDownloaded = otherDownloaded || downloaded;
-        }
+        downloads.add(*part);
     }
     if (!isAlternative(media))
-        return true;
-    return hasCalendar ? calendarDownloaded : otherDownloaded;
+        return downloads.all;
+    return downloads.hasCalendar ? downloads.anyCalendar : downloads.anyOther;
 }
 
 const EMAIL_Entity* EMAIL_MIME::messageTextPart() const
@@ -139,20 +133,29 @@ const EMAIL_Entity* EMAIL_MIME::messageTextPart() const
     const EMAIL_Entity* subPart = firstSubPart(*first);
     if (isAlternative({getType(), getSubType()}))
         return subPart == nullptr ? first : subPart;
-    const MediaType media = tarvomime::mediaTypeOf(*first);
+    const MediaType media = mediaTypeOf(*first);
     if (isPlainText(media))
         return first;
     if (isAlternative(media))
         return subPart;
     const bool wrapped =
-        isRelated(media) && subPart != nullptr && isAlternative(tarvomime::mediaTypeOf(*subPart));
+        isRelated(media) && subPart != nullptr && isAlternative(mediaTypeOf(*subPart));
     return wrapped ? firstSubPart(*subPart) : nullptr;
 }
 
 int EMAIL_MIME::getBody(QString& text, int charset) const
 {
-    QString unused;
-    return getBodyOrPartId(text, unused, 0, charset);
+    const MediaType media{getType(), getSubType()};
+    if (isWholeText(media))
+        return EMAIL_BasicMsg::getBody(text, charset == CHARSET_UNKNOWN ? getCharset() : charset);
+    if (!isContainer(media.type, media.subType))
+        return 0;
+    if (const EMAIL_Entity* entity = messageTextPart()) {
+        EMAIL_MultiPart part;
+        entityToMulitPart(entity, part);
+        part.getTextBody(text, charset);
+    }
+    return 0;
 }
 
 int EMAIL_MIME::getBody(QFile* out, const ProgressCallback& progress) const
@@ -162,33 +165,32 @@ int EMAIL_MIME::getBody(QFile* out, const ProgressCallback& progress) const
 
 int EMAIL_MIME::getBodyPartId(QString& partId) const
 {
-    QString unused;
-    return getBodyOrPartId(unused, partId, 1, CHARSET_UNKNOWN);
+    const MediaType media{getType(), getSubType()};
+    if (isWholeText(media))
+        partId = QLatin1String("");
+    else if (!isContainer(media.type, media.subType))
+        return 0;
+    else if (const EMAIL_Entity* entity = messageTextPart())
+        partId = fromLatin1OrNull(entity->mHeader->getPartID());
+    return 0;
 }
 
 int EMAIL_MIME::getBodyOrPartId(QString& text, QString& partId, int mode, int charset) const
 {
-    const MediaType media{getType(), getSubType()};
-    if (isContainer(media.type, media.subType)) {
-        const EMAIL_Entity* entity = messageTextPart();
-        if (entity != nullptr && mode == 0) {
-            EMAIL_MultiPart part;
-            entityToMulitPart(entity, part);
-            part.getTextBody(text, charset);
-        } else if (entity != nullptr && mode == 1) {
-            partId = fromLatin1(entity->mHeader->getPartID());
-        }
+    switch (mode) {
+    case 0:
+        return getBody(text, charset);
+    case 1:
+        return getBodyPartId(partId);
+    default:
         return 0;
     }
-    if (media.type != TYPE_UNKNOWN && !isPlainText(media))
-        return 0;
-    if (mode == 0)
-        return EMAIL_BasicMsg::getBody(text, charset == CHARSET_UNKNOWN ? getCharset() : charset);
-    if (mode == 1)
-        partId = QLatin1String("");
-    return 0;
 }
 
+// 1. Only text/plain is taken, while a viewer shows the first alternative whatever its type, and in
+//    an alternative message only the first part itself.
+// 2. The message text is always found down the first sub-parts: in the copy of the first part it is
+//    the first leaf.
 void EMAIL_MIME::setRawBody(const QString& path)
 {
     const MediaType media{getType(), getSubType()};
@@ -196,13 +198,16 @@ void EMAIL_MIME::setRawBody(const QString& path)
         setBodyInfo(path, 0, sizeOf(path), true);
         return;
     }
+    const EMAIL_Entity* text = messageTextPart();
+    const bool isFirst = text == topLevelPart(0);
+    if (text == nullptr || !isPlainText(mediaTypeOf(*text)) || (isAlternative(media) && !isFirst))
+        return;
     EMAIL_MultiPart first;
-    if (getMultiPartCount() < 1 || !getMultiPart(0, first))
-        return;
-    EMAIL_MultiPart* text = plainTextPart(first, isAlternative(media));
-    if (text == nullptr)
-        return;
-    text->setBodyInfo(path, 0, sizeOf(path), true);
-    text->setAttDownloaded();
+    getMultiPart(0, first);
+    EMAIL_MultiPart* textPart = &first;
+    while (textPart->getSubMultiPartCount() > 0)
+        textPart = textPart->getSubMultiPart(0);
+    textPart->setBodyInfo(path, 0, sizeOf(path), true);
+    textPart->setAttDownloaded();
     setMultiPart(first, 0, true);
 }

@@ -6,36 +6,47 @@
 
 #include "utility/text/Latin1.h"
 
+#include <memory>
+#include <utility>
 #include <vector>
 
 using namespace tarvomime;
 
 namespace {
 
-using Parts = std::vector<EMAIL_MultiPart*>;
-
-/// Moves the items of `list` to `parts`, unless the list does not own them.
-void moveOwned(QPtrList<EMAIL_MultiPart>& list, Parts& parts)
+/// The parts that are to be deleted, the next one first. Freeing must not need memory, so they are
+/// linked through the one pointer that they no longer need: the one to their parent.
+class Orphans
 {
-    if (!list.autoDelete())
-        return;
-    parts.insert(parts.end(), list.begin(), list.end());
-    list.setAutoDelete(false);
-    list.clear();
-    list.setAutoDelete(true);
-}
+public:
+    bool isEmpty() const { return mFirst == nullptr; }
 
-// A part is deleted only after its own sub-parts were moved to the list, so that no destructor runs
-// inside another.
-void deleteTrees(Parts& parts)
-{
-    while (!parts.empty()) {
-        EMAIL_MultiPart* part = parts.back();
-        parts.pop_back();
-        if (part != nullptr)
-            moveOwned(part->mSubParts, parts);
-        delete part;
+    /// Takes over the items of `list`, unless the list does not own them.
+    void takeFrom(QPtrList<EMAIL_MultiPart>& list)
+    {
+        while (list.autoDelete() && !list.isEmpty()) {
+            if (EMAIL_MultiPart* part = list.take(list.count() - 1))
+                part->mParent = std::exchange(mFirst, part);
+        }
     }
+
+    EMAIL_MultiPart* take()
+    {
+        EMAIL_MultiPart* part = mFirst;
+        mFirst = std::exchange(part->mParent, nullptr);
+        return part;
+    }
+
+private:
+    EMAIL_MultiPart* mFirst = nullptr;
+};
+
+/// A new sub-part at the end of `parent`, which owns it.
+EMAIL_MultiPart* appendSubPart(EMAIL_MultiPart& parent)
+{
+    auto subPart = std::make_unique<EMAIL_MultiPart>(&parent);
+    parent.mSubParts.append(subPart.get());
+    return subPart.release();
 }
 
 } // namespace
@@ -51,50 +62,51 @@ EMAIL_MultiPart::EMAIL_MultiPart(const EMAIL_MultiPart& other)
     *this = other;
 }
 
+// A part is deleted only after its own sub-parts were moved away, so that no destructor runs inside
+// another.
 EMAIL_MultiPart::~EMAIL_MultiPart()
 {
-    Parts subParts;
-    moveOwned(mSubParts, subParts);
-    deleteTrees(subParts);
+    Orphans orphans;
+    orphans.takeFrom(mSubParts);
+    while (!orphans.isEmpty()) {
+        EMAIL_MultiPart* part = orphans.take();
+        orphans.takeFrom(part->mSubParts);
+        delete part;
+    }
 }
 
-// The old sub-parts leave the tree first and are deleted last: assigning a part to itself finds
-// none to copy, and one of them can be the source.
+// Built apart and exchanged at the end, so that a failed allocation changes nothing. The old
+// sub-parts count as gone from the start: assigning a part to itself finds none to copy. They are
+// deleted last, since one of them can be the source.
 // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): emptying the part is what it does
 EMAIL_MultiPart& EMAIL_MultiPart::operator=(const EMAIL_MultiPart& other)
 {
-    Parts oldSubParts;
-    moveOwned(mSubParts, oldSubParts);
-
     struct Task
     {
         const EMAIL_MultiPart* source;
         EMAIL_MultiPart* target;
     };
-    // Built apart from this part, which can lie below `other`: what is added here is not copied.
     EMAIL_MultiPart copies(nullptr);
     std::vector<Task> tasks{{&other, &copies}};
     while (!tasks.empty()) {
         const Task task = tasks.back();
         tasks.pop_back();
+        if (task.source == this)
+            continue;
         for (const EMAIL_MultiPart* source : task.source->mSubParts) {
             if (source == nullptr)
                 continue;
-            auto* copy = new EMAIL_MultiPart(task.target);
+            EMAIL_MultiPart* copy = appendSubPart(*task.target);
             copy->copyMembers(*source);
-            task.target->mSubParts.append(copy);
             tasks.push_back({source, copy});
         }
     }
     mParent = other.mParent;
     copyMembers(other);
-    Parts subParts;
-    moveOwned(copies.mSubParts, subParts);
-    for (EMAIL_MultiPart* subPart : subParts) {
+    copies.mSubParts.setAutoDelete(mSubParts.autoDelete());
+    mSubParts.swap(copies.mSubParts);
+    for (EMAIL_MultiPart* subPart : mSubParts)
         subPart->mParent = this;
-        mSubParts.append(subPart);
-    }
-    deleteTrees(oldSubParts);
     return *this;
 }
 
@@ -154,33 +166,33 @@ void EMAIL_MultiPart::setType(int type)
 {
     QCString name;
     EMAIL_Util::typeEnumToStr(type, name);
-    mTypeEnum = type;
     mTypeStr = fromLatin1(name);
+    mTypeEnum = type;
 }
 
 void EMAIL_MultiPart::setTypeStr(const QString& name)
 {
-    mTypeStr = name;
     mTypeEnum = EMAIL_Util::typeStrToEnum(toLatin1(name));
+    mTypeStr = name;
 }
 
 void EMAIL_MultiPart::setSubType(int subType)
 {
     QCString name;
     EMAIL_Util::subTypeEnumToStr(subType, name);
-    mSubTypeEnum = subType;
     mSubTypeStr = fromLatin1(name);
+    mSubTypeEnum = subType;
 }
 
 void EMAIL_MultiPart::setSubTypeStr(const QString& name)
 {
-    mSubTypeStr = name;
     mSubTypeEnum = EMAIL_Util::subTypeStrToEnum(toLatin1(name));
+    mSubTypeStr = name;
 }
 
 void EMAIL_MultiPart::makeHeaderSendable()
 {
-    Parts parts{this};
+    std::vector<EMAIL_MultiPart*> parts{this};
     while (!parts.empty()) {
         EMAIL_MultiPart* part = parts.back();
         parts.pop_back();

@@ -6,7 +6,9 @@
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
+#include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_Message.h"
+#include "utility/EMAIL_MultiPart.h"
 
 #include <malloc.h>
 #include <pthread.h>
@@ -343,3 +345,22 @@ INSTANTIATE_TEST_SUITE_P(Rows, Flood,
                                          FloodRow{"near misses", nearMisses, 0},
                                          FloodRow{"long boundary", longBoundary, 3},
                                          FloodRow{"near misses in a nest", nearMissesInANest, 1}));
+
+// Loops over the parts, each of which asks for the message's type: the time limit is that of a
+// program that has gone astray.
+TEST(Scale, PartsBehindALongHeaderAreReadOneByOne)
+{
+    EXPECT_TRUE(inChild(usualStack, [] {
+                    constexpr rlimit aMinute{60, 60};
+                    setrlimit(RLIMIT_CPU, &aMinute);
+                    const int count = scaled(200000);
+                    const EMAIL_MIME message(QByteArray("X: y\n").repeated(count) + typeOf("bb") +
+                                             QByteArray("--bb\nx\n").repeated(count) + "--bb--\n");
+                    for (int i = 0; i < message.getMultiPartCount(); ++i) {
+                        EMAIL_MultiPart part;
+                        if (!message.getMultiPart(i, part))
+                            return false;
+                    }
+                    return message.getMultiPartCount() == count && message.isCompleteMessage();
+                }).succeeded);
+}

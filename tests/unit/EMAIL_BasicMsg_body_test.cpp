@@ -175,6 +175,27 @@ TEST(EMAIL_BasicMsgBody, EmptyBytesChangeNothing)
     EXPECT_EQ(message.getHeader()->mFields.count(), 1);
 }
 
+// A parsed field is written in its normalised form.
+TEST(EMAIL_BasicMsgBody, EmptyBytesLeaveTheTypeUnread)
+{
+    EMAIL_BasicMsg message;
+    message.setHeader("Content-Type: a\r\n");
+    message.setBody(QByteArray());
+    EXPECT_EQ(message.getHeader()->getField("Content-Type")->mParsed, 0);
+    EXPECT_EQ(message.assemble(), "Content-Type: a\r\n\r\n");
+}
+
+TEST(EMAIL_BasicMsgBody, NulStaysInTextAndBytes)
+{
+    EMAIL_BasicMsg message;
+    message.setBody(QString::fromLatin1("a\0b", 3), false);
+    EXPECT_EQ(bodyOf(message), QByteArray("a\0b", 3));
+    message.setCTE(CTE_8BIT);
+    message.setBody(QByteArray("c\0d", 3));
+    EXPECT_EQ(bodyOf(message), QByteArray("c\0d", 3));
+    EXPECT_TRUE(QByteArray(message.assemble()).endsWith(QByteArray("c\0d", 3)));
+}
+
 TEST(EMAIL_BasicMsgBody, BytesDoNotReplaceParts)
 {
     for (const char* type : {"multipart/mixed; boundary=b", "message/rfc822"}) {

@@ -4,6 +4,7 @@
 #include "tests/support/RowNames.h"
 #include "tests/support/StoredFile.h"
 #include "utility/EMAIL_Body.h"
+#include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_MIME.h"
@@ -445,6 +446,60 @@ TEST(EMAIL_MIMEQueries, RawBodyRebuildsTheFirstPart)
     EXPECT_EQ(mime.getMultiPartCount(), 2);
     EXPECT_EQ(first.getSubMultiPart(1)->getBody(), "text of h");
 }
+
+TEST(EMAIL_MIMEQueries, RawBodyWithoutATextPartAddsNoFields)
+{
+    const StoredFile stored("downloaded");
+    EMAIL_MIME mime(mixed({container("multipart/related", "REL", {"X: 1\r\n\r\nuntyped"})}));
+    const EMAIL_Body& related = *mime.mMessage->mBody->bodyPart(0)->mBody;
+    mime.setRawBody(stored.path());
+    EXPECT_EQ(related.bodyPart(0)->mHeader->mFields.count(), 1);
+}
+
+namespace {
+
+struct IdRow
+{
+    const char* name;
+    QByteArray message;
+};
+
+void PrintTo(const IdRow& row, std::ostream* out)
+{
+    *out << row.name << ": ";
+    printEscaped(row.message, out);
+}
+
+class MissingId : public testing::TestWithParam<IdRow>
+{
+};
+
+const QByteArray emptyId("X-MESSAGE-PARTID: \r\n");
+
+} // namespace
+
+// What `getPartID()` gives of a part that is read out.
+TEST_P(MissingId, IsNull)
+{
+    const EMAIL_MIME mime(GetParam().message);
+    QString id(QStringLiteral("old"));
+    const bool isCalendar = GetParam().message.contains("calendar");
+    EXPECT_EQ(isCalendar ? mime.getCalendarPartId(id) : mime.getBodyPartId(id), 0);
+    EXPECT_TRUE(id.isNull());
+    EMAIL_MultiPart part(nullptr);
+    ASSERT_TRUE(mime.getMultiPart(0, part));
+    EXPECT_TRUE(part.getPartID().isNull());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, MissingId,
+    testing::Values(IdRow{"text", mixed({"Content-Type: text/plain\r\n\r\nx"})},
+                    IdRow{"empty text id",
+                          mixed({"Content-Type: text/plain\r\n" + emptyId + "\r\nx"})},
+                    IdRow{"calendar", alternativeOf({"Content-Type: text/calendar\r\n\r\nx"})},
+                    IdRow{"empty calendar id",
+                          alternativeOf({"Content-Type: text/calendar\r\n" + emptyId + "\r\nx"})}),
+    rowName<IdRow>);
 
 TEST(EMAIL_MIMEQueries, RawBodyOfASinglePartMessageIsItsBody)
 {

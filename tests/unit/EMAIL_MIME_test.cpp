@@ -481,3 +481,43 @@ TEST(EMAIL_MIME, SendableSinglePartMessageKeepsItsBody)
     mime.makeHeaderSendable();
     EXPECT_EQ(mime.assemble(), "Content-Type: text/html\r\n\r\n<b>");
 }
+
+TEST(EMAIL_MIME, SendableMessageWithoutPartsKeepsItsTypeUnread)
+{
+    EMAIL_MIME mime;
+    mime.setHeader("Content-Type: a\r\n");
+    mime.makeHeaderSendable();
+    EXPECT_EQ(mime.getHeader()->getField("Content-Type")->mParsed, 0);
+    EXPECT_EQ(mime.assemble(), "Content-Type: a\r\n\r\n");
+}
+
+// Reading part i of a message-type message gives the enclosed message, whatever was added.
+TEST(EMAIL_MIME, SendableMessageTypeRepeatsTheEnclosedMessage)
+{
+    EMAIL_MIME mime(QByteArray("Content-Type: message/rfc822\r\n\r\n"
+                               "Content-Type: text/plain\r\n\r\nenclosed"));
+    for (const char* body : {"1", "2"}) {
+        const std::unique_ptr<EMAIL_MultiPart> part(textPart(body));
+        mime.addMultiPart(*part, -1);
+    }
+    mime.makeHeaderSendable();
+    EXPECT_EQ(bodiesOf(mime), "enclosedenclosed");
+    EXPECT_EQ(mime.mMessage->mBody->bodyPart(1)->mParent, mime.mMessage->mBody);
+}
+
+TEST(EMAIL_MIME, NulStaysInABodyThatTravels)
+{
+    const QByteArray bytes("a\0b", 3);
+    EMAIL_MIME mime(messageOf("multipart/mixed", {}));
+    EMAIL_MultiPart part(nullptr);
+    part.setType(TYPE_APPLICATION);
+    part.setSubTypeStr(QStringLiteral("octet-stream"));
+    part.setCTE(CTE_BINARY);
+    part.setBody(bytes, true);
+    mime.addMultiPart(part, 0);
+    EXPECT_EQ(bodiesOf(mime), bytes);
+    EXPECT_TRUE(QByteArray(mime.assemble()).contains(bytes));
+    EMAIL_MultiPart copy(nullptr);
+    ASSERT_TRUE(mime.getMultiPart(0, copy));
+    EXPECT_EQ(copy.mBodyData, bytes);
+}

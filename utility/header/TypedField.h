@@ -5,15 +5,22 @@
 
 namespace tarvomime {
 
+/// The field, parsed; null for one of another class.
+template <class Typed>
+Typed* parsedAs(EMAIL_Field* field)
+{
+    auto* typed = dynamic_cast<Typed*>(field);
+    if (typed != nullptr && typed->mParsed == 0)
+        typed->parse();
+    return typed;
+}
+
 /// The first field of that name, parsed; null when absent. A field that an application added under
 /// this name may be of another class: it then counts as absent.
 template <class Typed>
 Typed* parsedField(const EMAIL_Header& header, const QCString& name)
 {
-    auto* typed = dynamic_cast<Typed*>(header.getField(name));
-    if (typed != nullptr && typed->mParsed == 0)
-        typed->parse();
-    return typed;
+    return parsedAs<Typed>(header.getField(name));
 }
 
 /// The first field of that name, created when absent and not parsed; never null, since a field of

@@ -19,4 +19,10 @@ inline QString fromLatin1(const QCString& text)
     return QString::fromLatin1(text.begin(), text.length());
 }
 
+/// Null for an empty text.
+inline QString fromLatin1OrNull(const QCString& text)
+{
+    return text.isEmpty() ? QString() : fromLatin1(text);
+}
+
 } // namespace tarvomime

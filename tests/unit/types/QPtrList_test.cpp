@@ -94,6 +94,32 @@ TEST_F(QPtrListTest, RefusesWhatIsOutOfRange)
     EXPECT_TRUE(list.isEmpty());
 }
 
+// One list with its items in itself, one with an array of its own.
+TEST_F(QPtrListTest, SwapsItemsAndWhoOwnsThem)
+{
+    for (const int longer : {0, 1, 2, 9}) {
+        QPtrList<Counted> owning;
+        owning.setAutoDelete(true);
+        Counted* const first = fresh();
+        owning.append(first);
+        std::vector<std::unique_ptr<Counted>> others;
+        QPtrList<Counted> referring;
+        for (int i = 0; i < longer; ++i) {
+            others.emplace_back(fresh());
+            referring.append(others.back().get());
+        }
+        owning.swap(referring);
+        EXPECT_FALSE(owning.autoDelete());
+        EXPECT_TRUE(referring.autoDelete());
+        EXPECT_EQ(owning.count(), longer);
+        EXPECT_EQ(owning.last(), longer == 0 ? nullptr : others.back().get());
+        EXPECT_EQ(referring.first(), first);
+        referring.clear();
+        EXPECT_EQ(alive, longer);
+    }
+    EXPECT_EQ(alive, 0);
+}
+
 TEST(QValueList, IsQtsList)
 {
     const QValueList<int> list{1, 2};
