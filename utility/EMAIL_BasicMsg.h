@@ -188,7 +188,8 @@ public:
     /// names none that is known.
     QString getBody(int charset) const;
     /// Fills `out` with the text of the body, in memory or in a file. Returns 0, or -1 with `out`
-    /// left alone when the file cannot be read.
+    /// left alone when the file cannot be read. A body in a file of which decoding leaves nothing
+    /// leaves `out` alone too.
     int getBody(QString& out, int charset) const;
     /// Writes the body's bytes, transfer encoding undone, to an open file. Returns 0, or -1 when
     /// the body cannot be read, the file does not take it or `cb` stops.

@@ -5,9 +5,9 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/Subtypes.h"
-#include "utility/file/BlockWriter.h"
-#include "utility/file/MappedFile.h"
+#include "utility/codec/DecodedBody.h"
 #include "utility/header/FieldNames.h"
+#include "utility/tree/StoredBody.h"
 
 #include <algorithm>
 
@@ -88,13 +88,8 @@ void EMAIL_BasicMsg::setBody(const QByteArray& data)
 
 QString EMAIL_BasicMsg::decodeBodyText(const QCString& text, int charset) const
 {
-    if (text.isEmpty())
-        return {};
-    QByteArray bytes;
-    EMAIL_Util::decFromCTE(text, bytes, getCTE());
-    const int declared = getCharset();
     QString decoded;
-    EMAIL_Util::decFromCharset(bytes, decoded, declared == CHARSET_UNKNOWN ? charset : declared);
+    decodeText(BodyBytes(text.view()), getCTE(), getCharset(), charset, decoded);
     return decoded;
 }
 
@@ -107,10 +102,9 @@ QString EMAIL_BasicMsg::getBody(int charset) const
 
 int EMAIL_BasicMsg::getBody(QString& out, int charset) const
 {
-    QCString text;
-    if (mMessage != nullptr && mMessage->mBody->getBodyText(text) != 0)
-        return -1;
-    out = decodeBodyText(text, charset);
+    if (!isBodyInMemory())
+        return decodeText(storedBytes(*mMessage->mBody), getCTE(), getCharset(), charset, out);
+    out = getBody(charset);
     return 0;
 }
 
@@ -120,24 +114,13 @@ int EMAIL_BasicMsg::getBody(QFile* file, const ProgressCallback& cb) const
         return -1;
     if (!isBodyInMemory())
         return writeBodyFromFile(file, cb);
-    QByteArray bytes;
-    if (mMessage != nullptr)
-        EMAIL_Util::decFromCTE(mMessage->mBody->getMessage(), bytes, getCTE());
-    return writeBlock(file, bytes.constData(), static_cast<int>(bytes.size()));
+    const QCString text = mMessage == nullptr ? QCString() : mMessage->mBody->getMessage();
+    return writeDecoded(BodyBytes(text.view()), getCTE(), file, cb);
 }
 
 int EMAIL_BasicMsg::writeBodyFromFile(QFile* file, const ProgressCallback& cb) const
 {
-    QString path;
-    int offset = 0;
-    int length = 0;
-    bool encoded = false;
-    getBodyInfo(path, offset, length, encoded);
-    const MappedFile source(path);
-    if (!source.holds(offset, length))
-        return -1;
-    const int result = EMAIL_Util::decFromCTE(source.data() + offset, length, file, getCTE(), cb);
-    return result == 0 ? 0 : -1;
+    return writeDecoded(storedBytes(*mMessage->mBody), getCTE(), file, cb) == 0 ? 0 : -1;
 }
 
 bool EMAIL_BasicMsg::isBodyInMemory() const

@@ -5,8 +5,8 @@
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_Util.h"
-#include "utility/file/MappedFile.h"
 #include "utility/tree/BodyChildren.h"
+#include "utility/tree/StoredBody.h"
 #include "utility/tree/TreeAssembler.h"
 #include "utility/tree/TreeDeleter.h"
 #include "utility/tree/TreeParser.h"
@@ -100,10 +100,10 @@ int EMAIL_Body::getBodyText(QCString& out) const
         out = mString;
         return 0;
     }
-    const tarvomime::MappedFile mapping(mFile);
-    if (!mapping.holds(mOffset, mLength))
+    const auto text = tarvomime::storedBytes(*this).all();
+    if (!text)
         return -1;
-    out = QCString(mapping.data() + mOffset, mLength);
+    out = QCString(*text);
     return 0;
 }
 

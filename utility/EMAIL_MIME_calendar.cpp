@@ -6,8 +6,10 @@
 #include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
+#include "utility/file/RegularFile.h"
 #include "utility/text/Latin1.h"
 #include "utility/tree/MediaType.h"
+#include "utility/tree/StoredBody.h"
 
 #include <QFile>
 #include <limits>
@@ -60,11 +62,8 @@ int EMAIL_MIME::getICalendar(QFile* out) const
 {
     if (isCalendar({getType(), getSubType()}))
         return EMAIL_BasicMsg::getBody(out);
-    for (const EMAIL_Entity* calendar : calendarsOf(*this)) {
-        EMAIL_MultiPart part;
-        entityToMulitPart(calendar, part);
-        part.getBody(out);
-    }
+    for (const EMAIL_Entity* calendar : calendarsOf(*this))
+        writeContent(*calendar, out);
     return 0;
 }
 
@@ -108,8 +107,7 @@ int EMAIL_MIME::getIcsPart(const QString& icsPath, const QString& text, const QS
     calPart->setName(QStringLiteral("meeting.ics"));
     calPart->setMethod(method);
     QFile file(icsPath);
-    // Qt prints a warning about a file without a name.
-    if (icsPath.isEmpty() || !file.open(QIODevice::ReadOnly) ||
+    if (!isFileName(icsPath) || !file.open(QIODevice::ReadOnly) ||
         file.size() > std::numeric_limits<int>::max())
         return -1;
     const QByteArray calendar = file.readAll();

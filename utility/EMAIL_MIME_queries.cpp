@@ -7,9 +7,11 @@
 #include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
+#include "utility/file/RegularFile.h"
 #include "utility/text/Latin1.h"
 #include "utility/tree/Container.h"
 #include "utility/tree/MediaType.h"
+#include "utility/tree/StoredBody.h"
 
 #include <QFileInfo>
 #include <limits>
@@ -55,7 +57,7 @@ bool isWholeText(MediaType media)
 /// 0 for a missing file, and for one that is too long to be mapped.
 int sizeOf(const QString& path)
 {
-    const qint64 size = QFileInfo(path).size();
+    const qint64 size = isFileName(path) ? QFileInfo(path).size() : 0;
     return size <= std::numeric_limits<int>::max() ? static_cast<int>(size) : 0;
 }
 
@@ -150,11 +152,8 @@ int EMAIL_MIME::getBody(QString& text, int charset) const
         return EMAIL_BasicMsg::getBody(text, charset == CHARSET_UNKNOWN ? getCharset() : charset);
     if (!isContainer(media.type, media.subType))
         return 0;
-    if (const EMAIL_Entity* entity = messageTextPart()) {
-        EMAIL_MultiPart part;
-        entityToMulitPart(entity, part);
-        part.getTextBody(text, charset);
-    }
+    if (const EMAIL_Entity* part = messageTextPart())
+        readText(*part, charset, text);
     return 0;
 }
 

@@ -136,8 +136,8 @@ public:
     ///    once.
     int getBody(QFile* out, const ProgressCallback& progress = nullptr) const;
     /// Fills `text` with the body as text, in the part's charset or, where none is set, in
-    /// `defaultCharset`. Returns 0, or -1 when the file cannot be read. An empty body in memory
-    /// leaves `text` alone.
+    /// `defaultCharset`. Returns 0, or -1 when the file cannot be read. A body of which decoding
+    /// leaves nothing leaves `text` alone.
     int getTextBody(QString& text, int defaultCharset) const;
 
     /// Forgets the download state of this part and of all parts below it, so that it is not

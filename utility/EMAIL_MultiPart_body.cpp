@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The body of a part: in memory or in a file, always as it travels.
 #include "utility/EMAIL_MultiPart.h"
-#include "utility/file/BlockWriter.h"
-#include "utility/file/MappedFile.h"
+#include "utility/codec/DecodedBody.h"
+#include "utility/codec/TransferEncoding.h"
 
 #include <limits>
 
@@ -10,12 +10,16 @@ using namespace tarvomime;
 
 namespace {
 
-/// The decoded bytes of an encoded body.
-QByteArray decoded(const QByteArray& body, int encoding)
+BodyBytes bytesInMemory(const QByteArray& bytes)
 {
-    QByteArray bytes;
-    EMAIL_Util::decFromCTE(QCString::fromBytes(body), bytes, encoding);
-    return bytes;
+    return BodyBytes(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+}
+
+BodyBytes storedBytes(const EMAIL_MultiPart& part)
+{
+    if (part.mInMemory)
+        return bytesInMemory(part.mBodyData);
+    return BodyBytes(part.mBodyFile, part.mBodyOffset, part.mBodyLength);
 }
 
 /// Sizes are `int` in the interface; a body that is longer counts as empty.
@@ -73,11 +77,9 @@ int EMAIL_MultiPart::setBodyInfo(const QString& path, int offset, int length, bo
     mEncoded = isEncoded;
     if (isEncoded || mCTE != CTE_UNKNOWN)
         return 0;
-    const MappedFile file(path);
-    if (!file.holds(offset, length))
-        return -1;
-    mCTE = EMAIL_Util::guessRightCTE(file.data() + offset, length);
-    return 0;
+    const auto guess = guessTransferEncoding(BodyBytes(path, offset, length));
+    mCTE = guess.value_or(CTE_UNKNOWN);
+    return guess ? 0 : -1;
 }
 
 void EMAIL_MultiPart::getBodyInfo(QString& path, int& offset, int& length, bool& isEncoded) const
@@ -99,41 +101,21 @@ int EMAIL_MultiPart::getSize() const
 
 QByteArray EMAIL_MultiPart::getBody() const
 {
-    return mInMemory && !mBodyData.isEmpty() ? decoded(mBodyData, mCTE) : QByteArray();
+    if (!mInMemory || mBodyData.isEmpty())
+        return {};
+    return decodeTransfer(bytesInMemory(mBodyData), mCTE).value_or(QByteArray());
 }
 
 int EMAIL_MultiPart::getBody(QFile* out, const ProgressCallback& progress) const
 {
     if (out == nullptr)
         return -1;
-    if (mInMemory) {
-        const QByteArray bytes = getBody();
-        return writeBlock(out, bytes.constData(), static_cast<int>(bytes.size()));
-    }
-    const MappedFile file(mBodyFile);
-    if (!file.holds(mBodyOffset, mBodyLength))
-        return -1;
-    return EMAIL_Util::decFromCTE(file.data() + mBodyOffset, mBodyLength, out,
-                                  mEncoded ? mCTE : int(CTE_UNKNOWN), progress);
+    const bool isCoded = mInMemory || mEncoded;
+    return writeDecoded(storedBytes(*this), isCoded ? mCTE : int(CTE_UNKNOWN), out, progress);
 }
 
 // 1. A file that is not encoded is decoded all the same when an encoding is set.
 int EMAIL_MultiPart::getTextBody(QString& text, int defaultCharset) const
 {
-    if (mInMemory && mBodyData.isEmpty())
-        return 0;
-    QByteArray bytes;
-    if (mInMemory) {
-        bytes = decoded(mBodyData, mCTE);
-    } else {
-        const MappedFile file(mBodyFile);
-        if (!file.holds(mBodyOffset, mBodyLength))
-            return -1;
-        bytes = decoded(QByteArray::fromRawData(file.data() + mBodyOffset, mBodyLength), mCTE);
-    }
-    QString result;
-    EMAIL_Util::decFromCharset(bytes, result,
-                               mCharset == CHARSET_UNKNOWN ? defaultCharset : mCharset);
-    text = result;
-    return 0;
+    return decodeText(storedBytes(*this), mCTE, mCharset, defaultCharset, text);
 }

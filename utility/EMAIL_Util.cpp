@@ -12,7 +12,7 @@
 #include "utility/codec/TransferEncoding.h"
 #include "utility/codec/Utf7.h"
 #include "utility/file/BlockWriter.h"
-#include "utility/file/FileMapping.h"
+#include "utility/file/MappedFile.h"
 #include "utility/text/Tokens.h"
 #include "utility/time/DisplayNumber.h"
 #include "utility/time/LocalTime.h"
@@ -100,18 +100,18 @@ void EMAIL_Util::encWithCTE(QByteArray const& in, QByteArray& out, int cte)
 
 int EMAIL_Util::encWithCTE(char const* data, int len, QFile* file, int cte)
 {
-    return tarvomime::encodeTransfer(data, len, file, cte);
+    return tarvomime::encodeTransfer(tarvomime::BodyBytes(data, len), file, cte);
 }
 
 void EMAIL_Util::decFromCTE(QCString const& in, QByteArray& out, int cte, const ProgressCallback&)
 {
-    tarvomime::decodeTransfer(in, out, cte);
+    out = tarvomime::decodeTransfer(tarvomime::BodyBytes(in.view()), cte).value_or(QByteArray());
 }
 
 int EMAIL_Util::decFromCTE(char const* data, int len, QFile* file, int cte,
                            const ProgressCallback& cb)
 {
-    return tarvomime::decodeTransfer(data, len, file, cte, cb);
+    return tarvomime::decodeTransfer(tarvomime::BodyBytes(data, len), file, cte, cb);
 }
 
 int EMAIL_Util::writeFile(QFile* file, char* buf, int& used, int threshold,

@@ -163,7 +163,7 @@ public:
     /// mapping (`munmap(data, size)`) and the stream (`fclose(fp)`); or -1 with nothing left open
     /// and the arguments as they were: for a file that cannot be opened for reading and writing,
     /// for anything but a regular file, for an empty one and for one of 2 GiB or more. Never
-    /// blocks.
+    /// blocks. Should the file be cut short, looking at what it lost ends the program (SIGBUS).
     static int openBuffer(QString const& path, FILE*& fp, char*& data, int& size);
 
     // Charsets. Values outside `EMAIL_Charset` count as US-ASCII, which is read and written through

@@ -352,6 +352,27 @@ TEST_F(FileBackedBody, FileCutShortFailsInsteadOfShorteningTheBody)
     EXPECT_EQ(resources(), before);
 }
 
+TEST_F(FileBackedBody, FileCutShortWhileItIsStreamedFails)
+{
+    const OpenResources before = resources();
+    EXPECT_EQ(mMessage.getBody(&mTarget, [this] { return mStored.cutTo(100), 0; }), -1);
+    EXPECT_TRUE(QByteArray(100000, 'x').startsWith(mTarget.written()));
+    EXPECT_EQ(resources(), before);
+}
+
+// 1. A body in memory gives what it has: nothing.
+TEST_F(FileBackedBody, DecodingThatGivesNoBytesLeavesTheText)
+{
+    const StoredFile stored("QUJ");
+    QString text(QStringLiteral("kept"));
+    mMessage.setBodyInfo(stored.path(), 0, 3, true);
+    EXPECT_EQ(mMessage.getBody(text, 0), 0);
+    EXPECT_EQ(text, QStringLiteral("kept"));
+    mMessage.mMessage->mBody->setMessage("QUJ");
+    EXPECT_EQ(mMessage.getBody(text, 0), 0);
+    EXPECT_EQ(text, QString());
+}
+
 TEST_F(FileBackedBody, MissingFileFails)
 {
     QFile::remove(mStored.path());

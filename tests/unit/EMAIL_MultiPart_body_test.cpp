@@ -315,6 +315,18 @@ TEST_F(BodyInFile, FileCutShortFails)
     EXPECT_EQ(resources(), before);
 }
 
+// The callback is where an application may do anything: here its store drops the file's end.
+TEST_F(BodyInFile, FileCutShortWhileItIsStreamedFails)
+{
+    const OpenResources before = resources();
+    int calls = 0;
+    EXPECT_EQ(
+        mPart.getBody(&mTarget, [&] { return ++calls == 2 ? mStored.cutTo(100) : void(), 0; }), -1);
+    EXPECT_TRUE(QByteArray(100000, 'x').startsWith(mTarget.written()));
+    EXPECT_GE(mTarget.written().size(), 32768) << "what was decoded before stays";
+    EXPECT_EQ(resources(), before);
+}
+
 TEST_F(BodyInFile, InMemoryIsWrittenAtOnceWithoutAsking)
 {
     EMAIL_MultiPart part(nullptr);
@@ -386,8 +398,21 @@ INSTANTIATE_TEST_SUITE_P(
                                 CHARSET_UTF_8, greek},
                     ReadTextRow{"no charset at all is latin-1", "caf\xe9", CTE_8BIT,
                                 CHARSET_UNKNOWN, CHARSET_UNKNOWN, eAcute},
-                    ReadTextRow{"no encoding", "a=41", 0, CHARSET_UTF_8, 0,
-                                QStringLiteral("a=41")}),
+                    ReadTextRow{"no encoding", "a=41", 0, CHARSET_UTF_8, 0, QStringLiteral("a=41")},
+                    ReadTextRow{"up to a nul", QByteArray("a\0b", 3), CTE_8BIT, CHARSET_UTF_8, 0,
+                                QStringLiteral("a")},
+                    ReadTextRow{"base64 up to a nul", QByteArray("QUJD\0QUJD", 9), CTE_BASE64,
+                                CHARSET_UTF_8, 0, QStringLiteral("ABC")},
+                    ReadTextRow{"quoted-printable up to a nul", QByteArray("=41\0=41", 7),
+                                CTE_QUOTED_PRINTABLE, CHARSET_UTF_8, 0, QStringLiteral("A")},
+                    ReadTextRow{"nothing at all leaves it", "", CTE_8BIT, CHARSET_UTF_8, 0,
+                                QStringLiteral("stale")},
+                    ReadTextRow{"no whole group leaves it", "QUJ", CTE_BASE64, CHARSET_UTF_8, 0,
+                                QStringLiteral("stale")},
+                    ReadTextRow{"soft line breaks leave it", "=\r\n=\n", CTE_QUOTED_PRINTABLE,
+                                CHARSET_UTF_8, 0, QStringLiteral("stale")},
+                    ReadTextRow{"a nul in front leaves it", QByteArray("\0abc", 4), CTE_8BIT,
+                                CHARSET_ISO_8859_1, 0, QStringLiteral("stale")}),
     rowName<ReadTextRow>);
 
 TEST(EMAIL_MultiPartBody, EmptyBodyLeavesTheTextAlone)

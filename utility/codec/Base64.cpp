@@ -3,9 +3,10 @@
 
 #include "utility/codec/Base64Stretch.h"
 #include "utility/codec/Base64Tables.h"
-#include "utility/file/Sinks.h"
+#include "utility/file/Pump.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvomime {
 
@@ -18,11 +19,19 @@ constexpr int kBytesInLine = kGroupsInLine * 3;
 class Base64Encoder
 {
 public:
-    Base64Encoder(const char* data, std::size_t length, bool breakLines)
-        : mNext(reinterpret_cast<const unsigned char*>(data)), mEnd(mNext + length),
-          mBreakLines(breakLines)
+    explicit Base64Encoder(bool breakLines) : mBreakLines(breakLines) {}
+
+    void take(std::string_view block)
     {
+        mNext = reinterpret_cast<const unsigned char*>(block.data());
+        mEnd = mNext + block.size();
     }
+    // One or two bytes that begin a group.
+    std::string_view rest() const
+    {
+        return {reinterpret_cast<const char*>(mNext), static_cast<std::size_t>(mEnd - mNext)};
+    }
+    static bool isEnded() { return false; }
 
     char* run(char* next, char* limit)
     {
@@ -90,8 +99,8 @@ private:
         return next;
     }
 
-    const unsigned char* mNext;
-    const unsigned char* mEnd;
+    const unsigned char* mNext = nullptr;
+    const unsigned char* mEnd = nullptr;
     bool mBreakLines;
     int mColumn = 0;
 };
@@ -99,10 +108,17 @@ private:
 class Base64Decoder
 {
 public:
-    Base64Decoder(std::string_view text, NulByte nulByte)
-        : mNext(text.data()), mEnd(mNext + text.size()), mNulByte(nulByte)
+    explicit Base64Decoder(NulByte nulByte) : mNulByte(nulByte) {}
+
+    void take(std::string_view block)
     {
+        mNext = block.data();
+        mEnd = mNext + block.size();
     }
+    // A group that is not complete yet is kept as its digits: any number of other bytes may stand
+    // between them.
+    static std::string_view rest() { return {}; }
+    bool isEnded() const { return mIsEnded; }
 
     char* run(char* next, char* limit)
     {
@@ -120,6 +136,8 @@ private:
     // Regular lines, or the digits up to the first byte that is none.
     char* writeStretch(char* next, char* limit)
     {
+        if (mHeldCount != 0)
+            return next;
         while (mNext != mEnd && *mNext != '\0' && valueOf(*mNext) == kBase64Skipped)
             ++mNext;
         for (const auto decode : {decodeBase64Lines, decodeBase64Run}) {
@@ -159,16 +177,27 @@ private:
 
     bool takeGroup(unsigned char (&values)[4])
     {
-        int collected = 0;
+        std::copy_n(mHeld, 4, values);
+        int collected = std::exchange(mHeldCount, 0);
         while (collected < 4 && mNext != mEnd) {
             const char c = *mNext++;
             const unsigned char value = valueOf(c);
             if (value != kBase64Skipped)
                 values[collected++] = value;
             else if (c == '\0' && mNulByte == NulByte::EndsText)
-                mNext = mEnd;
+                endText();
         }
-        return collected == 4;
+        if (collected == 4)
+            return true;
+        std::copy_n(values, 4, mHeld);
+        mHeldCount = collected;
+        return false;
+    }
+
+    void endText()
+    {
+        mNext = mEnd;
+        mIsEnded = true;
     }
 
     static char* writeGroup(char* next, unsigned a, unsigned b, unsigned c, unsigned d)
@@ -183,9 +212,13 @@ private:
         return next;
     }
 
-    const char* mNext;
-    const char* mEnd;
+    const char* mNext = nullptr;
+    const char* mEnd = nullptr;
     NulByte mNulByte;
+    bool mIsEnded = false;
+    // The values of a group that the block's end has cut.
+    unsigned char mHeld[4] = {};
+    int mHeldCount = 0;
 };
 
 std::size_t encodedLength(unsigned long length, bool breakLines)
@@ -201,13 +234,20 @@ QByteArray encodeBase64(const char* data, unsigned long length, bool breakLines)
 {
     if (data == nullptr || length > kLongestInput)
         return {};
-    return runInMemory(Base64Encoder(data, length, breakLines), encodedLength(length, breakLines))
+    return runInMemory(Base64Encoder(breakLines), BodyBytes(std::string_view(data, length)),
+                       encodedLength(length, breakLines))
         .value_or(QByteArray());
 }
 
 int encodeBase64(const char* data, unsigned long length, QFile* out, bool breakLines)
 {
-    return runToFile(Base64Encoder(data, data == nullptr ? 0 : length, breakLines), out, nullptr);
+    return encodeBase64(BodyBytes(std::string_view(data, data == nullptr ? 0 : length)), out,
+                        breakLines);
+}
+
+int encodeBase64(const BodyBytes& data, QFile* out, bool breakLines)
+{
+    return runToFile(Base64Encoder(breakLines), data, out, nullptr);
 }
 
 void appendBase64(QByteArray& out, std::string_view bytes)
@@ -216,15 +256,19 @@ void appendBase64(QByteArray& out, std::string_view bytes)
     const auto length = static_cast<int>(encodedLength(bytes.size(), false));
     out.resize(start + length);
     char* const next = out.data() + start;
-    Base64Encoder encoder(bytes.data(), bytes.size(), false);
+    Base64Encoder encoder(false);
+    encoder.take(bytes);
     encoder.finish(encoder.run(next, next + length));
+}
+
+std::optional<QByteArray> decodeBase64(const BodyBytes& text, NulByte nulByte)
+{
+    return runInMemory(Base64Decoder(nulByte), text, (text.size() + 3) / 4 * 3);
 }
 
 QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength, NulByte nulByte)
 {
-    if (text.empty())
-        return {};
-    auto decoded = runInMemory(Base64Decoder(text, nulByte), (text.size() + 3) / 4 * 3);
+    auto decoded = text.empty() ? std::nullopt : decodeBase64(BodyBytes(text), nulByte);
     if (!decoded)
         return {};
     *decodedLength = static_cast<unsigned long>(decoded->size());
@@ -233,7 +277,7 @@ QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength, Nul
 
 std::size_t decodeBase64To(std::string_view text, char* out)
 {
-    return runInto(Base64Decoder(text, NulByte::IsData), out, text.size());
+    return runInto(Base64Decoder(NulByte::IsData), text, out);
 }
 
 QByteArray decodeBase64(const char* text, unsigned long* decodedLength)
@@ -245,8 +289,12 @@ QByteArray decodeBase64(const char* text, unsigned long* decodedLength)
 
 int decodeBase64(const char* text, int length, QFile* out, const ProgressCallback& callback)
 {
-    const std::size_t used = text == nullptr ? 0 : static_cast<std::size_t>(std::max(length, 0));
-    return runToFile(Base64Decoder({text, used}, NulByte::IsData), out, callback);
+    return decodeBase64(BodyBytes(text, length), out, callback);
+}
+
+int decodeBase64(const BodyBytes& text, QFile* out, const ProgressCallback& callback)
+{
+    return runToFile(Base64Decoder(NulByte::IsData), text, out, callback);
 }
 
 } // namespace tarvomime

@@ -3,8 +3,10 @@
 
 #include "utility/EMAIL_Util.h"
 #include "utility/codec/NulByte.h"
+#include "utility/file/BodyBytes.h"
 
 #include <QByteArray>
+#include <optional>
 #include <string_view>
 
 /// Base64 (RFC 2045, section 6.8): the rules behind `EMAIL_Util::encB64` and `decB64`.
@@ -21,9 +23,12 @@ namespace tarvomime {
 
 QByteArray encodeBase64(const char* data, unsigned long length, bool breakLines);
 int encodeBase64(const char* data, unsigned long length, QFile* out, bool breakLines);
+int encodeBase64(const BodyBytes& data, QFile* out, bool breakLines);
 /// Appends the base64 of `bytes`, in one run, to `out`.
 void appendBase64(QByteArray& out, std::string_view bytes);
 
+/// Nothing when the text cannot be read or there is no memory.
+std::optional<QByteArray> decodeBase64(const BodyBytes& text, NulByte nulByte);
 /// With an empty text or no memory the result is empty and `*decodedLength` is left alone.
 QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength,
                         NulByte nulByte = NulByte::IsData);
@@ -33,5 +38,6 @@ std::size_t decodeBase64To(std::string_view text, char* out);
 /// The same up to the first NUL; a null pointer of either kind gives an empty array.
 QByteArray decodeBase64(const char* text, unsigned long* decodedLength);
 int decodeBase64(const char* text, int length, QFile* out, const ProgressCallback& callback);
+int decodeBase64(const BodyBytes& text, QFile* out, const ProgressCallback& callback);
 
 } // namespace tarvomime

@@ -7,7 +7,7 @@
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/QuotedPrintable.h"
-#include "utility/file/Sinks.h"
+#include "utility/file/Pump.h"
 #include "utility/text/Utf16Buffer.h"
 
 #include <QVarLengthArray>

@@ -3,7 +3,7 @@
 
 #include "utility/codec/QuotedPrintableStretch.h"
 #include "utility/codec/QuotedPrintableTables.h"
-#include "utility/file/Sinks.h"
+#include "utility/file/Pump.h"
 
 #include <algorithm>
 #include <array>
@@ -32,10 +32,15 @@ constexpr std::array<unsigned char, 256> kHexValues = makeHexValues();
 class QpEncoder
 {
 public:
-    QpEncoder(const char* data, std::size_t length, bool breakLines)
-        : mNext(data), mEnd(data + length), mBreakLines(breakLines)
+    explicit QpEncoder(bool breakLines) : mBreakLines(breakLines) {}
+
+    void take(std::string_view block)
     {
+        mNext = block.data();
+        mEnd = mNext + block.size();
     }
+    static std::string_view rest() { return {}; }
+    static bool isEnded() { return false; }
 
     char* run(char* next, char* limit)
     {
@@ -102,8 +107,8 @@ private:
         return std::copy(kQpSoftBreak.begin(), kQpSoftBreak.end(), next);
     }
 
-    const char* mNext;
-    const char* mEnd;
+    const char* mNext = nullptr;
+    const char* mEnd = nullptr;
     bool mBreakLines;
     bool mBreakDue = false;
     // A run of CR is never broken and may be as long as the input.
@@ -113,10 +118,17 @@ private:
 class QpDecoder
 {
 public:
-    QpDecoder(std::string_view text, NulByte nulByte)
-        : mNext(text.data()), mEnd(mNext + text.size()), mNulByte(nulByte)
+    explicit QpDecoder(NulByte nulByte) : mNulByte(nulByte) {}
+
+    void take(std::string_view block)
     {
+        mNext = block.data();
+        mEnd = mNext + block.size();
+        mRest = {};
     }
+    // An escape that is not complete yet.
+    std::string_view rest() const { return mRest; }
+    bool isEnded() const { return mIsEnded; }
 
     char* run(char* next, char* limit)
     {
@@ -141,7 +153,7 @@ private:
             if (*mNext == '=')
                 next = readEscape(next);
             else if (endsText(*mNext))
-                mNext = mEnd;
+                endText();
             else
                 *next++ = *mNext++;
         }
@@ -153,7 +165,10 @@ private:
         const auto left = mEnd - mNext;
         if (left >= 2 && mNext[1] == '\n') {
             mNext += 2;
-        } else if (left < 3 || endsText(mNext[1]) || endsText(mNext[2])) {
+        } else if ((left >= 2 && endsText(mNext[1])) || (left >= 3 && endsText(mNext[2]))) {
+            endText();
+        } else if (left < 3) {
+            mRest = {mNext, static_cast<std::size_t>(left)};
             mNext = mEnd;
         } else {
             if (mNext[1] != '\r' || mNext[2] != '\n')
@@ -165,11 +180,19 @@ private:
 
     bool endsText(char c) const { return c == '\0' && mNulByte == NulByte::EndsText; }
 
+    void endText()
+    {
+        mNext = mEnd;
+        mIsEnded = true;
+    }
+
     static int digit(char c) { return kHexValues[static_cast<unsigned char>(c)]; }
 
-    const char* mNext;
-    const char* mEnd;
+    const char* mNext = nullptr;
+    const char* mEnd = nullptr;
     NulByte mNulByte;
+    bool mIsEnded = false;
+    std::string_view mRest;
 };
 
 // Nothing of a longer input is looked at before there is room for its encoding.
@@ -189,19 +212,30 @@ QByteArray encodeQp(const char* data, unsigned long length, bool breakLines)
 {
     if (data == nullptr || length > kLongestInput)
         return {};
-    return runInMemory(QpEncoder(data, length, breakLines),
+    return runInMemory(QpEncoder(breakLines), BodyBytes(std::string_view(data, length)),
                        longestEncoding(data, length, breakLines))
         .value_or(QByteArray());
 }
 
 int encodeQp(const char* data, unsigned long length, QFile* out, bool breakLines)
 {
-    return runToFile(QpEncoder(data, data == nullptr ? 0 : length, breakLines), out, nullptr);
+    return encodeQp(BodyBytes(std::string_view(data, data == nullptr ? 0 : length)), out,
+                    breakLines);
+}
+
+int encodeQp(const BodyBytes& data, QFile* out, bool breakLines)
+{
+    return runToFile(QpEncoder(breakLines), data, out, nullptr);
+}
+
+std::optional<QByteArray> decodeQp(const BodyBytes& text, NulByte nulByte)
+{
+    return runInMemory(QpDecoder(nulByte), text, text.size());
 }
 
 QByteArray decodeQp(std::string_view text, unsigned long* decodedLength, NulByte nulByte)
 {
-    auto decoded = runInMemory(QpDecoder(text, nulByte), text.size());
+    auto decoded = decodeQp(BodyBytes(text), nulByte);
     if (!decoded)
         return {};
     *decodedLength = static_cast<unsigned long>(decoded->size());
@@ -210,7 +244,7 @@ QByteArray decodeQp(std::string_view text, unsigned long* decodedLength, NulByte
 
 std::size_t decodeQpTo(std::string_view text, char* out)
 {
-    return runInto(QpDecoder(text, NulByte::IsData), out, text.size());
+    return runInto(QpDecoder(NulByte::IsData), text, out);
 }
 
 QByteArray decodeQp(const char* text, unsigned long* decodedLength)
@@ -222,8 +256,12 @@ QByteArray decodeQp(const char* text, unsigned long* decodedLength)
 
 int decodeQp(const char* text, int length, QFile* out, const ProgressCallback& callback)
 {
-    const std::size_t used = text == nullptr ? 0 : static_cast<std::size_t>(std::max(length, 0));
-    return runToFile(QpDecoder({text, used}, NulByte::IsData), out, callback);
+    return decodeQp(BodyBytes(text, length), out, callback);
+}
+
+int decodeQp(const BodyBytes& text, QFile* out, const ProgressCallback& callback)
+{
+    return runToFile(QpDecoder(NulByte::IsData), text, out, callback);
 }
 
 } // namespace tarvomime

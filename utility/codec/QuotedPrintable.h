@@ -3,8 +3,10 @@
 
 #include "utility/EMAIL_Util.h"
 #include "utility/codec/NulByte.h"
+#include "utility/file/BodyBytes.h"
 
 #include <QByteArray>
+#include <optional>
 #include <string_view>
 
 /// Quoted-printable (RFC 2045, section 6.7): the rules behind `EMAIL_Util::encQp` and `decQp`.
@@ -24,7 +26,10 @@ namespace tarvomime {
 
 QByteArray encodeQp(const char* data, unsigned long length, bool breakLines);
 int encodeQp(const char* data, unsigned long length, QFile* out, bool breakLines);
+int encodeQp(const BodyBytes& data, QFile* out, bool breakLines);
 
+/// Nothing when the text cannot be read or there is no memory.
+std::optional<QByteArray> decodeQp(const BodyBytes& text, NulByte nulByte);
 /// With no memory the result is empty and `*decodedLength` is left alone.
 QByteArray decodeQp(std::string_view text, unsigned long* decodedLength,
                     NulByte nulByte = NulByte::IsData);
@@ -34,5 +39,6 @@ std::size_t decodeQpTo(std::string_view text, char* out);
 /// The same up to the first NUL; a null pointer of either kind gives an empty array.
 QByteArray decodeQp(const char* text, unsigned long* decodedLength);
 int decodeQp(const char* text, int length, QFile* out, const ProgressCallback& callback);
+int decodeQp(const BodyBytes& text, QFile* out, const ProgressCallback& callback);
 
 } // namespace tarvomime

@@ -33,14 +33,16 @@ constexpr std::array<EncodingName, 5> kEncodings{{
 /// The guess looks no further than this.
 constexpr int kGuessedBytes = 4096;
 
-unsigned long asLength(int length)
+// What stands in front of the first NUL.
+std::optional<QByteArray> copiedText(const BodyBytes& in)
 {
-    return static_cast<unsigned long>(std::max(length, 0));
-}
-
-QByteArray copyUpToNul(std::string_view text)
-{
-    return QByteArray(text.data(), static_cast<int>(std::min(text.find('\0'), text.size())));
+    if (in.isInMemory())
+        return in.first(in.view().find('\0'));
+    auto text = in.all();
+    const auto end = text ? text->indexOf('\0') : -1;
+    if (end >= 0)
+        text->truncate(end);
+    return text;
 }
 
 } // namespace
@@ -81,6 +83,12 @@ int guessTransferEncoding(const QByteArray& data)
     return guessTransferEncoding(data.constData(), static_cast<int>(examined));
 }
 
+std::optional<int> guessTransferEncoding(const BodyBytes& data)
+{
+    const auto examined = data.first(kGuessedBytes);
+    return examined ? std::optional(guessTransferEncoding(*examined)) : std::nullopt;
+}
+
 void encodeTransfer(const QByteArray& in, QByteArray& out, int encoding)
 {
     const auto length = static_cast<unsigned long>(in.size());
@@ -92,35 +100,31 @@ void encodeTransfer(const QByteArray& in, QByteArray& out, int encoding)
         out = QByteArray(in.constData(), in.size());
 }
 
-int encodeTransfer(const char* data, int length, QFile* file, int encoding)
+int encodeTransfer(const BodyBytes& in, QFile* file, int encoding)
 {
     if (encoding == CTE_QUOTED_PRINTABLE)
-        return encodeQp(data, asLength(length), file, true);
+        return encodeQp(in, file, true);
     if (encoding == CTE_BASE64)
-        return encodeBase64(data, asLength(length), file, true);
-    return writeRawData(data, length, file, nullptr);
+        return encodeBase64(in, file, true);
+    return writeRawData(in, file, nullptr);
 }
 
-void decodeTransfer(const QCString& in, QByteArray& out, int encoding)
+std::optional<QByteArray> decodeTransfer(const BodyBytes& in, int encoding)
 {
-    // The decoders get the slice itself: ending it with a NUL would copy it.
-    unsigned long decodedLength = 0;
     if (encoding == CTE_QUOTED_PRINTABLE)
-        out = decodeQp(in.view(), &decodedLength, NulByte::EndsText);
-    else if (encoding == CTE_BASE64)
-        out = decodeBase64(in.view(), &decodedLength, NulByte::EndsText);
-    else
-        out = copyUpToNul(in.view());
+        return decodeQp(in, NulByte::EndsText);
+    if (encoding == CTE_BASE64)
+        return decodeBase64(in, NulByte::EndsText);
+    return copiedText(in);
 }
 
-int decodeTransfer(const char* data, int length, QFile* file, int encoding,
-                   const ProgressCallback& callback)
+int decodeTransfer(const BodyBytes& in, QFile* file, int encoding, const ProgressCallback& callback)
 {
     if (encoding == CTE_QUOTED_PRINTABLE)
-        return decodeQp(data, length, file, callback);
+        return decodeQp(in, file, callback);
     if (encoding == CTE_BASE64)
-        return decodeBase64(data, length, file, callback);
-    return writeRawData(data, length, file, callback);
+        return decodeBase64(in, file, callback);
+    return writeRawData(in, file, callback);
 }
 
 } // namespace tarvomime

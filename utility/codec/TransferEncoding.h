@@ -3,8 +3,10 @@
 
 #include "types/QCString.h"
 #include "utility/EMAIL_Util.h"
+#include "utility/file/BodyBytes.h"
 
 #include <QByteArray>
+#include <optional>
 
 /// Content-Transfer-Encoding (RFC 2045, section 6): names, the guess for an attachment, and the
 /// choice of the codec.
@@ -15,11 +17,19 @@ QCString transferEncodingName(int encoding);
 
 int guessTransferEncoding(const char* data, int length);
 int guessTransferEncoding(const QByteArray& data);
+/// Nothing when the bytes cannot be read.
+std::optional<int> guessTransferEncoding(const BodyBytes& data);
 
 void encodeTransfer(const QByteArray& in, QByteArray& out, int encoding);
-int encodeTransfer(const char* data, int length, QFile* file, int encoding);
-void decodeTransfer(const QCString& in, QByteArray& out, int encoding);
-int decodeTransfer(const char* data, int length, QFile* file, int encoding,
+/// 0, or -1 when the bytes cannot be read or the file does not take them.
+int encodeTransfer(const BodyBytes& in, QFile* file, int encoding);
+
+/// The decoded bytes of a text that a NUL ends; nothing when it cannot be read or there is no room
+/// for them.
+std::optional<QByteArray> decodeTransfer(const BodyBytes& in, int encoding);
+/// Decodes all bytes, NUL or not, into `file`. 0, or -1 when they cannot be read or the file does
+/// not take them, or the answer with which `callback` refused a block.
+int decodeTransfer(const BodyBytes& in, QFile* file, int encoding,
                    const ProgressCallback& callback);
 
 } // namespace tarvomime

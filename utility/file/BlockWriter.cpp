@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/file/BlockWriter.h"
 
+#include "utility/file/BodyBytes.h"
+
 #include <QFile>
 #include <algorithm>
 #include <cstring>
@@ -51,6 +53,20 @@ int writeRawData(const char* data, int length, QFile* file, const ProgressCallba
             return -1;
         data += block;
         length -= block;
+    }
+    return 0;
+}
+
+int writeRawData(const BodyBytes& data, QFile* file, const ProgressCallback& callback)
+{
+    for (BodyBlocks blocks(data); !blocks.atEnd();) {
+        const auto block = blocks.next();
+        if (!block)
+            return -1;
+        const auto length = static_cast<int>(block->size());
+        const int refused = writeRawData(block->data(), length, file, callback);
+        if (refused != 0)
+            return refused;
     }
     return 0;
 }

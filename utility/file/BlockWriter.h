@@ -8,6 +8,8 @@ class QFile;
 /// Streamed output: what every file form of a codec ends in.
 namespace tarvomime {
 
+class BodyBytes;
+
 /// A codec writes a block as soon as it holds this many bytes.
 constexpr int kBlockThreshold = 32768;
 
@@ -20,5 +22,6 @@ int flushedStatus(QFile* file);
 int writeFile(QFile* file, char* buffer, int& used, int threshold,
               const ProgressCallback& callback);
 int writeRawData(const char* data, int length, QFile* file, const ProgressCallback& callback);
+int writeRawData(const BodyBytes& data, QFile* file, const ProgressCallback& callback);
 
 } // namespace tarvomime

@@ -6,7 +6,13 @@
 
 namespace tarvomime {
 
-/// A whole file mapped for reading, unmapped and closed when it goes out of scope.
+/// Maps a whole file read-only and private; see `EMAIL_Util::openBuffer`. A file that is refused
+/// leaves the arguments as they were.
+int mapFile(const QString& path, std::FILE*& stream, char*& data, int& size);
+
+/// A whole file mapped for reading, unmapped and closed when it goes out of scope: for parsing,
+/// which looks at all of it. A file that is cut short meanwhile ends the program when its bytes are
+/// looked at (SIGBUS); whoever reads stored bytes only takes `BodyBytes`.
 class MappedFile
 {
 public:
@@ -16,14 +22,11 @@ public:
     ~MappedFile();
 
     bool isOpen() const { return mStream != nullptr; }
-    /// Whether the file is open and `length` bytes at `offset` lie inside it. A stored range can
-    /// lie outside: the file may have been cut short since.
-    bool holds(int offset, int length) const;
     const char* data() const { return mData; }
     int size() const { return mSize; }
 
 private:
-    FILE* mStream = nullptr;
+    std::FILE* mStream = nullptr;
     char* mData = nullptr;
     int mSize = 0;
 };

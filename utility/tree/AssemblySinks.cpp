@@ -4,8 +4,8 @@
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
-#include "utility/EMAIL_Util.h"
-#include "utility/file/MappedFile.h"
+#include "utility/codec/TransferEncoding.h"
+#include "utility/file/BodyBytes.h"
 #include "utility/text/RefusedText.h"
 #include "utility/tree/WritingOrder.h"
 
@@ -134,15 +134,16 @@ bool FileAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header& header)
 
 bool FileAssembly::writeFileBody(const EMAIL_Body& body, const EMAIL_Header& header)
 {
-    const MappedFile mapped(body.mFile);
     // Raw content is the whole file, whatever the offset says: it was attached, not cut out.
-    const int offset = body.mEncoded ? body.mOffset : 0;
-    if (!mapped.holds(offset, body.mLength))
-        return false;
-    const char* data = mapped.data() + offset;
-    if (body.mEncoded)
-        return write({data, static_cast<std::size_t>(body.mLength)}) && write("\r\n");
-    return flushBlock() && EMAIL_Util::encWithCTE(data, body.mLength, &mFile, header.getCte()) == 0;
+    const BodyBytes stored(body.mFile, body.mEncoded ? body.mOffset : 0, body.mLength);
+    if (!body.mEncoded)
+        return flushBlock() && encodeTransfer(stored, &mFile, header.getCte()) == 0;
+    for (BodyBlocks blocks(stored); !blocks.atEnd();) {
+        const auto block = blocks.next();
+        if (!block || !write(*block))
+            return false;
+    }
+    return write("\r\n");
 }
 
 bool FileAssembly::finish(bool isComplete)

@@ -10,7 +10,7 @@
 
 namespace {
 
-class FileMapping : public testing::Test
+class MappedFile : public testing::Test
 {
 protected:
     QString path(const char* name) const { return mFolder.filePath(name); }
@@ -46,7 +46,7 @@ protected:
     QTemporaryDir mFolder;
 };
 
-TEST_F(FileMapping, ShowsTheWholeFile)
+TEST_F(MappedFile, ShowsTheWholeFile)
 {
     const QByteArray bytes = QByteArray("From: a\r\n\0\xFF", 11).repeated(1000);
     FILE* stream = nullptr;
@@ -58,7 +58,7 @@ TEST_F(FileMapping, ShowsTheWholeFile)
     EXPECT_EQ(fclose(stream), 0);
 }
 
-TEST_F(FileMapping, IsReadOnlyAndPrivateAndNotInherited)
+TEST_F(MappedFile, IsReadOnlyAndPrivateAndNotInherited)
 {
     const QString name = fileWith("abc");
     FILE* stream = nullptr;
@@ -78,7 +78,7 @@ TEST_F(FileMapping, IsReadOnlyAndPrivateAndNotInherited)
     fclose(stream);
 }
 
-TEST_F(FileMapping, LeavesNothingOnceReleased)
+TEST_F(MappedFile, LeavesNothingOnceReleased)
 {
     const QString name = fileWith("abc");
     const OpenResources before = OpenResources::of(name);
@@ -94,7 +94,7 @@ TEST_F(FileMapping, LeavesNothingOnceReleased)
     EXPECT_EQ(OpenResources::of(name), before);
 }
 
-TEST_F(FileMapping, TheStreamReadsAndWrites)
+TEST_F(MappedFile, TheStreamReadsAndWrites)
 {
     FILE* stream = nullptr;
     char* data = nullptr;
@@ -109,7 +109,7 @@ TEST_F(FileMapping, TheStreamReadsAndWrites)
     EXPECT_EQ(QFile(name).size(), 4);
 }
 
-TEST_F(FileMapping, ANameOutsideAscii)
+TEST_F(MappedFile, ANameOutsideAscii)
 {
     QFile file(path("\xD0\x9F\xD0\xB8\xD1\x81\xD1\x8C\xD0\xBC\xD0\xBE"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -124,7 +124,7 @@ TEST_F(FileMapping, ANameOutsideAscii)
     fclose(stream);
 }
 
-TEST_F(FileMapping, RefusesAMissingFile)
+TEST_F(MappedFile, RefusesAMissingFile)
 {
     expectRefused(path("missing"));
     expectRefused(path("missing/file"));
@@ -132,35 +132,35 @@ TEST_F(FileMapping, RefusesAMissingFile)
     expectRefused(QString());
 }
 
-TEST_F(FileMapping, RefusesAnEmptyFile)
+TEST_F(MappedFile, RefusesAnEmptyFile)
 {
     expectRefused(fileWith(""));
 }
 
-TEST_F(FileMapping, RefusesAFolder)
+TEST_F(MappedFile, RefusesAFolder)
 {
     expectRefused(mFolder.path());
 }
 
-TEST_F(FileMapping, RefusesAFifoWithoutWaiting)
+TEST_F(MappedFile, RefusesAFifoWithoutWaiting)
 {
     ASSERT_EQ(mkfifo(QFile::encodeName(path("fifo")).constData(), 0600), 0);
     expectRefused(path("fifo"));
 }
 
-TEST_F(FileMapping, RefusesADevice)
+TEST_F(MappedFile, RefusesADevice)
 {
     expectRefused("/dev/zero");
     expectRefused("/dev/null");
 }
 
 // Nobody, not even root, may write to a program that runs.
-TEST_F(FileMapping, RefusesARunningProgram)
+TEST_F(MappedFile, RefusesARunningProgram)
 {
     expectRefused("/proc/self/exe");
 }
 
-TEST_F(FileMapping, RefusesAFileThatMayNotBeReadOrWritten)
+TEST_F(MappedFile, RefusesAFileThatMayNotBeReadOrWritten)
 {
     const QByteArray name = QFile::encodeName(fileWith("abc"));
     ASSERT_EQ(chmod(QFile::encodeName(mFolder.path()).constData(), 0755), 0);
@@ -171,7 +171,7 @@ TEST_F(FileMapping, RefusesAFileThatMayNotBeReadOrWritten)
     }
 }
 
-TEST_F(FileMapping, RefusesTwoGibibytes)
+TEST_F(MappedFile, RefusesTwoGibibytes)
 {
     const QString name = fileWith("abc");
     const QByteArray local = QFile::encodeName(name);
@@ -183,7 +183,7 @@ TEST_F(FileMapping, RefusesTwoGibibytes)
     }
 }
 
-TEST_F(FileMapping, TakesTheLargestFileAnIntCanMeasure)
+TEST_F(MappedFile, TakesTheLargestFileAnIntCanMeasure)
 {
     const QString name = fileWith("abc");
     const int largest = std::numeric_limits<int>::max();

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "utility/file/BodyBytes.h"
+
+#include "utility/file/BlockWriter.h"
+#include "utility/file/Sinks.h"
+
+#include <algorithm>
+#include <new>
+
+namespace tarvomime {
+
+BodyBytes::BodyBytes(const char* bytes, int length)
+    : mMemory(bytes, bytes == nullptr ? 0 : static_cast<std::size_t>(std::max(length, 0)))
+{
+}
+
+BodyBytes::BodyBytes(const QString& path, int offset, int length)
+    : mFile(path), mIsFile(true), mOffset(offset), mLength(length)
+{
+}
+
+std::size_t BodyBytes::size() const
+{
+    return mIsFile ? static_cast<std::size_t>(std::max(mLength, 0)) : mMemory.size();
+}
+
+std::optional<QByteArray> BodyBytes::first(std::size_t count) const
+{
+    count = std::min(count, size());
+    auto sink = ok() ? MemorySink::withCapacity(count) : std::nullopt;
+    if (!sink)
+        return std::nullopt;
+    if (isInMemory())
+        std::copy_n(mMemory.data(), count, sink->next());
+    else if (!mFile.read(mOffset, sink->next(), static_cast<int>(count)))
+        return std::nullopt;
+    sink->advanceTo(sink->next() + count);
+    return sink->takeResult();
+}
+
+std::optional<std::string_view> BodyBlocks::next(std::string_view rest)
+{
+    if (!mBytes.isInMemory())
+        return nextOfFile(rest);
+    mLeft = 0;
+    return mBytes.view();
+}
+
+// A thread's stack may have no room for a second block beside the one that gathers the output.
+std::optional<std::string_view> BodyBlocks::nextOfFile(std::string_view rest)
+{
+    const std::size_t count = std::min<std::size_t>(mLeft, kBlockThreshold);
+    if (mBlock == nullptr && mBytes.ok())
+        mBlock.reset(new (std::nothrow) char[kLongestRest + count]);
+    if (mBlock == nullptr)
+        return std::nullopt;
+    char* const start = mBlock.get() + kLongestRest;
+    char* const restAgain = start - rest.size();
+    std::copy(rest.begin(), rest.end(), restAgain);
+    const int offset = mBytes.mOffset + mBytes.mLength - static_cast<int>(mLeft);
+    if (!mBytes.mFile.read(offset, start, static_cast<int>(count)))
+        return std::nullopt;
+    mLeft -= count;
+    return std::string_view(restAgain, rest.size() + count);
+}
+
+} // namespace tarvomime

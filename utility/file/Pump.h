@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "utility/file/BodyBytes.h"
+#include "utility/file/Sinks.h"
+
+/// Running a codec from bytes in memory or in a file to either kind of sink. A codec's rule is
+/// written once, as a class with
+///
+///     void take(std::string_view block);   // input, after what came before
+///     char* run(char* next, char* limit);  // writes units while next < limit and input is left
+///     std::string_view rest() const;       // the end of the block that waits for the next one
+///     bool isEnded() const;                // whether no further input would be looked at
+///     char* finish(char* next);            // writes what ends the text: at most kLongestEnd bytes
+///
+/// where a unit is what is never cut in two by the end of a block that is written (a base64 group,
+/// an escape). A unit that begins below `limit` may end up to kLongestUnit bytes past it. Where the
+/// input is cut into blocks makes no difference.
+namespace tarvomime {
+
+/// An encoder refuses a longer input unread: the length of what it would write could wrap round,
+/// and no memory has room for it.
+constexpr unsigned long kLongestInput = ~0UL / 8;
+
+/// Runs `codec` over the input it has. Returns 0, or the sink's refusal.
+template <class Codec, class Sink>
+int drain(Codec& codec, Sink& sink)
+{
+    for (;;) {
+        sink.advanceTo(codec.run(sink.next(), sink.limit()));
+        if (sink.next() < sink.limit())
+            return 0;
+        const int refused = sink.flush();
+        if (refused != 0)
+            return refused;
+    }
+}
+
+/// Runs `codec` over all of `input`. Returns 0, the sink's refusal, or -1 when the input cannot be
+/// read.
+template <class Codec, class Sink>
+int pump(Codec& codec, const BodyBytes& input, Sink& sink)
+{
+    BodyBlocks blocks(input);
+    while (!blocks.atEnd() && !codec.isEnded()) {
+        const auto block = blocks.next(codec.rest());
+        if (!block)
+            return -1;
+        codec.take(*block);
+        const int refused = drain(codec, sink);
+        if (refused != 0)
+            return refused;
+    }
+    sink.advanceTo(codec.finish(sink.next()));
+    return 0;
+}
+
+/// The result in memory; nothing when there is no room for it or the input cannot be read.
+template <class Codec>
+std::optional<QByteArray> runInMemory(Codec codec, const BodyBytes& input, std::size_t capacity)
+{
+    auto sink = MemorySink::withCapacity(capacity);
+    if (!sink || pump(codec, input, *sink) != 0)
+        return std::nullopt;
+    return sink->takeResult();
+}
+
+/// A decoder never writes more bytes than it reads, so that it is not stopped by a limit one past
+/// them.
+constexpr int kDecodingSlack = 1;
+
+/// The result in the caller's buffer, which has room for the text's length and kDecodingSlack
+/// bytes; its length.
+template <class Decoder>
+std::size_t runInto(Decoder decoder, std::string_view text, char* out)
+{
+    decoder.take(text);
+    char* const end = decoder.run(out, out + text.size() + kDecodingSlack);
+    return static_cast<std::size_t>(decoder.finish(end) - out);
+}
+
+/// 0, or -1 when the input cannot be read, a write failed or the callback refused. A callback that
+/// breaks its contract with another value than 0 and -1 stops the codec too: the block has no room
+/// for more.
+template <class Codec>
+int runToFile(Codec codec, const BodyBytes& input, QFile* file, const ProgressCallback& callback)
+{
+    BlockSink sink(file, callback);
+    return pump(codec, input, sink) == 0 && sink.writeRest() == 0 ? 0 : -1;
+}
+
+} // namespace tarvomime

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "utility/file/RegularFile.h"
+
+#include <QByteArray>
+#include <cerrno>
+#include <fcntl.h>
+#include <limits>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace tarvomime {
+
+namespace {
+
+// What fopen(path, "r+") opens, but for two things: opening a FIFO or a device must not wait for
+// somebody at its other end, and no child process inherits the descriptor.
+int openForUpdate(const QString& path)
+{
+    constexpr int kFlags = O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    return isFileName(path) ? open(path.toLocal8Bit().constData(), kFlags) : -1;
+}
+
+// The length of a regular file that an int can hold; 0 for everything else.
+int regularSize(int descriptor)
+{
+    struct stat status;
+    if (descriptor < 0 || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+        return 0;
+    return status.st_size <= std::numeric_limits<int>::max() ? static_cast<int>(status.st_size) : 0;
+}
+
+} // namespace
+
+bool isFileName(const QString& path)
+{
+    return !path.isEmpty() && !path.contains(QChar(0));
+}
+
+RegularFile::RegularFile(const QString& path)
+    : mDescriptor(openForUpdate(path)), mSize(regularSize(mDescriptor))
+{
+    if (isOpen() && mSize == 0)
+        close(release());
+}
+
+RegularFile::~RegularFile()
+{
+    if (isOpen())
+        close(mDescriptor);
+}
+
+bool RegularFile::holds(int offset, int length) const
+{
+    return isOpen() && offset >= 0 && length >= 0 && offset <= mSize - length;
+}
+
+bool RegularFile::read(int offset, char* out, int count) const
+{
+    while (count > 0) {
+        const ssize_t got = pread(mDescriptor, out, static_cast<std::size_t>(count), offset);
+        if (got < 0 && errno == EINTR)
+            continue;
+        // 0: the file ends here by now.
+        if (got <= 0)
+            return false;
+        out += got;
+        offset += static_cast<int>(got);
+        count -= static_cast<int>(got);
+    }
+    return true;
+}
+
+int RegularFile::release()
+{
+    return std::exchange(mDescriptor, -1);
+}
+
+} // namespace tarvomime
