@@ -2,8 +2,9 @@
 #include "utility/EMAIL_AddrList.h"
 
 #include "types/AllocationCheck.h"
-#include "utility/EMAIL_Util.h"
-#include "utility/text/AppendText.h"
+#include "utility/EMAIL_Numbers.h"
+#include "utility/text/Joined.h"
+#include "utility/text/Tokens.h"
 
 #include <algorithm>
 #include <new>
@@ -35,7 +36,7 @@ EMAIL_Address* newGroup(const QCString& name, const QCString& members)
 {
     EMAIL_Address* group = newAddress(groupType);
     group->mGroupName = name;
-    group->mAddresses = EMAIL_Util::split(QCString::fromLiteral(","), members, true);
+    group->mAddresses = tarvomime::splitAtEvery(QCString::fromLiteral(","), members, true);
     return group;
 }
 

@@ -4,8 +4,9 @@
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
-#include "utility/Subtypes.h"
+#include "utility/codec/Charset.h"
 #include "utility/codec/DecodedBody.h"
+#include "utility/codec/TransferEncoding.h"
 #include "utility/header/FieldNames.h"
 #include "utility/tree/StoredBody.h"
 
@@ -55,11 +56,11 @@ void EMAIL_BasicMsg::setEncodedText(const QString& text)
     int charset = getCharset();
     if (charset == CHARSET_US_ASCII)
         charset = CHARSET_ISO_8859_1;
-    if (!EMAIL_Util::canEncodeByCharset(text, charset))
+    if (!canEncodeByCharset(text, charset))
         charset = CHARSET_UTF_8;
     setCharset(charset);
     QCString bytes;
-    EMAIL_Util::encWithCharset(bytes, text, charset);
+    encodeWithCharset(bytes, text, charset);
     if (getType() == TYPE_UNKNOWN) {
         setType(TYPE_TEXT);
         setSubType(SUBTYPE_PLAIN);
@@ -80,9 +81,9 @@ void EMAIL_BasicMsg::setBody(const QByteArray& data)
         setSubType(SUBTYPE_OCTET_STREAM);
     }
     if (getCTE() == CTE_7BIT)
-        setCTE(EMAIL_Util::guessRightCTE(data));
+        setCTE(guessTransferEncoding(data));
     QByteArray encoded;
-    EMAIL_Util::encWithCTE(data, encoded, getCTE());
+    encodeTransfer(data, encoded, getCTE());
     mMessage->mBody->setMessage(QCString::fromBytes(encoded));
 }
 

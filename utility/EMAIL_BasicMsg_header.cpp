@@ -6,9 +6,12 @@
 #include "utility/EMAIL_DateTime.h"
 #include "utility/EMAIL_DispositionType.h"
 #include "utility/EMAIL_Header.h"
+#include "utility/codec/EncodedWordDecoder.h"
+#include "utility/codec/EncodedWordEncoder.h"
 #include "utility/header/FieldNames.h"
 #include "utility/header/TypedField.h"
 #include "utility/text/Latin1.h"
+#include "utility/time/LocalTime.h"
 
 #include <algorithm>
 
@@ -26,7 +29,7 @@ constexpr int priorityLow = 5;
 QString decoded(const QCString& value, int charset)
 {
     QString text;
-    EMAIL_Util::decode_2047_String(value, text, charset);
+    decodeWords(value.view(), text, charset);
     return text;
 }
 
@@ -90,8 +93,7 @@ QString EMAIL_BasicMsg::getFrom(int charset) const
 
 void EMAIL_BasicMsg::setFrom(const QString& addresses)
 {
-    setEncoded(getHeader(), &EMAIL_Header::setFrom, EMAIL_Util::encode_2047_Address, addresses,
-               mCharset);
+    setEncoded(getHeader(), &EMAIL_Header::setFrom, encodeAddresses, addresses, mCharset);
 }
 
 QString EMAIL_BasicMsg::getTo(int charset) const
@@ -101,8 +103,7 @@ QString EMAIL_BasicMsg::getTo(int charset) const
 
 void EMAIL_BasicMsg::setTo(const QString& addresses)
 {
-    setEncoded(getHeader(), &EMAIL_Header::setTo, EMAIL_Util::encode_2047_Address, addresses,
-               mCharset);
+    setEncoded(getHeader(), &EMAIL_Header::setTo, encodeAddresses, addresses, mCharset);
 }
 
 QString EMAIL_BasicMsg::getCc(int charset) const
@@ -112,8 +113,7 @@ QString EMAIL_BasicMsg::getCc(int charset) const
 
 void EMAIL_BasicMsg::setCc(const QString& addresses)
 {
-    setEncoded(getHeader(), &EMAIL_Header::setCc, EMAIL_Util::encode_2047_Address, addresses,
-               mCharset);
+    setEncoded(getHeader(), &EMAIL_Header::setCc, encodeAddresses, addresses, mCharset);
 }
 
 QString EMAIL_BasicMsg::getBcc(int charset) const
@@ -123,8 +123,7 @@ QString EMAIL_BasicMsg::getBcc(int charset) const
 
 void EMAIL_BasicMsg::setBcc(const QString& addresses)
 {
-    setEncoded(getHeader(), &EMAIL_Header::setBcc, EMAIL_Util::encode_2047_Address, addresses,
-               mCharset);
+    setEncoded(getHeader(), &EMAIL_Header::setBcc, encodeAddresses, addresses, mCharset);
 }
 
 QString EMAIL_BasicMsg::getReplyTo(int charset) const
@@ -135,8 +134,7 @@ QString EMAIL_BasicMsg::getReplyTo(int charset) const
 // 1. The encoder of whole texts, unlike every other address field: stored mail is written this way.
 void EMAIL_BasicMsg::setReplyTo(const QString& addresses)
 {
-    setEncoded(getHeader(), &EMAIL_Header::setReplyTo, EMAIL_Util::encode_2047_String, addresses,
-               mCharset);
+    setEncoded(getHeader(), &EMAIL_Header::setReplyTo, encodeWords, addresses, mCharset);
 }
 
 QString EMAIL_BasicMsg::getSender() const
@@ -146,8 +144,7 @@ QString EMAIL_BasicMsg::getSender() const
 
 void EMAIL_BasicMsg::setSender(const QString& address)
 {
-    setEncoded(getHeader(), &EMAIL_Header::setSender, EMAIL_Util::encode_2047_Address, address,
-               mCharset);
+    setEncoded(getHeader(), &EMAIL_Header::setSender, encodeAddresses, address, mCharset);
 }
 
 QString EMAIL_BasicMsg::getSubject(int charset) const
@@ -157,8 +154,7 @@ QString EMAIL_BasicMsg::getSubject(int charset) const
 
 void EMAIL_BasicMsg::setSubject(const QString& subject)
 {
-    setEncoded(getHeader(), &EMAIL_Header::setSubject, EMAIL_Util::encode_2047_String, subject,
-               mCharset);
+    setEncoded(getHeader(), &EMAIL_Header::setSubject, encodeWords, subject, mCharset);
 }
 
 QString EMAIL_BasicMsg::getXMailer() const
@@ -210,7 +206,7 @@ QString EMAIL_BasicMsg::getDateStr() const
     const EMAIL_Header* header = getHeader();
     if (header == nullptr || header->getDate() == nullptr)
         return {};
-    return EMAIL_Util::convertTimeFormat(getDate());
+    return displayTime(getDate());
 }
 
 int EMAIL_BasicMsg::getXPriority() const

@@ -4,7 +4,7 @@
 #include "types/AllocationCheck.h"
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_Message.h"
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
 #include "utility/tree/BodyChildren.h"
 #include "utility/tree/StoredBody.h"
 #include "utility/tree/TreeAssembler.h"

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_ContentType.h"
 
-#include "utility/EMAIL_Util.h"
-#include "utility/Subtypes.h"
+#include "utility/EMAIL_Numbers.h"
+#include "utility/codec/CharsetNames.h"
+#include "utility/codec/MediaTypes.h"
 #include "utility/header/WrittenValue.h"
 #include "utility/text/RefusedText.h"
 #include "utility/text/Tokens.h"
@@ -164,7 +165,7 @@ void EMAIL_ContentType::setType(int type)
 {
     mTypeEnum = type;
     mType = QCString::fromLiteral("");
-    EMAIL_Util::typeEnumToStr(type, mType);
+    tarvomime::writeMediaTypeName(type, mType);
     mParsed = 1;
 }
 
@@ -172,21 +173,21 @@ void EMAIL_ContentType::setSubType(int subType)
 {
     mSubTypeEnum = subType;
     mSubType = QCString::fromLiteral("");
-    EMAIL_Util::subTypeEnumToStr(subType, mSubType);
+    tarvomime::writeSubtypeName(subType, mSubType);
     mParsed = 1;
 }
 
 void EMAIL_ContentType::setTypeStr(const QCString& name)
 {
     mType = name;
-    mTypeEnum = EMAIL_Util::typeStrToEnum(name);
+    mTypeEnum = tarvomime::mediaTypeFromName(name);
     mParsed = 1;
 }
 
 void EMAIL_ContentType::setSubTypeStr(const QCString& name)
 {
     mSubType = name;
-    mSubTypeEnum = EMAIL_Util::subTypeStrToEnum(name);
+    mSubTypeEnum = tarvomime::subtypeFromName(name);
     mParsed = 1;
 }
 
@@ -211,7 +212,7 @@ int EMAIL_ContentType::getCharset() const
 {
     QCString charset;
     readQuoted(mParams, charsetKey, charset);
-    return EMAIL_Util::charsetStrToEnum(charset);
+    return tarvomime::charsetFromName(charset.view());
 }
 
 bool EMAIL_ContentType::hasCharset() const
@@ -222,7 +223,7 @@ bool EMAIL_ContentType::hasCharset() const
 int EMAIL_ContentType::setCharset(int charset)
 {
     QCString name;
-    const int written = EMAIL_Util::charsetEnumToStr(charset, name);
+    const int written = tarvomime::writeCharsetName(charset, name);
     if (written != 0)
         storeParameter(QCString::fromLiteral(charsetKey), name);
     return written;

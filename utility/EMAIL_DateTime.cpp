@@ -2,7 +2,8 @@
 #include "utility/EMAIL_DateTime.h"
 
 #include "types/Ascii.h"
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
+#include "utility/text/Tokens.h"
 #include "utility/time/LocalTime.h"
 #include "utility/time/ZoneOffset.h"
 
@@ -90,7 +91,7 @@ int yearsSince1900(const QCString& text)
 
 void readClock(const QCString& text, struct tm& time)
 {
-    const Tokens pieces = EMAIL_Util::split(QCString::fromLiteral(":"), text, true);
+    const Tokens pieces = tarvomime::splitAtEvery(QCString::fromLiteral(":"), text, true);
     time.tm_hour = numberOr(12, tokenAt(pieces, 0));
     time.tm_min = numberOr(0, tokenAt(pieces, 1));
     time.tm_sec = pieces.size() == 3 ? numberOr(0, tokenAt(pieces, 2)) : 0;
@@ -132,7 +133,7 @@ void EMAIL_DateTime::parse()
     // Never empty: without any digit it is the last character.
     const int stop = stopOfSearch(mBody, tarvomime::isDigit);
     const QCString date = mBody.right(mBody.length() - stop + 1);
-    const Tokens tokens = EMAIL_Util::split(QCString::fromLiteral(" "), date, true);
+    const Tokens tokens = tarvomime::splitAtEvery(QCString::fromLiteral(" "), date, true);
 
     mTime.tm_mday = numberOr(1, tokenAt(tokens, 0));
     mTime.tm_mon = indexOfName(monthNames, tokenAt(tokens, 1));

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_DispositionType.h"
 
-#include "utility/EMAIL_Util.h"
 #include "utility/header/WrittenValue.h"
 #include "utility/text/Joined.h"
 #include "utility/text/RefusedText.h"
@@ -53,13 +52,13 @@ void EMAIL_DispositionType::parse()
 {
     QCString type;
     QCString parameter;
-    EMAIL_Util::split(QCString::fromLiteral(";"), mBody, type, parameter, true);
+    tarvomime::splitAtFirst(QCString::fromLiteral(";"), mBody, type, parameter, true);
     mIsAttachment = type.find(QCString::fromLiteral("attachment"), 0, false) >= 0 ? 1 : 0;
     const QCString equals = QCString::fromLiteral("=");
     if (parameter.find(equals) >= 0) {
         QCString name;
         QCString value;
-        EMAIL_Util::split(equals, parameter, name, value, true);
+        splitAtFirst(equals, parameter, name, value, true);
         mFileName = withoutQuotes(value);
     }
     mParsed = parsedState(mParsed, writtenSize(*this));

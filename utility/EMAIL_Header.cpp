@@ -141,6 +141,8 @@ void EMAIL_Header::removeField(const QCString& name)
     mFields.remove(indexOf(mFields, name));
 }
 
+// The copy is a buffer of its own, so that `in` and `out` may be one text, and so that running out
+// of memory for it is told by name.
 void EMAIL_Header::stripCFWS(const QCString& in, QCString& out)
 {
     if (in.isEmpty())

@@ -2,8 +2,7 @@
 // The private bookkeeping fields of the mail client: plain fields, found and written by name.
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Field.h"
-#include "utility/EMAIL_Util.h"
-#include "utility/Subtypes.h"
+#include "utility/EMAIL_Numbers.h"
 #include "utility/header/FieldNames.h"
 #include "utility/header/TypedField.h"
 

@@ -23,7 +23,7 @@ EMAIL_Field* make(EMAIL_Header* header)
 
 struct KnownField
 {
-    std::string_view key;
+    std::string_view spelling;
     const QCString& (*name)();
     EMAIL_Field* (*create)(EMAIL_Header*);
 };
@@ -32,24 +32,26 @@ struct KnownField
 //    2045 and RFC 5322 write two of them otherwise: stored messages carry these spellings.
 // The private "X-QRN-" fields are not listed: they keep the spelling they come with.
 constexpr std::array<KnownField, 18> knownFields{{
-    {"to", FieldName::to, make<EMAIL_AddrList>},
-    {"cc", FieldName::cc, make<EMAIL_AddrList>},
-    {"bcc", FieldName::bcc, make<EMAIL_AddrList>},
-    {"reply-to", FieldName::replyTo, make<EMAIL_AddrList>},
-    {"from", FieldName::from, make<EMAIL_AddrList>},
-    {"sender", FieldName::sender, make<EMAIL_AddrList>},
-    {"date", FieldName::date, make<EMAIL_DateTime>},
-    {"subject", FieldName::subject, make<EMAIL_Field>},
-    {"x-priority", FieldName::xPriority, make<EMAIL_Field>},
-    {"content-description", FieldName::contentDescription, make<EMAIL_Field>},
-    {"content-id", FieldName::contentId, make<EMAIL_Field>},
-    {"content-transfer-encoding", FieldName::contentTransferEncoding, make<EMAIL_Field>},
-    {"content-type", FieldName::contentType, make<EMAIL_ContentType>},
-    {"mime-version", FieldName::mimeVersion, make<EMAIL_Field>},
-    {"content-location", FieldName::contentLocation, make<EMAIL_Field>},
-    {"x-mailer", FieldName::xMailer, make<EMAIL_Field>},
-    {"content-disposition", FieldName::contentDisposition, make<EMAIL_DispositionType>},
-    {"message-id", FieldName::messageId, make<EMAIL_Field>},
+    {FieldName::toSpelling, FieldName::to, make<EMAIL_AddrList>},
+    {FieldName::ccSpelling, FieldName::cc, make<EMAIL_AddrList>},
+    {FieldName::bccSpelling, FieldName::bcc, make<EMAIL_AddrList>},
+    {FieldName::replyToSpelling, FieldName::replyTo, make<EMAIL_AddrList>},
+    {FieldName::fromSpelling, FieldName::from, make<EMAIL_AddrList>},
+    {FieldName::senderSpelling, FieldName::sender, make<EMAIL_AddrList>},
+    {FieldName::dateSpelling, FieldName::date, make<EMAIL_DateTime>},
+    {FieldName::subjectSpelling, FieldName::subject, make<EMAIL_Field>},
+    {FieldName::xPrioritySpelling, FieldName::xPriority, make<EMAIL_Field>},
+    {FieldName::contentDescriptionSpelling, FieldName::contentDescription, make<EMAIL_Field>},
+    {FieldName::contentIdSpelling, FieldName::contentId, make<EMAIL_Field>},
+    {FieldName::contentTransferEncodingSpelling, FieldName::contentTransferEncoding,
+     make<EMAIL_Field>},
+    {FieldName::contentTypeSpelling, FieldName::contentType, make<EMAIL_ContentType>},
+    {FieldName::mimeVersionSpelling, FieldName::mimeVersion, make<EMAIL_Field>},
+    {FieldName::contentLocationSpelling, FieldName::contentLocation, make<EMAIL_Field>},
+    {FieldName::xMailerSpelling, FieldName::xMailer, make<EMAIL_Field>},
+    {FieldName::contentDispositionSpelling, FieldName::contentDisposition,
+     make<EMAIL_DispositionType>},
+    {FieldName::messageIdSpelling, FieldName::messageId, make<EMAIL_Field>},
 }};
 
 } // namespace
@@ -58,7 +60,7 @@ EMAIL_Field* EMAIL_Header::createField(const QCString& name)
 {
     const auto* known =
         std::find_if(knownFields.begin(), knownFields.end(), [&name](const KnownField& row) {
-            return equalIgnoringCase(row.key, name.view());
+            return equalIgnoringCase(row.spelling, name.view());
         });
     const bool isKnown = known != knownFields.end();
     EMAIL_Field* created = isKnown ? known->create(this) : make<EMAIL_Field>(this);

@@ -4,7 +4,8 @@
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_DateTime.h"
 #include "utility/EMAIL_DispositionType.h"
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
+#include "utility/codec/TransferEncoding.h"
 #include "utility/header/FieldNames.h"
 #include "utility/header/TypedField.h"
 #include "utility/text/Tokens.h"
@@ -194,13 +195,13 @@ void EMAIL_Header::setDate(unsigned long t)
 
 void EMAIL_Header::setCte(int cte)
 {
-    setBody(*this, FieldName::contentTransferEncoding(), EMAIL_Util::cteEnumToStr(cte));
+    setBody(*this, FieldName::contentTransferEncoding(), transferEncodingName(cte));
 }
 
 int EMAIL_Header::getCte() const
 {
     const EMAIL_Field* cte = getField(FieldName::contentTransferEncoding());
-    return cte == nullptr ? CTE_7BIT : EMAIL_Util::cteStrToEnum(cte->mBody);
+    return cte == nullptr ? CTE_7BIT : transferEncodingFromName(cte->mBody);
 }
 
 unsigned int EMAIL_Header::getXPriority() const

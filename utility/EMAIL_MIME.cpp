@@ -10,8 +10,8 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
+#include "utility/codec/MediaTypes.h"
 #include "utility/file/MappedFile.h"
-#include "utility/tree/Container.h"
 
 #include <memory>
 #include <new>
@@ -23,7 +23,7 @@ namespace {
 
 bool isContainerPart(const EMAIL_MultiPart& part)
 {
-    return isContainer(part.mTypeEnum, part.mSubTypeEnum);
+    return isContainer({part.mTypeEnum, part.mSubTypeEnum});
 }
 
 /// Hands the body over as it is: its bytes are in the part's transfer encoding already.
@@ -158,7 +158,7 @@ const EMAIL_Entity* EMAIL_MIME::topLevelPart(int index) const
     const EMAIL_ContentType* type = contentTypeField();
     if (type == nullptr)
         return nullptr;
-    if (isContainer(type->mTypeEnum, type->mSubTypeEnum))
+    if (isContainer({type->mTypeEnum, type->mSubTypeEnum}))
         return mMessage->mBody->bodyPart(index);
     return type->mTypeEnum == TYPE_MESSAGE ? mMessage->mBody->mMessage : nullptr;
 }

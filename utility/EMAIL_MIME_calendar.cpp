@@ -6,9 +6,10 @@
 #include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
+#include "utility/codec/MediaTypes.h"
 #include "utility/file/RegularFile.h"
 #include "utility/text/Latin1.h"
-#include "utility/tree/MediaType.h"
+#include "utility/tree/EntityMediaType.h"
 #include "utility/tree/StoredBody.h"
 
 #include <QFile>

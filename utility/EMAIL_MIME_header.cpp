@@ -5,9 +5,10 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_MultiPart.h"
-#include "utility/Subtypes.h"
+#include "utility/codec/EncodedWordDecoder.h"
+#include "utility/codec/EncodedWordEncoder.h"
+#include "utility/codec/MediaTypes.h"
 #include "utility/text/Latin1.h"
-#include "utility/tree/Container.h"
 
 using namespace tarvomime;
 
@@ -23,7 +24,7 @@ QCString quoted(const QCString& value)
 QCString encodedWords(const QString& value, int charset)
 {
     QCString wire;
-    EMAIL_Util::encode_2047_String(value, charset, wire);
+    encodeWords(value, charset, wire);
     return wire;
 }
 
@@ -31,7 +32,7 @@ QString decodedWords(const QCString& value)
 {
     QString text;
     if (!value.isEmpty())
-        EMAIL_Util::decode_2047_String(value, text, CHARSET_UNKNOWN);
+        decodeWords(value.view(), text, CHARSET_UNKNOWN);
     return text;
 }
 
@@ -44,7 +45,7 @@ void writeContentType(const EMAIL_MultiPart& part, EMAIL_Header& header)
         field->setTypeStr(type);
         field->setSubTypeStr(subType);
         field->setCharset(part.mCharset);
-        if (isContainer(part.mTypeEnum, part.mSubTypeEnum))
+        if (isContainer({part.mTypeEnum, part.mSubTypeEnum}))
             field->createBoundary();
     }
     if (!part.mMethod.isEmpty())

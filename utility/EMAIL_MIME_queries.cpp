@@ -7,10 +7,10 @@
 #include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
+#include "utility/codec/MediaTypes.h"
 #include "utility/file/RegularFile.h"
 #include "utility/text/Latin1.h"
-#include "utility/tree/Container.h"
-#include "utility/tree/MediaType.h"
+#include "utility/tree/EntityMediaType.h"
 #include "utility/tree/StoredBody.h"
 
 #include <QFileInfo>
@@ -74,7 +74,7 @@ bool EMAIL_MIME::hasAttachment() const
     case TYPE_TEXT:
         return !isPlainText(media);
     case TYPE_MULTIPART:
-        return !isAlternative(media) && media.subType != SUBTYPE_REPORT && getMultiPartCount() > 1;
+        return !isAlternative(media) && !isReport(media) && getMultiPartCount() > 1;
     case TYPE_APPLICATION:
         return true;
     default:
@@ -92,7 +92,7 @@ int EMAIL_MIME::getAttachNum() const
         return 1;
     if (isPlainText(media) || isAlternative(media))
         return 0;
-    if (!isContainer(media.type, media.subType))
+    if (!isContainer(media))
         return 1;
     const int count = getMultiPartCount();
     const EMAIL_Entity* first = topLevelPart(0);
@@ -112,7 +112,7 @@ bool EMAIL_MIME::isCompleteMessage() const
     if (isReport || getMultiPartCount() == 0)
         return true;
     // Of a message type every part reads as the enclosed message.
-    if (!isContainer(media.type, media.subType)) {
+    if (!isContainer(media)) {
         const EMAIL_Entity* enclosed = topLevelPart(0);
         return enclosed != nullptr && enclosed->mHeader->isAttDownloaded();
     }
@@ -150,7 +150,7 @@ int EMAIL_MIME::getBody(QString& text, int charset) const
     const MediaType media{getType(), getSubType()};
     if (isWholeText(media))
         return EMAIL_BasicMsg::getBody(text, charset == CHARSET_UNKNOWN ? getCharset() : charset);
-    if (!isContainer(media.type, media.subType))
+    if (!isContainer(media))
         return 0;
     if (const EMAIL_Entity* part = messageTextPart())
         readText(*part, charset, text);
@@ -167,7 +167,7 @@ int EMAIL_MIME::getBodyPartId(QString& partId) const
     const MediaType media{getType(), getSubType()};
     if (isWholeText(media))
         partId = QLatin1String("");
-    else if (!isContainer(media.type, media.subType))
+    else if (!isContainer(media))
         return 0;
     else if (const EMAIL_Entity* entity = messageTextPart())
         partId = fromLatin1OrNull(entity->mHeader->getPartID());

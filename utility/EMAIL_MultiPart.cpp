@@ -4,6 +4,7 @@
 // Trees are walked with work lists: a message nests as deep as its sender likes.
 #include "utility/EMAIL_MultiPart.h"
 
+#include "utility/codec/MediaTypes.h"
 #include "utility/text/Latin1.h"
 
 #include <memory>
@@ -165,28 +166,28 @@ bool EMAIL_MultiPart::removeSubPart(int index)
 void EMAIL_MultiPart::setType(int type)
 {
     QCString name;
-    EMAIL_Util::typeEnumToStr(type, name);
+    writeMediaTypeName(type, name);
     mTypeStr = fromLatin1(name);
     mTypeEnum = type;
 }
 
 void EMAIL_MultiPart::setTypeStr(const QString& name)
 {
-    mTypeEnum = EMAIL_Util::typeStrToEnum(toLatin1(name));
+    mTypeEnum = mediaTypeFromName(toLatin1(name));
     mTypeStr = name;
 }
 
 void EMAIL_MultiPart::setSubType(int subType)
 {
     QCString name;
-    EMAIL_Util::subTypeEnumToStr(subType, name);
+    writeSubtypeName(subType, name);
     mSubTypeStr = fromLatin1(name);
     mSubTypeEnum = subType;
 }
 
 void EMAIL_MultiPart::setSubTypeStr(const QString& name)
 {
-    mSubTypeEnum = EMAIL_Util::subTypeStrToEnum(toLatin1(name));
+    mSubTypeEnum = subtypeFromName(toLatin1(name));
     mSubTypeStr = name;
 }
 

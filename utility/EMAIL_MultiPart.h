@@ -4,6 +4,7 @@
 #include "types/QCString.h"
 #include "types/QPtrList.h"
 #include "types/TarvomimeExport.h"
+// Applications have always got EMAIL_Util with this header.
 #include "utility/EMAIL_Util.h"
 
 #include <QByteArray>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The body of a part: in memory or in a file, always as it travels.
 #include "utility/EMAIL_MultiPart.h"
+#include "utility/codec/Charset.h"
 #include "utility/codec/DecodedBody.h"
 #include "utility/codec/TransferEncoding.h"
 
@@ -42,8 +43,8 @@ void EMAIL_MultiPart::setBody(const QByteArray& data, bool isEncoded)
         return;
     }
     if (mCTE == CTE_UNKNOWN)
-        mCTE = EMAIL_Util::guessRightCTE(data);
-    EMAIL_Util::encWithCTE(data, mBodyData, mCTE);
+        mCTE = guessTransferEncoding(data);
+    encodeTransfer(data, mBodyData, mCTE);
 }
 
 // 1. UTF-7 is read but never written: a text that Latin-1 can hold leaves a part in it without
@@ -56,9 +57,9 @@ void EMAIL_MultiPart::setBody(const QString& text, bool useCharset)
     }
     QCString bytes;
     if (useCharset) {
-        if (!EMAIL_Util::canEncodeByCharset(text, mCharset))
+        if (!canEncodeByCharset(text, mCharset))
             mCharset = CHARSET_UTF_8;
-        EMAIL_Util::encWithCharset(bytes, text, mCharset);
+        encodeWithCharset(bytes, text, mCharset);
     } else {
         bytes = text.toLatin1();
     }

@@ -147,8 +147,7 @@ void EMAIL_Util::encWithCharset(QCString& out, QString const& text, int cs)
 
 void EMAIL_Util::decFromCharset(QByteArray const& bytes, QString& out, int cs)
 {
-    tarvomime::decodeFromCharset({bytes.constData(), static_cast<std::size_t>(bytes.size())}, out,
-                                 cs);
+    tarvomime::decodeFromCharset(bytes, out, cs);
 }
 
 bool EMAIL_Util::canEncodeByCharset(QString const& text, int cs)

@@ -4,68 +4,13 @@
 #include "types/QCString.h"
 #include "types/QValueList.h"
 #include "types/TarvomimeExport.h"
+#include "utility/EMAIL_Numbers.h"
 
 #include <QByteArray>
 #include <QString>
 #include <cstdio>
-#include <functional>
 
 class QFile;
-
-/// Called without arguments before each block is written to a file: 0 goes on, -1 stops, and the
-/// operation then fails with -1. A null callback means "go on".
-using ProgressCallback = std::function<int()>;
-
-/// Content-Transfer-Encoding (RFC 2045, section 6).
-enum EMAIL_CTE : int {
-    CTE_UNKNOWN = 0,
-    CTE_7BIT = 1,
-    CTE_8BIT = 2,
-    CTE_BINARY = 3,
-    CTE_QUOTED_PRINTABLE = 4,
-    CTE_BASE64 = 5
-};
-
-/// Character sets. The numbers are stored and cross the C interface: later additions took the
-/// numbers from 20 on, whatever their names.
-enum EMAIL_Charset : int {
-    CHARSET_UNKNOWN = 0,
-    CHARSET_US_ASCII = 1,
-    CHARSET_ISO_8859_1 = 2,
-    CHARSET_ISO_8859_2 = 3,
-    CHARSET_ISO_8859_4 = 4,
-    CHARSET_ISO_8859_6 = 5,
-    CHARSET_ISO_8859_7 = 6,
-    CHARSET_ISO_8859_8 = 7,
-    CHARSET_ISO_8859_9 = 8,
-    CHARSET_ISO_8859_13 = 9,
-    CHARSET_KOI8_U = 10,
-    CHARSET_WINDOWS_1251 = 11,
-    CHARSET_UTF_7 = 12,
-    CHARSET_UTF_8 = 13,
-    CHARSET_GB2312 = 14,
-    CHARSET_GBK = 15,
-    CHARSET_BIG5 = 16,
-    CHARSET_TIS620 = 17,
-    CHARSET_ISO_8859_11 = 18,
-    CHARSET_WINDOWS_874 = 19,
-    CHARSET_ISO_8859_5 = 20,
-    CHARSET_ISO_8859_3 = 21,
-    CHARSET_ISO_8859_10 = 22,
-    CHARSET_ISO_8859_15 = 23
-};
-
-/// Media types (RFC 2046).
-enum EMAIL_MediaType : int {
-    TYPE_UNKNOWN = 0,
-    TYPE_TEXT = 1,
-    TYPE_MULTIPART = 2,
-    TYPE_MESSAGE = 3,
-    TYPE_APPLICATION = 4,
-    TYPE_IMAGE = 5,
-    TYPE_AUDIO = 6,
-    TYPE_VIDEO = 7
-};
 
 /// Stateless operations on wire text that every other class builds on. Nothing here throws.
 class TARVOMIME_EXPORT EMAIL_Util

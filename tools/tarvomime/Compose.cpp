@@ -17,7 +17,6 @@ namespace tarvomime::tool {
 namespace {
 
 constexpr int kPlain = 1;
-constexpr int kMixed = 21;
 
 struct ComposeOptions
 {
@@ -89,7 +88,7 @@ void compose(const ComposeOptions& options, Session& session)
         composeText(options, text, message);
     } else {
         message.setType(TYPE_MULTIPART);
-        message.setSubType(kMixed);
+        message.setSubType(SUBTYPE_MIXED);
         applyEnvelope(options.envelope, message);
         addTextPart(options, text, message);
         size = addAttachments(options, message, session);

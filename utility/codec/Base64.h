@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
 #include "utility/codec/NulByte.h"
 #include "utility/file/BodyBytes.h"
 
 #include <QByteArray>
 #include <optional>
 #include <string_view>
+
+class QFile;
 
 /// Base64 (RFC 2045, section 6.8): the rules behind `EMAIL_Util::encB64` and `decB64`.
 ///

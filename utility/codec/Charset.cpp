@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/Charset.h"
 
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/SingleByteCharset.h"
 #include "utility/codec/Utf7.h"

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <cstddef>
 #include <string_view>
 
 class QTextCodec;
@@ -30,6 +31,11 @@ void encodeWithCharset(QCString& out, const QString& text, int charset);
 void encodeThroughCodec(QCString& out, const QString& text, int charset, const QTextCodec* codec);
 
 void decodeFromCharset(std::string_view bytes, QString& out, int charset);
+inline void decodeFromCharset(const QByteArray& bytes, QString& out, int charset)
+{
+    decodeFromCharset(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())),
+                      out, charset);
+}
 /// Appends what `decodeFromCharset` would set.
 void appendFromCharset(std::string_view bytes, int charset, Utf16Buffer& out);
 void decodeThroughCodec(std::string_view bytes, QString& out, int charset, const QTextCodec* codec);

@@ -2,7 +2,7 @@
 #include "utility/codec/CharsetNames.h"
 
 #include "types/Ascii.h"
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "types/QCString.h"
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
 
 #include <string_view>
 

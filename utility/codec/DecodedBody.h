@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
 #include "utility/file/BodyBytes.h"
 
 #include <QString>

@@ -2,7 +2,7 @@
 #include "utility/codec/EncodedWordDecoder.h"
 
 #include "types/Ascii.h"
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
 #include "utility/codec/Base64.h"
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"

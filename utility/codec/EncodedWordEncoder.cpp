@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/EncodedWordEncoder.h"
 
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
 #include "utility/codec/Base64.h"
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"

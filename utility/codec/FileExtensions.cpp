@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/FileExtensions.h"
 
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
 
 #include <QLatin1String>
 #include <array>
@@ -24,33 +24,51 @@ struct ExtensionRow
 // 2. Every video extension gives "mpeg", the one video subtype that all receivers play.
 // 3. "jar" and "jad" are text with the nameless subtype 98, by which the installer knows them.
 constexpr std::array<ExtensionRow, 27> readRows = {{
-    {"eml", TYPE_MESSAGE, 27},     {"vcf", TYPE_TEXT, 10},       {"vcs", TYPE_TEXT, 9},
-    {"gif", TYPE_IMAGE, 75},       {"mng", TYPE_IMAGE, 0},       {"bmp", TYPE_IMAGE, 79},
-    {"jpg", TYPE_IMAGE, 74},       {"jpeg", TYPE_IMAGE, 74},     {"png", TYPE_IMAGE, 77},
-    {"txt", TYPE_TEXT, 1},         {"mp3", TYPE_AUDIO, 91},      {"wav", TYPE_AUDIO, 90},
-    {"mid", TYPE_AUDIO, 86},       {"imy", TYPE_AUDIO, 85},      {"amr", TYPE_AUDIO, 0},
-    {"mpeg", TYPE_VIDEO, 92},      {"mpg", TYPE_VIDEO, 92},      {"mp4", TYPE_VIDEO, 92},
-    {"3gp", TYPE_VIDEO, 92},       {"rm", TYPE_VIDEO, 92},       {"ics", TYPE_TEXT, 4},
-    {"ifb", TYPE_TEXT, 4},         {"jar", TYPE_TEXT, 98},       {"jad", TYPE_TEXT, 98},
-    {"dcf", TYPE_APPLICATION, 69}, {"dm", TYPE_APPLICATION, 68}, {"odf", TYPE_APPLICATION, 70},
+    {"eml", TYPE_MESSAGE, SUBTYPE_RFC822},
+    {"vcf", TYPE_TEXT, SUBTYPE_VCARD},
+    {"vcs", TYPE_TEXT, SUBTYPE_VCALENDAR},
+    {"gif", TYPE_IMAGE, SUBTYPE_GIF},
+    {"mng", TYPE_IMAGE, SUBTYPE_UNKNOWN},
+    {"bmp", TYPE_IMAGE, SUBTYPE_BMP},
+    {"jpg", TYPE_IMAGE, SUBTYPE_JPEG},
+    {"jpeg", TYPE_IMAGE, SUBTYPE_JPEG},
+    {"png", TYPE_IMAGE, SUBTYPE_PNG},
+    {"txt", TYPE_TEXT, SUBTYPE_PLAIN},
+    {"mp3", TYPE_AUDIO, SUBTYPE_MP3},
+    {"wav", TYPE_AUDIO, SUBTYPE_X_WAV},
+    {"mid", TYPE_AUDIO, SUBTYPE_MIDI},
+    {"imy", TYPE_AUDIO, SUBTYPE_IMELODY},
+    {"amr", TYPE_AUDIO, SUBTYPE_UNKNOWN},
+    {"mpeg", TYPE_VIDEO, SUBTYPE_MPEG},
+    {"mpg", TYPE_VIDEO, SUBTYPE_MPEG},
+    {"mp4", TYPE_VIDEO, SUBTYPE_MPEG},
+    {"3gp", TYPE_VIDEO, SUBTYPE_MPEG},
+    {"rm", TYPE_VIDEO, SUBTYPE_MPEG},
+    {"ics", TYPE_TEXT, SUBTYPE_CALENDAR},
+    {"ifb", TYPE_TEXT, SUBTYPE_CALENDAR},
+    {"jar", TYPE_TEXT, SUBTYPE_JAVA_ARCHIVE},
+    {"jad", TYPE_TEXT, SUBTYPE_JAVA_ARCHIVE},
+    {"dcf", TYPE_APPLICATION, SUBTYPE_OMA_DRM_CONTENT},
+    {"dm", TYPE_APPLICATION, SUBTYPE_OMA_DRM_MESSAGE},
+    {"odf", TYPE_APPLICATION, SUBTYPE_OMA_DRM_DCF},
 }};
 
 // What a part is called when it is saved.
 constexpr std::array<ExtensionRow, 14> writtenRows = {{
-    {"eml", TYPE_MESSAGE, 27},
-    {"vcf", TYPE_TEXT, 10},
-    {"vcs", TYPE_TEXT, 9},
-    {"ics", TYPE_TEXT, 4},
-    {"gif", TYPE_IMAGE, 75},
-    {"bmp", TYPE_IMAGE, 79},
-    {"jpg", TYPE_IMAGE, 74},
-    {"png", TYPE_IMAGE, 77},
-    {"txt", TYPE_TEXT, 1},
-    {"mp3", TYPE_AUDIO, 91},
-    {"mid", TYPE_AUDIO, 86},
-    {"imy", TYPE_AUDIO, 85},
-    {"mpg", TYPE_VIDEO, 92},
-    {"html", TYPE_TEXT, 3},
+    {"eml", TYPE_MESSAGE, SUBTYPE_RFC822},
+    {"vcf", TYPE_TEXT, SUBTYPE_VCARD},
+    {"vcs", TYPE_TEXT, SUBTYPE_VCALENDAR},
+    {"ics", TYPE_TEXT, SUBTYPE_CALENDAR},
+    {"gif", TYPE_IMAGE, SUBTYPE_GIF},
+    {"bmp", TYPE_IMAGE, SUBTYPE_BMP},
+    {"jpg", TYPE_IMAGE, SUBTYPE_JPEG},
+    {"png", TYPE_IMAGE, SUBTYPE_PNG},
+    {"txt", TYPE_TEXT, SUBTYPE_PLAIN},
+    {"mp3", TYPE_AUDIO, SUBTYPE_MP3},
+    {"mid", TYPE_AUDIO, SUBTYPE_MIDI},
+    {"imy", TYPE_AUDIO, SUBTYPE_IMELODY},
+    {"mpg", TYPE_VIDEO, SUBTYPE_MPEG},
+    {"html", TYPE_TEXT, SUBTYPE_HTML},
 }};
 
 QString lastExtension(const QString& fileName)

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
 #include "utility/codec/NulByte.h"
 #include "utility/file/BodyBytes.h"
 
 #include <QByteArray>
 #include <optional>
 #include <string_view>
+
+class QFile;
 
 /// Quoted-printable (RFC 2045, section 6.7): the rules behind `EMAIL_Util::encQp` and `decQp`.
 ///

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "types/QCString.h"
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
 #include "utility/file/BodyBytes.h"
 
 #include <QByteArray>
 #include <optional>
+
+class QFile;
 
 /// Content-Transfer-Encoding (RFC 2045, section 6): names, the guess for an attachment, and the
 /// choice of the codec.

@@ -1,27 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/Utf7.h"
 
-#include <array>
+#include "utility/codec/Base64Tables.h"
+
 #include <cstddef>
 
 namespace tarvomime {
 
 namespace {
 
-constexpr signed char notADigit = -1;
-
-constexpr std::array<signed char, 128> makeDigits()
+// The value of a digit of a shifted run, or something larger.
+unsigned digitValue(unsigned char byte)
 {
-    constexpr std::string_view alphabet =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::array<signed char, 128> digits{};
-    digits.fill(notADigit);
-    for (std::size_t value = 0; value < alphabet.size(); ++value)
-        digits[static_cast<unsigned char>(alphabet[value])] = static_cast<signed char>(value);
-    return digits;
+    return kBase64Values[byte];
 }
 
-constexpr std::array<signed char, 128> digits = makeDigits();
+constexpr unsigned digitCount = kBase64Digits.size();
 
 enum class State { Direct, AfterPlus, Shifted };
 
@@ -38,8 +32,8 @@ public:
             put(QChar::ReplacementCharacter);
         } else if (mState == State::Direct) {
             takeDirect(byte);
-        } else if (digits[byte] != notADigit) {
-            takeDigit(static_cast<unsigned>(digits[byte]));
+        } else if (const unsigned value = digitValue(byte); value < digitCount) {
+            takeDigit(value);
         } else {
             leaveRun(byte);
         }

@@ -3,11 +3,15 @@
 
 #include "types/QCString.h"
 
+#include <string_view>
+
 /// The names of the header fields that the library knows, spelled as they are written. Each is one
-/// shared text: naming a field costs no allocation.
+/// shared text: naming a field costs no allocation. `toSpelling` and so on are the same as
+/// constants.
 namespace tarvomime::FieldName {
 
 #define TARVOMIME_FIELD_NAME(function, spelling)                                                   \
+    constexpr std::string_view function##Spelling = spelling;                                      \
     inline const QCString& function()                                                              \
     {                                                                                              \
         static const QCString name = QCString::fromLiteral(spelling);                              \

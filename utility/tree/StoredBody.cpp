@@ -6,8 +6,8 @@
 #include "utility/EMAIL_Entity.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/codec/DecodedBody.h"
-#include "utility/tree/Container.h"
-#include "utility/tree/MediaType.h"
+#include "utility/codec/MediaTypes.h"
+#include "utility/tree/EntityMediaType.h"
 
 namespace tarvomime {
 
@@ -31,7 +31,7 @@ BodyBytes storedBytes(const EMAIL_Body& body)
 void readText(const EMAIL_Entity& part, int charset, QString& text)
 {
     const MediaType media = mediaTypeOf(part);
-    if (isContainer(media.type, media.subType))
+    if (isContainer(media))
         return;
     const EMAIL_Header& header = *part.mHeader;
     decodeText(storedBytes(*part.mBody), header.getCte(), namedCharset(header), charset, text);

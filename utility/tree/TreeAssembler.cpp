@@ -6,8 +6,8 @@
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Entity.h"
 #include "utility/EMAIL_Header.h"
+#include "utility/codec/MediaTypes.h"
 #include "utility/tree/AssemblySinks.h"
-#include "utility/tree/Container.h"
 
 #include <vector>
 
@@ -70,7 +70,7 @@ private:
         if (parent == nullptr || parent->mHeader == nullptr)
             return false;
         const EMAIL_ContentType* type = parent->mHeader->contentType();
-        const bool multipart = isContainer(type->mTypeEnum, type->mSubTypeEnum);
+        const bool multipart = isContainer({type->mTypeEnum, type->mSubTypeEnum});
         mLevels.push_back({entity, &body, entityStart, mSink.position(), 0, multipart});
         if (!multipart)
             return mSink.writeLeaf(body, *parent->mHeader);

@@ -6,9 +6,9 @@
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
+#include "utility/codec/MediaTypes.h"
 #include "utility/tree/BodyChildren.h"
-#include "utility/tree/Container.h"
 #include "utility/tree/EntitySplit.h"
 
 #include <limits>
@@ -141,7 +141,7 @@ void TreeParser::takeBody(EMAIL_Body& body, const char* data, TextRange range)
         return;
     if (type->mTypeEnum == TYPE_MESSAGE && body.mInMemory) {
         mPending = {&createEnclosedMessage(body), textRange(body)};
-    } else if (isContainer(type->mTypeEnum, type->mSubTypeEnum)) {
+    } else if (isContainer({type->mTypeEnum, type->mSubTypeEnum})) {
         body.mBoundary = type->mBoundary;
         startCutting(body, body.mInMemory ? textRange(body) : range);
     } else if (!body.mString.isEmpty() && body.mInMemory) {

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "utility/tree/MediaType.h"
+#include "utility/tree/EntityMediaType.h"
 
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Header.h"
-#include "utility/tree/Container.h"
 
 namespace tarvomime {
 
@@ -19,8 +18,7 @@ MediaType mediaTypeOf(const EMAIL_Entity& entity)
 
 const EMAIL_Entity* firstSubPart(const EMAIL_Entity& entity)
 {
-    const MediaType media = mediaTypeOf(entity);
-    return isContainer(media.type, media.subType) ? entity.mBody->bodyPart(0) : nullptr;
+    return isContainer(mediaTypeOf(entity)) ? entity.mBody->bodyPart(0) : nullptr;
 }
 
 } // namespace tarvomime

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+// The numbers that cross the interface. Everything else stands above them.
+
+/// Called without arguments before each block is written to a file: 0 goes on, -1 stops, and the
+/// operation then fails with -1. A null callback means "go on".
+using ProgressCallback = std::function<int()>;
+
+/// Content-Transfer-Encoding (RFC 2045, section 6).
+enum EMAIL_CTE : int {
+    CTE_UNKNOWN = 0,
+    CTE_7BIT = 1,
+    CTE_8BIT = 2,
+    CTE_BINARY = 3,
+    CTE_QUOTED_PRINTABLE = 4,
+    CTE_BASE64 = 5
+};
+
+/// Character sets. The numbers are stored and cross the C interface: later additions took the
+/// numbers from 20 on, whatever their names.
+enum EMAIL_Charset : int {
+    CHARSET_UNKNOWN = 0,
+    CHARSET_US_ASCII = 1,
+    CHARSET_ISO_8859_1 = 2,
+    CHARSET_ISO_8859_2 = 3,
+    CHARSET_ISO_8859_4 = 4,
+    CHARSET_ISO_8859_6 = 5,
+    CHARSET_ISO_8859_7 = 6,
+    CHARSET_ISO_8859_8 = 7,
+    CHARSET_ISO_8859_9 = 8,
+    CHARSET_ISO_8859_13 = 9,
+    CHARSET_KOI8_U = 10,
+    CHARSET_WINDOWS_1251 = 11,
+    CHARSET_UTF_7 = 12,
+    CHARSET_UTF_8 = 13,
+    CHARSET_GB2312 = 14,
+    CHARSET_GBK = 15,
+    CHARSET_BIG5 = 16,
+    CHARSET_TIS620 = 17,
+    CHARSET_ISO_8859_11 = 18,
+    CHARSET_WINDOWS_874 = 19,
+    CHARSET_ISO_8859_5 = 20,
+    CHARSET_ISO_8859_3 = 21,
+    CHARSET_ISO_8859_10 = 22,
+    CHARSET_ISO_8859_15 = 23
+};
+
+/// Media types (RFC 2046).
+enum EMAIL_MediaType : int {
+    TYPE_UNKNOWN = 0,
+    TYPE_TEXT = 1,
+    TYPE_MULTIPART = 2,
+    TYPE_MESSAGE = 3,
+    TYPE_APPLICATION = 4,
+    TYPE_IMAGE = 5,
+    TYPE_AUDIO = 6,
+    TYPE_VIDEO = 7
+};
+
+/// Media subtypes: one flat numbering for the subtypes of all types. 31 and 32 stand for nothing;
+/// the names on the wire are those that `EMAIL_Util::subTypeEnumToStr` writes.
+enum EMAIL_Subtype : int {
+    SUBTYPE_UNKNOWN = 0,
+    SUBTYPE_PLAIN = 1,
+    SUBTYPE_RICHTEXT = 2,
+    SUBTYPE_HTML = 3,
+    SUBTYPE_CALENDAR = 4,
+    SUBTYPE_REPORT = 5,
+    SUBTYPE_XML = 6,
+    SUBTYPE_X_HDML = 7,
+    SUBTYPE_X_TTML = 8,
+    SUBTYPE_VCALENDAR = 9,
+    SUBTYPE_VCARD = 10,
+    SUBTYPE_WAP_WML = 11,
+    SUBTYPE_WAP_WMLSCRIPT = 12,
+    SUBTYPE_WAP_WTA_EVENT = 13,
+    SUBTYPE_WAP_SI = 14,
+    SUBTYPE_WAP_SL = 15,
+    SUBTYPE_WAP_CO = 16,
+    SUBTYPE_WAP_CONNECTIVITY_XML = 17,
+    SUBTYPE_CSS = 18,
+    SUBTYPE_X_WAP_WTA_WML = 19,
+    SUBTYPE_WAP_CHANNEL = 20,
+    SUBTYPE_MIXED = 21,
+    SUBTYPE_ALTERNATIVE = 22,
+    SUBTYPE_DIGEST = 23,
+    SUBTYPE_RELATED = 24,
+    SUBTYPE_FORM_DATA = 25,
+    SUBTYPE_BYTERANGES = 26,
+    SUBTYPE_RFC822 = 27,
+    SUBTYPE_PARTIAL = 28,
+    SUBTYPE_PARALLEL = 29,
+    SUBTYPE_EXTERNAL_BODY = 30,
+    SUBTYPE_OCTET_STREAM = 33,
+    SUBTYPE_JAVA_VM = 34,
+    SUBTYPE_X_WWW_FORM_URLENCODED = 35,
+    SUBTYPE_X_HDMLC = 36,
+    SUBTYPE_WAP_WMLC = 37,
+    SUBTYPE_WAP_WMLSCRIPTC = 38,
+    SUBTYPE_WAP_WTA_EVENTC = 39,
+    SUBTYPE_WAP_UAPROF = 40,
+    SUBTYPE_WAP_WTLS_CA_CERTIFICATE = 41,
+    SUBTYPE_WAP_WTLS_USER_CERTIFICATE = 42,
+    SUBTYPE_X_X509_CA_CERT = 43,
+    SUBTYPE_X_X509_USER_CERT = 44,
+    SUBTYPE_WAP_MULTIPART_FORM_DATA = 45,
+    SUBTYPE_WAP_MULTIPART_BYTERANGES = 46,
+    SUBTYPE_WAP_MULTIPART_ALTERNATIVE = 47,
+    SUBTYPE_WAP_WBXML = 48,
+    SUBTYPE_X_X968_CROSS_CERT = 49,
+    SUBTYPE_X_X968_CA_CERT = 50,
+    SUBTYPE_X_X968_USER_CERT = 51,
+    SUBTYPE_WAP_SIC = 52,
+    SUBTYPE_WAP_SLC = 53,
+    SUBTYPE_WAP_COC = 54,
+    SUBTYPE_WAP_SIA = 55,
+    SUBTYPE_WAP_CONNECTIVITY_WBXML = 56,
+    SUBTYPE_PKCS7_MIME = 57,
+    SUBTYPE_WAP_HASHED_CERTIFICATE = 58,
+    SUBTYPE_WAP_SIGNED_CERTIFICATE = 59,
+    SUBTYPE_WAP_CERT_RESPONSE = 60,
+    SUBTYPE_XHTML_XML = 61,
+    SUBTYPE_WML_XML = 62,
+    SUBTYPE_WAP_MMS_MESSAGE = 63,
+    SUBTYPE_WAP_ROLLOVER_CERTIFICATE = 64,
+    SUBTYPE_WAP_WML_XML = 65,
+    SUBTYPE_X_WAP_WTA_WMLC = 66,
+    SUBTYPE_X_SHOCKWAVE_FLASH = 67,
+    SUBTYPE_OMA_DRM_MESSAGE = 68,
+    SUBTYPE_OMA_DRM_CONTENT = 69,
+    SUBTYPE_OMA_DRM_DCF = 70,
+    SUBTYPE_WAP_MULTIPART_RELATED = 71,
+    SUBTYPE_WAP_MULTIPART_MIXED = 72,
+    SUBTYPE_SMIL = 73,
+    SUBTYPE_JPEG = 74,
+    SUBTYPE_GIF = 75,
+    SUBTYPE_TIFF = 76,
+    SUBTYPE_PNG = 77,
+    SUBTYPE_WAP_WBMP = 78,
+    SUBTYPE_BMP = 79,
+    SUBTYPE_PJPEG = 80,
+    SUBTYPE_SVG_XML = 81,
+    SUBTYPE_BASIC = 82,
+    SUBTYPE_AMR = 83,
+    SUBTYPE_GSM_EFR = 84,
+    SUBTYPE_IMELODY = 85,
+    SUBTYPE_MIDI = 86,
+    SUBTYPE_PCMA = 87,
+    SUBTYPE_PCMU = 88,
+    SUBTYPE_X_MS_WMA = 89,
+    SUBTYPE_X_WAV = 90,
+    SUBTYPE_MP3 = 91,
+    SUBTYPE_MPEG = 92,
+    SUBTYPE_RM = 93,
+    SUBTYPE_MP4 = 94,
+    SUBTYPE_3GP = 95,
+    SUBTYPE_H263 = 96,
+    SUBTYPE_X_MS_WMV = 97,
+    SUBTYPE_JAVA_ARCHIVE = 98
+};
