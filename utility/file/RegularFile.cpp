@@ -18,7 +18,14 @@ namespace {
 int openForUpdate(const QString& path)
 {
     constexpr int kFlags = O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
-    return isFileName(path) ? open(path.toLocal8Bit().constData(), kFlags) : -1;
+    if (!isFileName(path))
+        return -1;
+    const QByteArray name = path.toLocal8Bit();
+    int descriptor = -1;
+    do
+        descriptor = open(name.constData(), kFlags);
+    while (descriptor < 0 && errno == EINTR);
+    return descriptor;
 }
 
 // The length of a regular file that an int can hold; 0 for everything else.
