@@ -1,7 +1,15 @@
 # SPDX-License-Identifier: MIT
+# A file's private names are its own, and several files use the same: a build that joins files to
+# compile faster must leave these apart.
+set(CMAKE_UNITY_BUILD OFF)
+
 # Flags that every target of this repository is built with, gathered in one interface target.
 add_library(tarvomime_flags INTERFACE)
 target_compile_features(tarvomime_flags INTERFACE cxx_std_20)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  # Files of 2 GiB are seen, and refused, as they are where a `long` has 64 bits.
+  target_compile_definitions(tarvomime_flags INTERFACE _FILE_OFFSET_BITS=64)
+endif()
 target_compile_options(tarvomime_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow)
 # __FILE__ reads "utility/EMAIL_Entity.cpp" wherever the tree was checked out, and also where a
 # compiler cache hands the compiler paths that are relative to the build folder.

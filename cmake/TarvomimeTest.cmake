@@ -20,6 +20,20 @@ function(tarvomime_add_internal_test name)
   tarvomime_register_test(${name})
 endfunction()
 
+# Leaves in `result` the path by which a program of this build is started from a script or from another
+# program: its own, or that of a script which starts the emulator for it.
+function(tarvomime_runnable target result)
+  set(path $<TARGET_FILE:${target}>)
+  if(CMAKE_CROSSCOMPILING_EMULATOR)
+    string(REPLACE ";" " " emulator "${CMAKE_CROSSCOMPILING_EMULATOR}")
+    set(starter ${CMAKE_CURRENT_BINARY_DIR}/run-${target})
+    file(GENERATE OUTPUT ${starter} CONTENT "#!/bin/sh\nexec ${emulator} ${path} \"$@\"\n"
+      FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+    set(path ${starter})
+  endif()
+  set(${result} ${path} PARENT_SCOPE)
+endfunction()
+
 function(tarvomime_register_test name)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE tarvomime_flags GTest::gmock GTest::gtest_main)

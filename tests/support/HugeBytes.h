@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <sys/mman.h>
 
 /// 4 GiB of address space without memory behind it: what is longer than the interface's sizes, for
@@ -25,7 +26,9 @@ public:
     bool isMapped() const { return mMapping != MAP_FAILED; }
     const char* data() const { return static_cast<const char*>(mMapping); }
 
-    static constexpr std::size_t length = std::size_t(1) << 32;
+    /// Nothing where addresses have 32 bits: no text can be that long there.
+    static constexpr auto length =
+        static_cast<std::size_t>(sizeof(std::size_t) > 4 ? std::uint64_t{1} << 32 : 0);
 
 private:
     void* mMapping;

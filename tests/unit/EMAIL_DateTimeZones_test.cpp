@@ -58,8 +58,10 @@ const SetRow setRows[] = {
      1036303200, 0},
     {"OneSecond", zone::utc, 1, "Thu, 1 Jan 1970 00:00:01 +0000", 1, 0},
     {"BeforeTheEpoch", zone::utc, ULONG_MAX, "Wed, 31 Dec 1969 23:59:59 +0000", ULONG_MAX, 0},
+#if ULONG_MAX > 0xFFFFFFFF // shorter times are all in the calendar
     {"BeyondEveryCalendar", zone::utc, LONG_MAX, "Thu, 1 Jan 1970 00:00:00 +0000", 0, 0},
     {"BeforeEveryCalendar", zone::utc, 1UL << 63, "Thu, 1 Jan 1970 00:00:00 +0000", 0, 0},
+#endif
 };
 
 class EMAIL_DateTimeSet : public testing::TestWithParam<SetRow>
