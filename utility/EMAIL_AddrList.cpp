@@ -3,15 +3,14 @@
 
 #include "types/AllocationCheck.h"
 #include "utility/EMAIL_Numbers.h"
-#include "utility/text/Joined.h"
+#include "utility/text/RefusedText.h"
 #include "utility/text/Tokens.h"
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace {
-
-using tarvomime::appendText;
 
 constexpr int mailboxType = 1;
 constexpr int groupType = 2;
@@ -28,7 +27,8 @@ EMAIL_Address* newAddress(int type)
 EMAIL_Address* newMailbox(const QCString& text)
 {
     EMAIL_Address* mailbox = newAddress(mailboxType);
-    mailbox->mAddresses.append(text);
+    // Room for one: a growing list would take room for more.
+    mailbox->mAddresses = {text};
     return mailbox;
 }
 
@@ -49,28 +49,44 @@ bool isWritten(const EMAIL_Address* address)
     return !address->mAddresses.isEmpty() && !address->mAddresses.first().isEmpty();
 }
 
-void appendAddress(QByteArray& out, const EMAIL_Address& address)
+template <class Take>
+void forEachPiece(const EMAIL_Address& address, Take take)
 {
     if (address.mAddrType != groupType) {
-        appendText(out, address.mAddresses.first());
+        take(address.mAddresses.first().view());
         return;
     }
-    appendText(out, address.mGroupName);
-    out.append(": ", 2);
+    take(address.mGroupName.view());
+    take(": ");
     for (const QCString& member : address.mAddresses)
-        appendText(out, member);
+        take(member.view());
+}
+
+// Hands every piece of the written list to `take`, in order.
+template <class Take>
+void forEachPiece(const QPtrList<EMAIL_Address>& list, Take take)
+{
+    bool isFirst = true;
+    for (const EMAIL_Address* address : list) {
+        if (!isWritten(address))
+            continue;
+        if (!std::exchange(isFirst, false))
+            take(",\r\n\t");
+        forEachPiece(*address, take);
+    }
 }
 
 QCString writtenList(const QPtrList<EMAIL_Address>& list)
 {
+    qint64 size = 0;
+    forEachPiece(list, [&size](std::string_view piece) { size += qint64(piece.size()); });
+    if (size > QCString::longestLength)
+        return tarvomime::refusedText();
     QByteArray body("");
-    for (const EMAIL_Address* address : list) {
-        if (!isWritten(address))
-            continue;
-        if (!body.isEmpty())
-            body.append(",\r\n\t", 4);
-        appendAddress(body, *address);
-    }
+    body.reserve(static_cast<int>(size));
+    forEachPiece(list, [&body](std::string_view piece) {
+        body.append(piece.data(), static_cast<int>(piece.size()));
+    });
     return QCString::fromBytes(body);
 }
 
@@ -97,8 +113,12 @@ EMAIL_AddrList::~EMAIL_AddrList() = default;
 
 void EMAIL_AddrList::assemble()
 {
-    if (mParsed == 1)
-        mBody = writtenList(mAddrList);
+    const QCString written = mParsed == 1 ? writtenList(mAddrList) : mBody;
+    if (tarvomime::isRefused(written)) {
+        mString = written;
+        return;
+    }
+    mBody = written;
     EMAIL_Field::assemble();
 }
 

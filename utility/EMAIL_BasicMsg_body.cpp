@@ -8,6 +8,7 @@
 #include "utility/codec/DecodedBody.h"
 #include "utility/codec/TransferEncoding.h"
 #include "utility/header/FieldNames.h"
+#include "utility/text/RefusedText.h"
 #include "utility/tree/StoredBody.h"
 
 #include <algorithm>
@@ -21,6 +22,12 @@ bool needsCharset(const QString& text)
 {
     return std::any_of(text.cbegin(), text.cend(),
                        [](QChar c) { return c.unicode() == 0 || c.unicode() > 127; });
+}
+
+// What could not be encoded is not lost in silence: the assembly fails.
+QCString textOf(const QByteArray& bytes)
+{
+    return bytes.isEmpty() ? refusedText() : QCString::fromBytes(bytes);
 }
 
 using Getter = QString (EMAIL_BasicMsg::*)(int) const;
@@ -39,6 +46,10 @@ void EMAIL_BasicMsg::setBody(const QString& text, bool encode)
 {
     if (mMessage == nullptr)
         return;
+    if (text.size() > QCString::longestLength) {
+        mMessage->mBody->setMessage(refusedText());
+        return;
+    }
     if (encode && needsCharset(text)) {
         setEncodedText(text);
         return;
@@ -65,6 +76,8 @@ void EMAIL_BasicMsg::setEncodedText(const QString& text)
         setType(TYPE_TEXT);
         setSubType(SUBTYPE_PLAIN);
     }
+    if (bytes.isEmpty() && charset != CHARSET_UTF_7)
+        mMessage->mBody->setMessage(refusedText());
     setBody(QByteArray(bytes));
 }
 
@@ -84,7 +97,7 @@ void EMAIL_BasicMsg::setBody(const QByteArray& data)
         setCTE(guessTransferEncoding(data));
     QByteArray encoded;
     encodeTransfer(data, encoded, getCTE());
-    mMessage->mBody->setMessage(QCString::fromBytes(encoded));
+    mMessage->mBody->setMessage(textOf(encoded));
 }
 
 QString EMAIL_BasicMsg::decodeBodyText(const QCString& text, int charset) const

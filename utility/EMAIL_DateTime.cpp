@@ -15,7 +15,17 @@
 
 namespace {
 
-using Tokens = QValueList<QCString>;
+// The first `N` pieces of a text, as they come; what is missing is null, and what follows is not
+// cut.
+template <std::size_t N>
+std::array<QCString, N> firstPieces(const QCString& separator, const QCString& text)
+{
+    std::array<QCString, N> pieces;
+    tarvomime::PieceReader reader(separator, text, true);
+    for (QCString& piece : pieces)
+        piece = reader.take().value_or(QCString());
+    return pieces;
+}
 
 constexpr std::array dayNames{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
 constexpr std::array monthNames{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -69,11 +79,6 @@ int dayOfWeek(const QCString& text, int stop)
     return indexOfName(dayNames, text.mid(stopOfSearch(text, mayBeginDayName), 3));
 }
 
-QCString tokenAt(const Tokens& tokens, int index)
-{
-    return index < tokens.size() ? tokens.at(index) : QCString();
-}
-
 int numberOr(int fallback, const QCString& text)
 {
     bool ok = false;
@@ -91,10 +96,10 @@ int yearsSince1900(const QCString& text)
 
 void readClock(const QCString& text, struct tm& time)
 {
-    const Tokens pieces = tarvomime::splitAtEvery(QCString::fromLiteral(":"), text, true);
-    time.tm_hour = numberOr(12, tokenAt(pieces, 0));
-    time.tm_min = numberOr(0, tokenAt(pieces, 1));
-    time.tm_sec = pieces.size() == 3 ? numberOr(0, tokenAt(pieces, 2)) : 0;
+    const auto pieces = firstPieces<4>(QCString::fromLiteral(":"), text);
+    time.tm_hour = numberOr(12, pieces[0]);
+    time.tm_min = numberOr(0, pieces[1]);
+    time.tm_sec = pieces[3].isNull() ? numberOr(0, pieces[2]) : 0;
 }
 
 } // namespace
@@ -133,14 +138,14 @@ void EMAIL_DateTime::parse()
     // Never empty: without any digit it is the last character.
     const int stop = stopOfSearch(mBody, tarvomime::isDigit);
     const QCString date = mBody.right(mBody.length() - stop + 1);
-    const Tokens tokens = tarvomime::splitAtEvery(QCString::fromLiteral(" "), date, true);
+    const auto tokens = firstPieces<5>(QCString::fromLiteral(" "), date);
 
-    mTime.tm_mday = numberOr(1, tokenAt(tokens, 0));
-    mTime.tm_mon = indexOfName(monthNames, tokenAt(tokens, 1));
-    mTime.tm_year = yearsSince1900(tokenAt(tokens, 2));
-    readClock(tokenAt(tokens, 3), mTime);
+    mTime.tm_mday = numberOr(1, tokens[0]);
+    mTime.tm_mon = indexOfName(monthNames, tokens[1]);
+    mTime.tm_year = yearsSince1900(tokens[2]);
+    readClock(tokens[3], mTime);
     mTime.tm_wday = dayOfWeek(mBody, stop);
-    const QCString zone = tokenAt(tokens, 4).lower();
+    const QCString zone = tokens[4].lower();
     if (!zone.isEmpty())
         mZone = tarvomime::zoneOffset(zone);
     mParsed = 1;

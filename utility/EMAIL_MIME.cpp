@@ -12,6 +12,7 @@
 #include "utility/EMAIL_MultiPart.h"
 #include "utility/codec/MediaTypes.h"
 #include "utility/file/MappedFile.h"
+#include "utility/text/RefusedText.h"
 
 #include <memory>
 #include <new>
@@ -30,7 +31,10 @@ bool isContainerPart(const EMAIL_MultiPart& part)
 void copyBody(const EMAIL_MultiPart& part, EMAIL_Body& body)
 {
     if (part.isInMemory())
-        body.setMessage(QCString::fromBytes(part.mBodyData));
+        // Bytes that could not be encoded are not lost in silence: the assembly fails.
+        body.setMessage(part.mBodyData.isEmpty() && part.mBodyLength > 0
+                            ? refusedText()
+                            : QCString::fromBytes(part.mBodyData));
     else
         body.setBodyInfo(part.mBodyFile, part.mBodyOffset, part.mBodyLength, part.mEncoded);
 }

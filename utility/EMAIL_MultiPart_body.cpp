@@ -5,8 +5,6 @@
 #include "utility/codec/DecodedBody.h"
 #include "utility/codec/TransferEncoding.h"
 
-#include <limits>
-
 using namespace tarvomime;
 
 namespace {
@@ -26,7 +24,7 @@ BodyBytes storedBytes(const EMAIL_MultiPart& part)
 /// Sizes are `int` in the interface; a body that is longer counts as empty.
 bool isTooLong(const QByteArray& data)
 {
-    return data.size() > std::numeric_limits<int>::max();
+    return data.size() > QCString::longestLength;
 }
 
 } // namespace
@@ -60,7 +58,7 @@ void EMAIL_MultiPart::setBody(const QString& text, bool useCharset)
         if (!canEncodeByCharset(text, mCharset))
             mCharset = CHARSET_UTF_8;
         encodeWithCharset(bytes, text, mCharset);
-    } else {
+    } else if (text.size() <= QCString::longestLength) {
         bytes = text.toLatin1();
     }
     const int end = bytes.find('\0');

@@ -12,7 +12,10 @@
 
 class QFile;
 
-/// Stateless operations on wire text that every other class builds on. Nothing here throws.
+/// Stateless operations on wire text that every other class builds on. Nothing here throws, but
+/// that the string types may do it for a list of pieces: a text for which there is no memory, or
+/// that would be longer than `QCString::longestLength`, becomes empty, with -1, 0 or `false` as the
+/// result where there is one.
 class TARVOMIME_EXPORT EMAIL_Util
 {
 public:
@@ -132,9 +135,9 @@ public:
     ///
     /// 1. `CHARSET_US_ASCII` and `CHARSET_UTF_7` hold all of Latin-1: they share its codec.
     static bool canEncodeByCharset(QString const& text, int cs);
-    /// Sets `out` to the text of `len` bytes of UTF-7 (RFC 2152); false, with `out` left alone,
-    /// only for no bytes. An 8-bit byte gives a replacement character and ends a shifted run; bits
-    /// left over at a run's end are dropped.
+    /// Sets `out` to the text of `len` bytes of UTF-7 (RFC 2152); false for no bytes, with `out`
+    /// left alone, or for too many. An 8-bit byte gives a replacement character and ends a shifted
+    /// run; bits left over at a run's end are dropped.
     static bool UTF7ToUCS2(char const* data, unsigned int len, QString& out);
 
     // Encoded words (RFC 2047), "=?charset?B?...?=". Writing always uses the B form; reading never
@@ -154,8 +157,8 @@ public:
     static void encode_2047_String_Aux(QString const& text, int cs, int form, QCString& out);
     /// Sets `out` to the wire form of a list of addresses, split at every ",", quoted or not: what
     /// stands before the last "<" of an item becomes words, the rest bytes of the charset. An item
-    /// without "<", or with nothing before it, becomes bytes as a whole. A list without items
-    /// leaves `out` alone.
+    /// without "<", or with nothing before it, becomes bytes as a whole. Name and bytes end at a
+    /// U+0000. A list without items leaves `out` alone.
     static void encode_2047_Address(QString const& text, int cs, QCString& out);
     /// Appends the text of a field body with words to `out`, its line ends and the white space
     /// behind each word dropped; text beside words is Latin-1. A body without words replaces `out`

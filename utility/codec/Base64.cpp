@@ -232,7 +232,8 @@ std::size_t encodedLength(unsigned long length, bool breakLines)
 
 QByteArray encodeBase64(const char* data, unsigned long length, bool breakLines)
 {
-    if (data == nullptr || length > kLongestInput)
+    // Nothing of what would become too long is looked at, and its length could wrap round.
+    if (data == nullptr || length > static_cast<unsigned long>(QCString::longestLength))
         return {};
     return runInMemory(Base64Encoder(breakLines), BodyBytes(std::string_view(data, length)),
                        encodedLength(length, breakLines))

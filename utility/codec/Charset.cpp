@@ -5,12 +5,15 @@
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/SingleByteCharset.h"
 #include "utility/codec/Utf7.h"
+#include "utility/codec/WordChunks.h"
+#include "utility/text/Room.h"
 #include "utility/text/Utf16Buffer.h"
 
 #include <QTextCodec>
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <numeric>
 
 namespace tarvomime {
 
@@ -24,6 +27,30 @@ CodecTable findCodecs()
     for (int charset = 0; charset < kCharsetCount; ++charset)
         codecs[static_cast<std::size_t>(charset)] = QTextCodec::codecForName(codecName(charset));
     return codecs;
+}
+
+// A codec of the platform reckons its room in int, four bytes for each unit.
+constexpr int longestForCodec = QCString::longestLength / 4;
+// The string type asks for three, in the type of an array's sizes.
+constexpr bool hasLongArrays = sizeof(QByteArray().size()) > sizeof(int);
+
+qint64 utf8Size(const QString& text)
+{
+    return std::accumulate(text.cbegin(), text.cend(), qint64{0},
+                           [](qint64 sum, QChar unit) { return sum + utf8Length(unit); });
+}
+
+// Whether `text` in `charset` is no text any more, or cannot be reckoned with. Only what is very
+// long is looked at.
+bool mayBecomeTooLong(const QString& text, int charset)
+{
+    if (text.size() <= longestForCodec)
+        return false;
+    if (text.size() > QCString::longestLength)
+        return true;
+    if (charset == CHARSET_UTF_8)
+        return !hasLongArrays || utf8Size(text) > QCString::longestLength || !text.isValidUtf16();
+    return SingleByteCharset::of(charset) == nullptr;
 }
 
 // UTF-7 shares the codec of ISO 8859-1 but is not read by it.
@@ -41,8 +68,10 @@ QTextCodec* codecOf(int charset)
     return codecs[static_cast<std::size_t>(knownCharset(charset))];
 }
 
-QByteArray bytesInCharset(const QString& text, int charset)
+std::optional<QByteArray> bytesInCharset(const QString& text, int charset)
 {
+    if (mayBecomeTooLong(text, charset))
+        return std::nullopt;
     // The string type's own conversion is faster, and differs for broken text only.
     if (charset == CHARSET_UTF_8 && text.isValidUtf16())
         return text.toUtf8();
@@ -60,8 +89,11 @@ QByteArray bytesThroughCodec(const QString& text, const QTextCodec* codec)
 
 void encodeWithCharset(QCString& out, const QString& text, int charset)
 {
-    if (charset != CHARSET_UTF_7)
-        out = QCString::fromBytes(bytesInCharset(text, charset));
+    if (charset == CHARSET_UTF_7)
+        return;
+    std::optional<QByteArray> bytes;
+    hasMemoryFor([&] { bytes = bytesInCharset(text, charset); });
+    out = bytes ? QCString::fromBytes(*bytes) : QCString::fromLiteral("");
 }
 
 void encodeThroughCodec(QCString& out, const QString& text, int charset, const QTextCodec* codec)
@@ -72,13 +104,18 @@ void encodeThroughCodec(QCString& out, const QString& text, int charset, const Q
 
 void decodeFromCharset(std::string_view bytes, QString& out, int charset)
 {
-    const SingleByteCharset* table = readingTable(charset);
-    if (table == nullptr || bytes.empty()) {
-        decodeThroughCodec(bytes, out, charset, codecOf(charset));
-        return;
-    }
-    out = QString(static_cast<int>(bytes.size()), Qt::Uninitialized);
-    table->decode(bytes, reinterpret_cast<ushort*>(out.data()));
+    // No charset has more units than bytes.
+    const bool isHeld = bytes.size() <= std::size_t{QCString::longestLength} && hasMemoryFor([&] {
+                            const SingleByteCharset* table = readingTable(charset);
+                            if (table == nullptr || bytes.empty()) {
+                                decodeThroughCodec(bytes, out, charset, codecOf(charset));
+                                return;
+                            }
+                            out = QString(static_cast<int>(bytes.size()), Qt::Uninitialized);
+                            table->decode(bytes, reinterpret_cast<ushort*>(out.data()));
+                        });
+    if (!isHeld)
+        out = QString();
 }
 
 void appendFromCharset(std::string_view bytes, int charset, Utf16Buffer& out)
@@ -113,12 +150,17 @@ void decodeThroughCodec(std::string_view bytes, QString& out, int charset, const
 
 bool canEncodeByCharset(const QString& text, int charset)
 {
+    if (charset == CHARSET_UTF_8)
+        return true;
     QByteArray bytes;
-    return charset == CHARSET_UTF_8 || encodeIfHeld(bytes, text, charset);
+    bool isHeld = false;
+    return hasMemoryFor([&] { isHeld = encodeIfHeld(bytes, text, charset); }) && isHeld;
 }
 
 bool encodeIfHeld(QByteArray& bytes, const QString& text, int charset)
 {
+    if (mayBecomeTooLong(text, charset))
+        return false;
     const SingleByteCharset* table = SingleByteCharset::of(charset);
     if (table == nullptr || charset == CHARSET_UNKNOWN)
         return encodeIfHeldThroughCodec(bytes, text, charset, codecOf(charset));

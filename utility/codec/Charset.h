@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QString>
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 class QTextCodec;
@@ -14,7 +15,8 @@ class QTextCodec;
 /// `EMAIL_Util::encWithCharset`, `decFromCharset` and `canEncodeByCharset`.
 ///
 /// Each operation has a plain twin (`...ThroughCodec`) that is told the codec, null standing for a
-/// platform that lacks it; the others take a table in its place where both give the same.
+/// platform that lacks it; the others take a table in its place where both give the same, and where
+/// memory is short, or the text would be too long, they give an empty text.
 namespace tarvomime {
 
 class Utf16Buffer;
@@ -23,8 +25,8 @@ class Utf16Buffer;
 QTextCodec* codecOf(int charset);
 
 /// The bytes that the charset's codec gives for `text`, U+0000 included; its Latin-1 form when
-/// there is no codec.
-QByteArray bytesInCharset(const QString& text, int charset);
+/// there is no codec. Nothing when they could be too many for a text.
+std::optional<QByteArray> bytesInCharset(const QString& text, int charset);
 QByteArray bytesThroughCodec(const QString& text, const QTextCodec* codec);
 
 void encodeWithCharset(QCString& out, const QString& text, int charset);

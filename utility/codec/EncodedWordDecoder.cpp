@@ -8,6 +8,7 @@
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/QuotedPrintable.h"
 #include "utility/file/Pump.h"
+#include "utility/text/Room.h"
 #include "utility/text/Utf16Buffer.h"
 
 #include <QVarLengthArray>
@@ -43,10 +44,12 @@ bool hasUnderscoreInEscape(std::string_view payload)
 QByteArray withSpaces(std::string_view payload)
 {
     QByteArray result(payload.data(), static_cast<int>(payload.size()));
-    if (hasUnderscoreInEscape(payload))
+    if (!hasUnderscoreInEscape(payload))
+        std::replace(result.begin(), result.end(), '_', ' ');
+    else if (result.size() + 2 * qint64{result.count('_')} <= QCString::longestLength)
         result.replace("_", "=20");
     else
-        std::replace(result.begin(), result.end(), '_', ' ');
+        result.clear();
     return result;
 }
 
@@ -187,8 +190,11 @@ void decodeWords(std::string_view body, QString& out, int charset)
         return;
     }
     Utf16Buffer units;
-    appendBody(body, units);
-    out.append(units.data(), units.size());
+    const bool isHeld = hasMemoryFor([&] { appendBody(body, units); }) &&
+                        out.size() <= QCString::longestLength - units.size() &&
+                        hasMemoryFor([&] { out.append(units.data(), units.size()); });
+    if (!isHeld)
+        out = QString();
 }
 
 void decodeWord(std::string_view word, QString& out, int charset)
@@ -201,8 +207,12 @@ void decodeWord(std::string_view word, QString& out, int charset)
         return;
     }
     Utf16Buffer units;
-    if (appendWord(word, start, units))
-        out = units.toString();
+    const auto take = [&] {
+        if (appendWord(word, start, units))
+            out = units.toString();
+    };
+    if (!hasMemoryFor(take))
+        out = QString();
 }
 
 } // namespace tarvomime

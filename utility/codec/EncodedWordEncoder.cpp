@@ -7,10 +7,13 @@
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/QuotedPrintable.h"
 #include "utility/codec/WordChunks.h"
+#include "utility/text/Joined.h"
+#include "utility/text/RefusedText.h"
+#include "utility/text/Room.h"
 
-#include <QStringList>
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 
 namespace tarvomime {
 
@@ -52,9 +55,11 @@ public:
     {
     }
 
-    QByteArray write()
+    /// Nothing when the words could be too long for a text.
+    std::optional<QByteArray> write()
     {
-        reserveForAll();
+        if (!reserveForAll())
+            return std::nullopt;
         if (fits(mBytes))
             writeWord(mBytes, static_cast<int>(mText.length()));
         else if (mCharset == CHARSET_UTF_8 && mText.isValidUtf16())
@@ -113,7 +118,8 @@ private:
             position += chunkLength(mText, position, [&](int candidate) {
                 if (candidate > certainlyTooLong)
                     return false;
-                bytes = bytesInCharset(mText.mid(position, candidate), mCharset);
+                bytes =
+                    bytesInCharset(mText.mid(position, candidate), mCharset).value_or(QByteArray());
                 return fits(viewOf(bytes));
             });
             writeWord(viewOf(bytes), position);
@@ -121,12 +127,16 @@ private:
     }
 
     // Halving leaves words that are at least half full, but for the last one.
-    void reserveForAll()
+    bool reserveForAll()
     {
-        const int size = static_cast<int>(mBytes.size());
-        const int words = fits(mBytes) ? 1 : 2 * size / mLongestBytes + 1;
-        const int frame = static_cast<int>(mName.size()) + 10;
-        mWords.reserve((size + 2) / 3 * 4 + words * (frame + 2));
+        const auto size = static_cast<qint64>(mBytes.size());
+        const qint64 words = fits(mBytes) ? 1 : 2 * size / mLongestBytes + 1;
+        const auto frame = static_cast<qint64>(mName.size()) + 12;
+        const qint64 all = (size + 2) / 3 * 4 + words * frame;
+        if (all > QCString::longestLength)
+            return false;
+        mWords.reserve(static_cast<int>(all));
+        return true;
     }
 
     // `end` is where the word's text ends.
@@ -147,15 +157,55 @@ private:
     QByteArray mWords;
 };
 
+// `text` as words; as it stands, up to a NUL, when it needs none.
+std::optional<QCString> wordsOf(const QString& text, int charset)
+{
+    if (!needsWords(text))
+        return QCString(text.toLatin1());
+    // The bytes that tell whether the charset holds the text serve its words too.
+    QByteArray held;
+    const bool isHeld = charset != CHARSET_UTF_8 && encodeIfHeld(held, text, charset);
+    const int used = charsetOfWords(isHeld ? charset : int{CHARSET_UTF_8});
+    const auto bytes = isHeld && used == charset ? held : bytesInCharset(text, used);
+    const auto words = bytes ? WordWriter(text, used, *bytes).write() : std::nullopt;
+    return words ? std::optional(QCString::fromBytes(*words)) : std::nullopt;
+}
+
 // Behind the last "<" stands the address, which holds no words; an item without a name before it
 // is taken as it is.
-QCString encodeAddress(const QString& item, int charset)
+//
+// 1. Name and address each end at a NUL, like every value of a header.
+std::optional<QCString> encodedAddress(const QString& item, int charset)
 {
     const int addressStart = std::max(0, static_cast<int>(item.lastIndexOf(QLatin1Char('<'))));
-    QCString result;
-    if (addressStart > 0)
-        encodeWords(item.left(addressStart), charset, result);
-    return result.append(QCString::fromBytes(bytesInCharset(item.mid(addressStart), charset)));
+    const auto name = addressStart > 0 ? wordsOf(item.left(addressStart), charset) : QCString();
+    const auto address = bytesInCharset(item.mid(addressStart), charset);
+    if (!name || !address)
+        return std::nullopt;
+    return joined({name->view(), QCString(*address).view()});
+}
+
+// The items of `text`, empty ones left out, each as `encodedAddress` gives it; nothing without
+// items.
+std::optional<QCString> encodedList(const QString& text, int charset)
+{
+    QCString list;
+    const auto length = static_cast<int>(text.size());
+    for (int start = 0, end = 0; start < length; start = end + 1) {
+        end = static_cast<int>(text.indexOf(QLatin1Char(','), start));
+        end = end < 0 ? length : end;
+        if (end == start)
+            continue;
+        const auto item = encodedAddress(text.mid(start, end - start), charset);
+        // A sum that is too long would become an empty text, and what follows stand alone.
+        if (!item || isRefused(*item) || item->length() >= QCString::longestLength - list.length())
+            return std::nullopt;
+        if (list.isNull())
+            list = *item;
+        else
+            list.append(',').append(*item);
+    }
+    return list;
 }
 
 } // namespace
@@ -178,30 +228,27 @@ void encodePayload(const QString& text, int charset, int form, QCString& out)
 
 void encodeWords(const QString& text, int charset, QCString& out)
 {
-    if (!needsWords(text)) {
-        out = QCString(text.toLatin1());
-        return;
-    }
-    // The bytes that tell whether the charset holds the text serve its words too.
-    QByteArray bytes;
-    const bool held = charset != CHARSET_UTF_8 && encodeIfHeld(bytes, text, charset);
-    const int used = charsetOfWords(held ? charset : int{CHARSET_UTF_8});
-    if (!held || used != charset)
-        bytes = bytesInCharset(text, used);
-    out.append(QCString::fromBytes(WordWriter(text, used, bytes).write()));
+    std::optional<QCString> words;
+    const bool isHeld = text.size() <= QCString::longestLength &&
+                        hasMemoryFor([&] { words = wordsOf(text, charset); }) && words.has_value();
+    if (!isHeld)
+        out = QCString::fromLiteral("");
+    else if (needsWords(text))
+        out.append(*words);
+    else
+        out = *words;
 }
 
 void encodeAddresses(const QString& text, int charset, QCString& out)
 {
-    const QStringList items = text.split(QLatin1Char(','), Qt::SkipEmptyParts);
-    if (items.isEmpty())
-        return;
-    QCString list = encodeAddress(items.first(), charset);
-    for (int i = 1; i < items.size(); ++i) {
-        list.append(',');
-        list.append(encodeAddress(items.at(i), charset));
-    }
-    out = list;
+    std::optional<QCString> list;
+    const bool isHeld = text.size() <= QCString::longestLength &&
+                        hasMemoryFor([&] { list = encodedList(text, charset); }) &&
+                        list.has_value();
+    if (!isHeld)
+        out = QCString::fromLiteral("");
+    else if (!list->isNull())
+        out = *list;
 }
 
 } // namespace tarvomime

@@ -12,7 +12,8 @@ namespace tarvomime {
 bool needsWords(const QString& text);
 /// Sets `out` to the payload of `text` in `charset`, `form` being a transfer encoding.
 void encodePayload(const QString& text, int charset, int form, QCString& out);
-/// Appends `text` as words to `out`; a text that needs none replaces `out`.
+/// Appends `text` as words to `out`; a text that needs none replaces `out`. Where memory is short,
+/// or the words would be too long, `out` becomes empty; so it does in the list below.
 void encodeWords(const QString& text, int charset, QCString& out);
 /// Sets `out` to the wire form of a comma-separated address list.
 void encodeAddresses(const QString& text, int charset, QCString& out);

@@ -4,6 +4,7 @@
 #include "utility/EMAIL_Numbers.h"
 
 #include <QLatin1String>
+#include <QStringView>
 #include <array>
 
 namespace tarvomime {
@@ -71,10 +72,16 @@ constexpr std::array<ExtensionRow, 14> writtenRows = {{
     {"html", TYPE_TEXT, SUBTYPE_HTML},
 }};
 
+constexpr int longestExtension = 8;
+
 QString lastExtension(const QString& fileName)
 {
     const auto dot = fileName.lastIndexOf(QLatin1Char('.'));
-    return dot < 0 ? QString() : fileName.mid(dot + 1).toLower().trimmed();
+    if (dot < 0)
+        return {};
+    // Blanks apart, of a text of any length no more is copied than could be known.
+    const QStringView extension = QStringView(fileName).mid(dot + 1).trimmed();
+    return extension.size() > longestExtension ? QString() : extension.toString().toLower();
 }
 
 } // namespace

@@ -195,14 +195,10 @@ private:
     std::string_view mRest;
 };
 
-// Nothing of a longer input is looked at before there is room for its encoding.
-constexpr unsigned long kLongestCounted = 1UL << 31;
-
 // The exact number of columns, and a soft break for each 69 of them at most, and CR LF.
-std::size_t longestEncoding(const char* data, unsigned long length, bool breakLines)
+quint64 longestEncoding(const char* data, unsigned long length, bool breakLines)
 {
-    const std::size_t escapes = length > kLongestCounted ? length : countQpEscapes(data, length);
-    const std::size_t columns = length + 2 * escapes;
+    const quint64 columns = length + 2 * quint64{countQpEscapes(data, length)};
     return columns + (breakLines ? columns / (kQpLastColumn + 1) * kQpSoftBreak.size() + 2 : 0);
 }
 
@@ -210,7 +206,8 @@ std::size_t longestEncoding(const char* data, unsigned long length, bool breakLi
 
 QByteArray encodeQp(const char* data, unsigned long length, bool breakLines)
 {
-    if (data == nullptr || length > kLongestInput)
+    // Nothing of what would become too long is looked at.
+    if (data == nullptr || length > static_cast<unsigned long>(QCString::longestLength))
         return {};
     return runInMemory(QpEncoder(breakLines), BodyBytes(std::string_view(data, length)),
                        longestEncoding(data, length, breakLines))

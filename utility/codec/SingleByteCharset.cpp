@@ -3,11 +3,13 @@
 
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"
+#include "utility/text/Room.h"
 
 #include <QTextCodec>
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
+#include <utility>
 
 namespace tarvomime {
 
@@ -75,7 +77,10 @@ void SingleByteCharset::decode(std::string_view bytes, ushort* out) const
 
 bool SingleByteCharset::encode(const QString& text, QByteArray& bytes) const
 {
-    bytes = QByteArray(static_cast<int>(text.size()), Qt::Uninitialized);
+    auto room = roomFor<QByteArray>(static_cast<quint64>(text.size()));
+    if (!room)
+        return false;
+    bytes = *std::move(room);
     char* next = bytes.data();
     for (const QChar unit : text) {
         const short byte = mPages[mPageOf[unit.row()]][unit.cell()];

@@ -27,7 +27,7 @@ public:
     /// Writes what the codec's decoder gives, one unit for each byte, to `out`.
     void decode(std::string_view bytes, ushort* out) const;
     /// Sets `bytes` to what the codec gives; false, with nothing to be read from `bytes`, when some
-    /// unit of `text` does not come back from the bytes it is written as.
+    /// unit of `text` does not come back from the bytes it is written as, or there is no room.
     bool encode(const QString& text, QByteArray& bytes) const;
 
 private:

@@ -5,6 +5,7 @@
 #include "utility/codec/QuotedPrintable.h"
 #include "utility/codec/QuotedPrintableStretch.h"
 #include "utility/file/BlockWriter.h"
+#include "utility/text/Room.h"
 
 #include <algorithm>
 #include <array>
@@ -97,7 +98,7 @@ void encodeTransfer(const QByteArray& in, QByteArray& out, int encoding)
     else if (encoding == CTE_BASE64)
         out = encodeBase64(in.constData(), length, true);
     else
-        out = QByteArray(in.constData(), in.size());
+        out = copyOf({in.constData(), static_cast<std::size_t>(in.size())});
 }
 
 int encodeTransfer(const BodyBytes& in, QFile* file, int encoding)

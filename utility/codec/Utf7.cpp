@@ -2,8 +2,10 @@
 #include "utility/codec/Utf7.h"
 
 #include "utility/codec/Base64Tables.h"
+#include "utility/text/Room.h"
 
 #include <cstddef>
+#include <utility>
 
 namespace tarvomime {
 
@@ -96,12 +98,16 @@ bool utf7ToUnicode(std::string_view bytes, QString& out)
 {
     if (bytes.empty())
         return false;
-    QString text(static_cast<int>(bytes.size()), Qt::Uninitialized);
-    Utf7Decoder decoder(text.data());
+    auto text = roomFor<QString>(bytes.size());
+    if (!text) {
+        out = QString();
+        return false;
+    }
+    Utf7Decoder decoder(text->data());
     for (const char byte : bytes)
         decoder.take(static_cast<unsigned char>(byte));
-    text.truncate(decoder.end() - text.constData());
-    out = text;
+    text->truncate(decoder.end() - text->constData());
+    out = *std::move(text);
     return true;
 }
 

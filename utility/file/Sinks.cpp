@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "utility/file/Sinks.h"
 
+#include "utility/text/Room.h"
+
 #include <QFile>
 #include <cstdint>
-#include <limits>
-#include <new>
 #include <sys/mman.h>
 #include <utility>
 
 namespace tarvomime {
 
 namespace {
-
-using ArraySize = decltype(QByteArray().size());
-
-// Room for the terminator and for the array's own head.
-constexpr std::size_t kLongestArray = std::numeric_limits<ArraySize>::max() - 64;
 
 // A page touched for the first time costs more than filling it: ask for large ones.
 void preferHugePages([[maybe_unused]] char* start, [[maybe_unused]] std::size_t length)
@@ -41,19 +36,14 @@ MemorySink::MemorySink(QByteArray array)
 
 std::optional<MemorySink> MemorySink::withCapacity(std::size_t capacity)
 {
-    if (capacity > kLongestArray)
-        return std::nullopt;
-    try {
-        // One byte more, so that the limit lies past the last one.
-        return MemorySink(QByteArray(static_cast<ArraySize>(capacity + 1), Qt::Uninitialized));
-    } catch (const std::bad_alloc&) {
-        return std::nullopt;
-    }
+    // One byte more, so that the limit lies past the last one.
+    auto room = roomFor<QByteArray>(capacity, 1);
+    return room ? std::optional(MemorySink(*std::move(room))) : std::nullopt;
 }
 
 QByteArray MemorySink::takeResult()
 {
-    mArray.resize(static_cast<ArraySize>(mNext - mStart));
+    mArray.resize(static_cast<int>(mNext - mStart));
     return std::move(mArray);
 }
 

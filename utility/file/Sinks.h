@@ -20,8 +20,8 @@ constexpr std::size_t kLongestEnd = 8;
 class MemorySink
 {
 public:
-    /// Room for `capacity` bytes; nothing when there is no memory for them or an array cannot be
-    /// that long.
+    /// Room for `capacity` bytes; nothing when there is no memory for them or no text may be that
+    /// long.
     static std::optional<MemorySink> withCapacity(std::size_t capacity);
 
     char* next() const { return mNext; }

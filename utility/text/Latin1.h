@@ -9,9 +9,10 @@
 /// byte.
 namespace tarvomime {
 
+/// Up to the first NUL; null when the text is too long.
 inline QCString toLatin1(const QString& text)
 {
-    return QCString(text.toLatin1());
+    return text.size() > QCString::longestLength ? QCString() : QCString(text.toLatin1());
 }
 
 inline QString fromLatin1(const QCString& text)

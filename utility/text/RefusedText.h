@@ -9,7 +9,8 @@ namespace tarvomime {
 /// long. It is empty, so that nothing is written of it, and known by where its bytes lie: whoever
 /// writes the texts of components asks `isRefused` first and gives the whole up.
 ///
-/// A field leaves it as its line, a header as its text when one of its fields did.
+/// A field leaves it as its line, a header as its text when one of its fields did; a body holds it
+/// where what it was given could not be encoded.
 QCString refusedText();
 bool isRefused(const QCString& text);
 

@@ -55,7 +55,7 @@ std::optional<std::string_view> MemoryAssembly::writeHeader(EMAIL_Header& header
 
 bool MemoryAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header&)
 {
-    return write(body.mString.view());
+    return !isRefused(body.mString) && write(body.mString.view());
 }
 
 void MemoryAssembly::handOut(EMAIL_BaseComponent& component, qint64 start)
@@ -128,7 +128,7 @@ std::optional<std::string_view> FileAssembly::writeHeader(EMAIL_Header& header)
 bool FileAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header& header)
 {
     if (body.mInMemory)
-        return write(body.mString.view());
+        return !isRefused(body.mString) && write(body.mString.view());
     return body.mLength == 0 || writeFileBody(body, header);
 }
 

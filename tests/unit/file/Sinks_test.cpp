@@ -57,8 +57,6 @@ TEST(EncodersWithoutRoom, GiveNothing)
     for (const bool breakLines : {false, true}) {
         EXPECT_EQ(tarvomime::encodeBase64("abc", kTooLong, breakLines), "");
         EXPECT_EQ(tarvomime::encodeQp("abc", kTooLong, breakLines), "");
-        EXPECT_EQ(tarvomime::encodeBase64("abc", tarvomime::kLongestInput, breakLines), "");
-        EXPECT_EQ(tarvomime::encodeQp("abc", tarvomime::kLongestInput, breakLines), "");
     }
 }
 
