@@ -370,8 +370,9 @@ TEST_P(Sizes, AreRefusedWithTheNeutralResult)
     if (!huge().areMapped())
         GTEST_SKIP() << "no address space";
     for (const qint64 size : kSizes) {
-        if (size >= GetParam().first && size <= GetParam().last)
+        if (size >= GetParam().first && size <= GetParam().last) {
             EXPECT_TRUE(GetParam().isNeutral(size)) << size;
+        }
     }
 }
 

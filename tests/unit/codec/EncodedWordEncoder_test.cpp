@@ -328,6 +328,15 @@ TEST(EncodedWordEncoder, AHundredAndSixtyThousandLetters)
     EXPECT_EQ(left, 0);
 }
 
+TEST(EncodedWordEncoder, AddressesEndAtNul)
+{
+    const QString text = QStringLiteral("a") + QChar(0) + QStringLiteral("b");
+    EXPECT_EQ(addresses(text, 2), "a");
+    EXPECT_EQ(addresses(text, 13), "a");
+    EXPECT_EQ(addresses(text + ",c", 2), "a,c") << "the item, not the list";
+    EXPECT_EQ(addresses("n <" + text + ">", 2), "n <a");
+}
+
 TEST(EncodedWordEncoder, Addresses)
 {
     struct Row

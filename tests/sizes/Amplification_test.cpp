@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+// What a short text may make of itself in memory: eight times its bytes and one MiB, beside the
+// objects that stand for its addresses and parameters.
+#include "tests/faults/CountingNew.h"
+#include "utility/EMAIL_AddrList.h"
+#include "utility/EMAIL_ContentType.h"
+#include "utility/EMAIL_DateTime.h"
+#include "utility/EMAIL_DispositionType.h"
+#include "utility/EMAIL_Header.h"
+
+#include <functional>
+
+namespace {
+
+constexpr long kPerEntry = 150;
+constexpr long kMegabyte = 1L << 20;
+
+struct Row
+{
+    const char* name;
+    QByteArray line;
+    // Addresses or parameters.
+    long entries;
+    std::function<void(EMAIL_Header&)> read;
+};
+
+void PrintTo(const Row& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class Amplification : public testing::TestWithParam<Row>
+{
+};
+
+QByteArray repeated(const char* start, const char* piece, int count)
+{
+    return start + QByteArray(piece).repeated(count);
+}
+
+QByteArray numbered(const QByteArray& start, int count, const char* end)
+{
+    QByteArray text = start;
+    for (int i = 0; i < count; ++i)
+        text += ';' + QByteArray::number(i) + end;
+    return text;
+}
+
+void readDate(EMAIL_Header& header)
+{
+    header.getDate()->getTime();
+}
+
+void readType(EMAIL_Header& header)
+{
+    QCString name;
+    header.getContentType()->getName(name);
+}
+
+void readDisposition(EMAIL_Header& header)
+{
+    header.getContentDisposition()->getFileName();
+}
+
+void readTo(EMAIL_Header& header)
+{
+    header.getTo();
+}
+
+} // namespace
+
+TEST_P(Amplification, OfReadingAndWritingAField)
+{
+    const QCString text(GetParam().line + "\r\n");
+    EMAIL_Header header(text, nullptr);
+    header.parse();
+    const long limit = 8L * text.length() + kMegabyte + GetParam().entries * kPerEntry;
+    resetPeak();
+    GetParam().read(header);
+    EXPECT_LE(peakBytes(), limit) << "reading";
+    resetPeak();
+    header.assemble();
+    EXPECT_LE(peakBytes(), limit) << "assembling";
+}
+
+constexpr int kMillion = 1000000;
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, Amplification,
+    testing::Values(
+        Row{"date of a million numbers", repeated("Date:", " 1", kMillion), 0, readDate},
+        Row{"clock of a million numbers", repeated("Date: 1 Jan 2002 1", ":1", kMillion), 0,
+            readDate},
+        Row{"parameters of a million pieces", repeated("Content-Type: a/b", ";c", kMillion), 1,
+            readType},
+        Row{"parameters of a million empty pieces", repeated("Content-Type: a/b", ";", kMillion), 1,
+            readType},
+        Row{"a million parameters", numbered("Content-Type: a/b", kMillion, "=1"), kMillion,
+            readType},
+        Row{"a million bare names", numbered("Content-Type: a/b;v=long", kMillion, ""),
+            kMillion + 1, readType},
+        Row{"bare names that share a long value",
+            numbered("Content-Type: a/b;v=" + QByteArray(102400, 'x'), 21000, ""), 21001, readType},
+        Row{"disposition of a million pieces", repeated("Content-Disposition: a", ";b=c", kMillion),
+            0, readDisposition},
+        Row{"a million addresses", repeated("To: a", ",a", kMillion), kMillion + 1, readTo},
+        Row{"a million empty addresses", repeated("To: a", ",", kMillion), kMillion, readTo},
+        Row{"a million members of a group", repeated("To: a:b", ",b", kMillion), kMillion + 1,
+            readTo}));
