@@ -11,7 +11,6 @@
 #include "utility/header/FieldNames.h"
 #include "utility/text/Latin1.h"
 
-#include <limits>
 #include <new>
 
 using namespace tarvomime;
@@ -25,7 +24,7 @@ EMAIL_BasicMsg::EMAIL_BasicMsg()
 EMAIL_BasicMsg::EMAIL_BasicMsg(const QString& raw)
 {
     // A text that is too long for the interface gives an empty message.
-    const bool fits = raw.size() <= std::numeric_limits<int>::max();
+    const bool fits = raw.size() <= QCString::longestLength;
     mLength = fits ? static_cast<int>(raw.size()) : 0;
     mMessage = new (std::nothrow) EMAIL_Message(fits ? toLatin1(raw) : QCString(), nullptr);
     TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage",

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/Base64.h"
 
+#include "types/QCString.h"
 #include "utility/codec/Base64Stretch.h"
 #include "utility/codec/Base64Tables.h"
 #include "utility/file/Pump.h"

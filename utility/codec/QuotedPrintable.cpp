@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/QuotedPrintable.h"
 
+#include "types/QCString.h"
 #include "utility/codec/QuotedPrintableStretch.h"
 #include "utility/codec/QuotedPrintableTables.h"
 #include "utility/file/Pump.h"

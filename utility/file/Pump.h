@@ -18,10 +18,6 @@
 /// input is cut into blocks makes no difference.
 namespace tarvomime {
 
-/// An encoder refuses a longer input unread: the length of what it would write could wrap round,
-/// and no memory has room for it.
-constexpr unsigned long kLongestInput = ~0UL / 8;
-
 /// Runs `codec` over the input it has. Returns 0, or the sink's refusal.
 template <class Codec, class Sink>
 int drain(Codec& codec, Sink& sink)
