@@ -39,7 +39,7 @@ std::pair<QByteArray, bool> heldByTable(const QString& text, int charset)
 QString decodedByTable(const QByteArray& bytes, int charset)
 {
     QString text;
-    decodeFromCharset({bytes.constData(), static_cast<std::size_t>(bytes.size())}, text, charset);
+    decodeFromCharset(bytes, text, charset);
     return text;
 }
 
