@@ -8,6 +8,7 @@
 #include "utility/text/RefusedText.h"
 #include "utility/text/Tokens.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdlib>
 #include <ctime>
@@ -88,10 +89,10 @@ void readQuoted(const QMap<QCString, QCString>& params, const char (&key)[N], QC
         out = withoutQuotes(found.value());
 }
 
-// The counter keeps two boundaries of one second apart.
+// The counter keeps two boundaries of one second apart, also those of two threads.
 unsigned int nextSeed()
 {
-    static unsigned int counter = 0;
+    static std::atomic<unsigned int> counter = 0;
     return static_cast<unsigned int>(std::time(nullptr)) + ++counter;
 }
 

@@ -13,6 +13,7 @@
 #include "utility/codec/MediaTypes.h"
 #include "utility/file/MappedFile.h"
 #include "utility/text/RefusedText.h"
+#include "utility/tree/FreshBoundaries.h"
 
 #include <memory>
 #include <new>
@@ -211,6 +212,11 @@ QCString EMAIL_MIME::getBoundary() const
 {
     const EMAIL_ContentType* type = contentTypeField();
     return type == nullptr ? QCString() : type->mBoundary;
+}
+
+int EMAIL_MIME::makeBoundariesUnique()
+{
+    return mMessage == nullptr ? 0 : drawFreshBoundaries(*mMessage);
 }
 
 // The parts are rebuilt beside the message and exchanged at the end, so that a failed allocation

@@ -47,6 +47,14 @@ public:
     bool removeMultiPart(int index);
     /// The boundary of the message's Content-Type; empty without one.
     QCString getBoundary() const;
+    /// Makes sure that no line of a body begins with a boundary of the message, nor one boundary
+    /// with another: the containers for which that does not hold get a fresh one. Call it when all
+    /// parts are there. `addMultiPart` cannot: it does not see what is added later. Returns 0, or
+    /// -1 with nothing changed when a body in a file cannot be read.
+    ///
+    /// Programs that compose in the same second draw the same boundaries: a message of one of them,
+    /// attached in the other, would end the part that holds it too early.
+    int makeBoundariesUnique();
     /// Strips the private bookkeeping fields from the message's header and from all its parts, and
     /// removes Bcc. Every top-level part is rebuilt: containers get fresh boundaries, and fields
     /// that `EMAIL_MultiPart` does not model are lost.

@@ -4,6 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <ctime>
+
 using testing::HasSubstr;
 using testing::Not;
 
@@ -76,6 +79,41 @@ TEST(Compose, AttachmentsComeBackByteForByte)
     EXPECT_EQ(tool.read("out/inner.eml"), "Subject: inner\r\n\r\nbody");
     EXPECT_EQ(tool.read("out/empty.pdf"), "");
     EXPECT_EQ(tool.run({"lint", "a.eml"}).out, "");
+}
+
+namespace {
+
+/// What another program that starts at `second` draws first.
+QByteArray boundaryDrawnAt(unsigned int second)
+{
+    QByteArray boundary(12, '-');
+    std::srand(second + 1);
+    for (int i = 0; i < 24; ++i)
+        boundary += "0123456789ABCDEF"[std::rand() % 16];
+    return boundary;
+}
+
+} // namespace
+
+// Two messages of one second have the same boundary: the second, with the first attached, would
+// lose what follows it.
+TEST(Compose, BoundaryIsNotThatOfAnAttachedMessage)
+{
+    const ToolRunner tool;
+    const auto now = static_cast<unsigned int>(std::time(nullptr));
+    QByteArray attached = "Subject: other\n\n";
+    for (unsigned int second = now; second < now + 300; ++second)
+        attached += "--" + boundaryDrawnAt(second) + "--\n";
+    tool.write("other.eml", attached);
+    tool.write("last.bin", "last");
+    ASSERT_EQ(
+        tool.run(QStringList("compose") + kEnvelope +
+                 QStringList{"--text", "x", "--attach", "other.eml", "last.bin", "--out", "a.eml"})
+            .status,
+        0);
+    const ToolResult result = tool.run({"extract", "a.eml", "--into", "parts"});
+    EXPECT_EQ(result.status, 0) << testing::PrintToString(result);
+    EXPECT_EQ(tool.read("parts/last.bin"), "last") << tool.read("a.eml").toStdString();
 }
 
 TEST(Compose, MissingAttachmentLeavesNoMessage)

@@ -94,7 +94,7 @@ void compose(const ComposeOptions& options, Session& session)
         size = addAttachments(options, message, session);
     }
     if (size >= 0)
-        writeMessage(*message.mMessage, options.envelope.out, size, session);
+        writeNewMessage(message, options.envelope.out, size, session);
 }
 
 } // namespace

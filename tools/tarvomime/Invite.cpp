@@ -71,7 +71,7 @@ void invite(const InviteOptions& options, Session& session)
         part->setAttSize(-1);
         message.addMultiPart(*part, -1);
     }
-    writeMessage(*message.mMessage, options.envelope.out, calendar.size(), session);
+    writeNewMessage(message, options.envelope.out, calendar.size(), session);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "tools/tarvomime/Interrupt.h"
 #include "tools/tarvomime/OutputFile.h"
 #include "tools/tarvomime/Session.h"
+#include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_Message.h"
 
 namespace tarvomime::tool {
@@ -33,6 +34,14 @@ void writeMessage(EMAIL_Message& message, const std::string& out, qint64 expecte
 {
     writeResult(out, expectedSize, session,
                 [&message](QFile* file) { return message.assemble(file); });
+}
+
+// An attachment that cannot be read any more fails again when it is written.
+void writeNewMessage(EMAIL_MIME& message, const std::string& out, qint64 expectedSize,
+                     Session& session)
+{
+    message.makeBoundariesUnique();
+    writeMessage(*message.mMessage, out, expectedSize, session);
 }
 
 } // namespace tarvomime::tool

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+class EMAIL_MIME;
 class EMAIL_Message;
 class QFile;
 
@@ -21,5 +22,9 @@ void writeResult(const std::string& out, qint64 expectedSize, Session& session,
 /// Assembles `message` to `out`.
 void writeMessage(EMAIL_Message& message, const std::string& out, qint64 expectedSize,
                   Session& session);
+
+/// The same for a new message, in which no line of an attachment may pass for a boundary.
+void writeNewMessage(EMAIL_MIME& message, const std::string& out, qint64 expectedSize,
+                     Session& session);
 
 } // namespace tarvomime::tool

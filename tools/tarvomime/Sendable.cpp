@@ -29,7 +29,7 @@ void makeSendable(const SendableOptions& options, Session& session)
     EMAIL_MIME message;
     parseStored(file, *message.mMessage);
     message.makeHeaderSendable();
-    writeMessage(*message.mMessage, options.out, file.size(), session);
+    writeNewMessage(message, options.out, file.size(), session);
 }
 
 } // namespace
