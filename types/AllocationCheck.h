@@ -9,12 +9,12 @@
 #pragma pop_macro("NDEBUG")
 #include <cassert>
 
-/// Stops the program through the C library's assertion handler when `pointer` is null, in every
-/// build type: a component without its children cannot go on. The message shows `name`, the source
-/// file as compiled and `signature`, which is spelled out since compilers differ in how they print
-/// one.
-#define TARVOMIME_CHECK_ALLOCATION(pointer, name, signature)                                       \
+/// Stops the program through the C library's assertion handler when what was `allocated` is null or
+/// false, in every build type: a component without its children cannot go on. The message shows
+/// `name`, the source file of the class, wherever the check itself stands, and `signature`, which
+/// is spelled out since compilers differ in how they print one.
+#define TARVOMIME_CHECK_ALLOCATION(allocated, name, source, signature)                             \
     do {                                                                                           \
-        if ((pointer) == nullptr)                                                                  \
-            __assert_fail(name, __FILE__, __LINE__, signature);                                    \
+        if (!(allocated))                                                                          \
+            __assert_fail(name, source, __LINE__, signature);                                      \
     } while (false)

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <new>
 #include <utility>
 
 /// An ordered list of pointers that can own its items.
@@ -13,7 +14,7 @@
 /// them. Indices count from 0.
 ///
 /// A message has several lists for each of its parts, most of them empty or with one item: a list
-/// takes 16 bytes and allocates from the second item on.
+/// takes 16 bytes and allocates from the second item on. Taking items out never allocates.
 template <class T>
 class QPtrList
 {
@@ -38,17 +39,15 @@ public:
     T* first() const { return at(0); }
     T* last() const { return at(count() - 1); }
 
-    void append(T* item) { open(mCount, item); }
-    void prepend(T* item) { open(0, item); }
+    /// False, and nothing done, when there is no memory: the item stays the caller's.
+    bool append(T* item) { return open(mCount, item); }
+    bool prepend(T* item) { return open(0, item); }
 
-    /// Inserts before `index`; `index == count()` appends. False, and nothing done, for a null item
-    /// or an index outside 0 to `count()`.
+    /// Inserts before `index`; `index == count()` appends. False, and nothing done, for a null
+    /// item, for an index outside 0 to `count()`, and when there is no memory.
     bool insert(int index, T* item)
     {
-        if (item == nullptr || index < 0 || index > count())
-            return false;
-        open(index, item);
-        return true;
+        return item != nullptr && index >= 0 && index <= count() && open(index, item);
     }
 
     /// Removes the item at `index` (and deletes it when the list owns); false when there is none.
@@ -114,24 +113,28 @@ private:
     T** items() { return mCapacity == 0 ? &mStore.one : mStore.many; }
 
     // Makes room at `index` and puts the item there.
-    void open(int index, T* item)
+    bool open(int index, T* item)
     {
-        if (mCount == (mCapacity == 0 ? 1 : static_cast<int>(mCapacity)))
-            grow();
+        if (mCount == (mCapacity == 0 ? 1 : static_cast<int>(mCapacity)) && !grow())
+            return false;
         T** position = items() + index;
         std::copy_backward(position, items() + mCount, items() + mCount + 1);
         *position = item;
         ++mCount;
+        return true;
     }
 
-    void grow()
+    bool grow()
     {
         const unsigned int capacity = mCapacity == 0 ? 4U : mCapacity * 2U;
-        T** larger = new T*[capacity];
+        T** larger = new (std::nothrow) T*[capacity];
+        if (larger == nullptr)
+            return false;
         std::copy(begin(), end(), larger);
         freeArray();
         mStore.many = larger;
         mCapacity = capacity;
+        return true;
     }
 
     void freeArray()

@@ -19,7 +19,8 @@ constexpr int groupType = 2;
 EMAIL_Address* newAddress(int type)
 {
     auto* g = new (std::nothrow) EMAIL_Address;
-    TARVOMIME_CHECK_ALLOCATION(g, "g", "virtual void EMAIL_AddrList::parse()");
+    TARVOMIME_CHECK_ALLOCATION(g, "g", "utility/EMAIL_AddrList.cpp",
+                               "virtual void EMAIL_AddrList::parse()");
     g->mAddrType = type;
     return g;
 }

@@ -18,7 +18,8 @@ using namespace tarvomime;
 EMAIL_BasicMsg::EMAIL_BasicMsg()
 {
     mMessage = new (std::nothrow) EMAIL_Message;
-    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage", "EMAIL_BasicMsg::EMAIL_BasicMsg()");
+    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage", "utility/EMAIL_BasicMsg.cpp",
+                               "EMAIL_BasicMsg::EMAIL_BasicMsg()");
 }
 
 EMAIL_BasicMsg::EMAIL_BasicMsg(const QString& raw)
@@ -27,7 +28,7 @@ EMAIL_BasicMsg::EMAIL_BasicMsg(const QString& raw)
     const bool fits = raw.size() <= QCString::longestLength;
     mLength = fits ? static_cast<int>(raw.size()) : 0;
     mMessage = new (std::nothrow) EMAIL_Message(fits ? toLatin1(raw) : QCString(), nullptr);
-    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage",
+    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage", "utility/EMAIL_BasicMsg.cpp",
                                "EMAIL_BasicMsg::EMAIL_BasicMsg(const QString&)");
     mMessage->parse();
 }
@@ -35,7 +36,7 @@ EMAIL_BasicMsg::EMAIL_BasicMsg(const QString& raw)
 EMAIL_BasicMsg::EMAIL_BasicMsg(const QByteArray& raw)
 {
     mMessage = new (std::nothrow) EMAIL_Message(QCString(raw), nullptr);
-    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage",
+    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage", "utility/EMAIL_BasicMsg.cpp",
                                "EMAIL_BasicMsg::EMAIL_BasicMsg(const QByteArray&)");
     mLength = mMessage->getMessage().length();
     mMessage->parse();

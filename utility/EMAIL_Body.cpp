@@ -20,7 +20,7 @@ EMAIL_Message& createEnclosedMessage(EMAIL_Body& body)
 {
     delete body.mMessage;
     body.mMessage = new (std::nothrow) EMAIL_Message(body.mString, &body);
-    TARVOMIME_CHECK_ALLOCATION(body.mMessage, "mMessage",
+    TARVOMIME_CHECK_ALLOCATION(body.mMessage, "mMessage", "utility/EMAIL_Body.cpp",
                                "void EMAIL_Body::parse(const char*, int, int, const QString&)");
     return *body.mMessage;
 }
@@ -28,9 +28,9 @@ EMAIL_Message& createEnclosedMessage(EMAIL_Body& body)
 EMAIL_BodyPart& createPart(EMAIL_Body& body, const QCString& text)
 {
     auto* bodyPart = new (std::nothrow) EMAIL_BodyPart(text, &body);
-    TARVOMIME_CHECK_ALLOCATION(bodyPart, "bodyPart",
+    TARVOMIME_CHECK_ALLOCATION(bodyPart != nullptr && body.mBodyParts.append(bodyPart), "bodyPart",
+                               "utility/EMAIL_Body.cpp",
                                "void EMAIL_Body::parse(const char*, int, int, const QString&)");
-    body.mBodyParts.append(bodyPart);
     return *bodyPart;
 }
 

@@ -12,19 +12,21 @@
 EMAIL_Entity::EMAIL_Entity()
 {
     mHeader = new (std::nothrow) EMAIL_Header(QCString(), this);
-    TARVOMIME_CHECK_ALLOCATION(mHeader, "mHeader", "EMAIL_Entity::EMAIL_Entity()");
+    TARVOMIME_CHECK_ALLOCATION(mHeader, "mHeader", "utility/EMAIL_Entity.cpp",
+                               "EMAIL_Entity::EMAIL_Entity()");
     mBody = new (std::nothrow) EMAIL_Body(QCString(), this);
-    TARVOMIME_CHECK_ALLOCATION(mBody, "mBody", "EMAIL_Entity::EMAIL_Entity()");
+    TARVOMIME_CHECK_ALLOCATION(mBody, "mBody", "utility/EMAIL_Entity.cpp",
+                               "EMAIL_Entity::EMAIL_Entity()");
 }
 
 EMAIL_Entity::EMAIL_Entity(const QCString& text, EMAIL_BaseComponent* parent)
     : EMAIL_BaseComponent(text, parent)
 {
     mHeader = new (std::nothrow) EMAIL_Header(QCString(), this);
-    TARVOMIME_CHECK_ALLOCATION(mHeader, "mHeader",
+    TARVOMIME_CHECK_ALLOCATION(mHeader, "mHeader", "utility/EMAIL_Entity.cpp",
                                "EMAIL_Entity::EMAIL_Entity(const QCString&, EMAIL_BaseComponent*)");
     mBody = new (std::nothrow) EMAIL_Body(QCString(), this);
-    TARVOMIME_CHECK_ALLOCATION(mBody, "mBody",
+    TARVOMIME_CHECK_ALLOCATION(mBody, "mBody", "utility/EMAIL_Entity.cpp",
                                "EMAIL_Entity::EMAIL_Entity(const QCString&, EMAIL_BaseComponent*)");
 }
 

@@ -101,7 +101,8 @@ void EMAIL_Header::parse()
         if (sides.right)
             parsed->mBody = line.slice(*sides.right);
         parsed->mString = std::move(line);
-        mFields.append(parsed);
+        TARVOMIME_CHECK_ALLOCATION(mFields.append(parsed), "mFields", "utility/EMAIL_Header.cpp",
+                                   "virtual void EMAIL_Header::parse()");
     }
 }
 
@@ -123,7 +124,8 @@ EMAIL_Field* EMAIL_Header::field(const QCString& name)
     if (EMAIL_Field* existing = getField(name))
         return existing;
     EMAIL_Field* created = createField(name);
-    mFields.append(created);
+    TARVOMIME_CHECK_ALLOCATION(mFields.append(created), "mFields", "utility/EMAIL_Header.cpp",
+                               "EMAIL_Field* EMAIL_Header::field(const QCString&)");
     return created;
 }
 
@@ -133,7 +135,8 @@ void EMAIL_Header::addField(EMAIL_Field* f)
         return;
     f->setParent(this);
     removeField(f->mName);
-    mFields.append(f);
+    TARVOMIME_CHECK_ALLOCATION(mFields.append(f), "mFields", "utility/EMAIL_Header.cpp",
+                               "void EMAIL_Header::addField(EMAIL_Field*)");
 }
 
 void EMAIL_Header::removeField(const QCString& name)
@@ -152,7 +155,7 @@ void EMAIL_Header::stripCFWS(const QCString& in, QCString& out)
     const auto length = in.end() - first;
     const std::unique_ptr<char[]> tmp(
         new (std::nothrow) char[static_cast<std::size_t>(length) + 1]);
-    TARVOMIME_CHECK_ALLOCATION(tmp, "tmp",
+    TARVOMIME_CHECK_ALLOCATION(tmp, "tmp", "utility/EMAIL_Header.cpp",
                                "static void EMAIL_Header::stripCFWS(const QCString&, QCString&)");
     std::copy(first, in.end(), tmp.get());
     out = QCString(tmp.get(), static_cast<int>(length));

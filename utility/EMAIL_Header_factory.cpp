@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Which class a header field gets, and how its name is written.
+#include "types/AllocationCheck.h"
 #include "types/Ascii.h"
 #include "utility/EMAIL_AddrList.h"
 #include "utility/EMAIL_ContentType.h"
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 
 namespace {
 
@@ -18,7 +20,7 @@ using namespace tarvomime;
 template <class Typed>
 EMAIL_Field* make(EMAIL_Header* header)
 {
-    return new Typed(QCString(), header);
+    return new (std::nothrow) Typed(QCString(), header);
 }
 
 struct KnownField
@@ -64,6 +66,8 @@ EMAIL_Field* EMAIL_Header::createField(const QCString& name)
         });
     const bool isKnown = known != knownFields.end();
     EMAIL_Field* created = isKnown ? known->create(this) : make<EMAIL_Field>(this);
+    TARVOMIME_CHECK_ALLOCATION(created, "created", "utility/EMAIL_Header.cpp",
+                               "EMAIL_Field* EMAIL_Header::createField(const QCString&)");
     created->mName = isKnown ? known->name() : name;
     return created;
 }

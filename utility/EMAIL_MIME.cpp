@@ -48,14 +48,18 @@ void copyBody(const EMAIL_Body& body, EMAIL_MultiPart& part)
         part.setBodyInfo(body.mFile, body.mOffset, body.mLength, body.mEncoded);
 }
 
+void checkBodyPart(bool isThere)
+{
+    TARVOMIME_CHECK_ALLOCATION(
+        isThere, "bodyPart", "utility/EMAIL_MIME.cpp",
+        "void EMAIL_MIME::mulitPartToEntity(const EMAIL_MultiPart&, EMAIL_Entity&, int)");
+}
+
 /// A new part at the end of the body, which owns it.
 EMAIL_BodyPart* appendBodyPart(EMAIL_Body& body)
 {
     std::unique_ptr<EMAIL_BodyPart> bodyPart(new (std::nothrow) EMAIL_BodyPart);
-    TARVOMIME_CHECK_ALLOCATION(
-        bodyPart, "bodyPart",
-        "void EMAIL_MIME::mulitPartToEntity(const EMAIL_MultiPart&, EMAIL_Entity&, int)");
-    body.insertBodyPart(bodyPart.get(), -1);
+    checkBodyPart(body.insertBodyPart(bodyPart.get(), -1));
     return bodyPart.release();
 }
 
@@ -64,9 +68,9 @@ EMAIL_MultiPart* appendSubPart(EMAIL_MultiPart& part)
 {
     std::unique_ptr<EMAIL_MultiPart> subMulitPart(new (std::nothrow) EMAIL_MultiPart(&part));
     TARVOMIME_CHECK_ALLOCATION(
-        subMulitPart, "subMulitPart",
+        subMulitPart != nullptr && part.addSubMultiPart(subMulitPart.get(), -1), "subMulitPart",
+        "utility/EMAIL_MIME.cpp",
         "void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity*, EMAIL_MultiPart&)");
-    part.addSubMultiPart(subMulitPart.get(), -1);
     return subMulitPart.release();
 }
 
@@ -80,12 +84,12 @@ void cutTo(int count, BodyParts& parts)
 }
 
 /// Puts the parts of `front` in the place of as many at the front of `parts`, and these into
-/// `front`. No part is in both lists when memory for the longer one fails.
+/// `front`, whose room is made before anything is moved.
 void exchangeFront(BodyParts& parts, BodyParts& front)
 {
     const int exchanged = front.count();
     for (int i = exchanged; i < parts.count(); ++i)
-        front.append(nullptr);
+        checkBodyPart(front.append(nullptr));
     cutTo(exchanged, front);
     for (int i = exchanged; i < parts.count(); ++i)
         front.append(parts.at(i));
@@ -125,8 +129,8 @@ void appendTree(const EMAIL_MultiPart& part, EMAIL_Body& body)
 /// Moves the only part of `source` to `body`.
 void moveTree(EMAIL_Body& source, EMAIL_Body& body, int index)
 {
-    if (body.insertBodyPart(source.bodyPart(0), index))
-        source.mBodyParts.take(0);
+    checkBodyPart(body.insertBodyPart(source.bodyPart(0), index));
+    source.mBodyParts.take(0);
 }
 
 } // namespace
@@ -181,7 +185,7 @@ void EMAIL_MIME::addMultiPart(const EMAIL_MultiPart& part, int index)
 {
     if (mMessage == nullptr) {
         mMessage = new (std::nothrow) EMAIL_Message;
-        TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage",
+        TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage", "utility/EMAIL_MIME.cpp",
                                    "void EMAIL_MIME::addMultiPart(const EMAIL_MultiPart&, int)");
     }
     mulitPartToEntity(part, *mMessage, index);
@@ -192,7 +196,7 @@ bool EMAIL_MIME::setMultiPart(const EMAIL_MultiPart& part, int index, bool repla
     if (mMessage == nullptr) {
         mMessage = new (std::nothrow) EMAIL_Message;
         TARVOMIME_CHECK_ALLOCATION(
-            mMessage, "mMessage",
+            mMessage, "mMessage", "utility/EMAIL_MIME.cpp",
             "bool EMAIL_MIME::setMultiPart(const EMAIL_MultiPart&, int, bool)");
     }
     EMAIL_Body tree;

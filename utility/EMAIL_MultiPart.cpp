@@ -8,6 +8,7 @@
 #include "utility/text/Latin1.h"
 
 #include <memory>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -46,7 +47,9 @@ private:
 EMAIL_MultiPart* appendSubPart(EMAIL_MultiPart& parent)
 {
     auto subPart = std::make_unique<EMAIL_MultiPart>(&parent);
-    parent.mSubParts.append(subPart.get());
+    // Memory for the list fails as memory for the part does.
+    if (!parent.mSubParts.append(subPart.get()))
+        throw std::bad_alloc();
     return subPart.release();
 }
 
