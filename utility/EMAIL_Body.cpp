@@ -1,40 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Body.h"
 
-#include "types/AllocationCheck.h"
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_Numbers.h"
-#include "utility/tree/BodyChildren.h"
 #include "utility/tree/StoredBody.h"
 #include "utility/tree/TreeAssembler.h"
 #include "utility/tree/TreeDeleter.h"
 #include "utility/tree/TreeParser.h"
-
-#include <new>
-
-// Both children are made here so that a failed allocation names this file.
-namespace tarvomime {
-
-EMAIL_Message& createEnclosedMessage(EMAIL_Body& body)
-{
-    delete body.mMessage;
-    body.mMessage = new (std::nothrow) EMAIL_Message(body.mString, &body);
-    TARVOMIME_CHECK_ALLOCATION(body.mMessage, "mMessage", "utility/EMAIL_Body.cpp",
-                               "void EMAIL_Body::parse(const char*, int, int, const QString&)");
-    return *body.mMessage;
-}
-
-EMAIL_BodyPart& createPart(EMAIL_Body& body, const QCString& text)
-{
-    auto* bodyPart = new (std::nothrow) EMAIL_BodyPart(text, &body);
-    TARVOMIME_CHECK_ALLOCATION(bodyPart != nullptr && body.mBodyParts.append(bodyPart), "bodyPart",
-                               "utility/EMAIL_Body.cpp",
-                               "void EMAIL_Body::parse(const char*, int, int, const QString&)");
-    return *bodyPart;
-}
-
-} // namespace tarvomime
 
 EMAIL_Body::EMAIL_Body() : EMAIL_Body(QCString(), nullptr) {}
 

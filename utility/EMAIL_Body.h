@@ -54,7 +54,8 @@ public:
 
     /// Writes the body to `file`; with a null `file` the text of a multipart body is rebuilt in
     /// `mString`, any other text stays. Returns 0, or -1 when there is no parent entity, a range
-    /// lies outside its file, or `file` does not take the text; what was written before stays.
+    /// lies outside its file, `file` does not take the text, the text in memory would be too long,
+    /// or there is no memory; what was written before stays, and so do texts in memory.
     ///
     /// Parts are assembled between delimiter lines, without preamble and epilogue. A body in a file
     /// is copied from there with CR LF behind it, or, while `mEncoded` is false, encoded in the

@@ -38,8 +38,14 @@ public:
     void parse(const char* data, int start, int length, const QString& path);
 
     /// Assembles like `assemble()`; with a `file` the text is written there and `mString` stays
-    /// empty. Returns 0, or -1 when the file does not take the text or a body cannot be read; what
-    /// was written before stays in the file.
+    /// empty. Returns 0, or -1 when the file does not take the text, a body cannot be read, a
+    /// header cannot be built, the text in memory would be longer than `QCString::longestLength`,
+    /// or there is no memory. What was written before stays in the file; texts in memory stay as
+    /// they were.
+    ///
+    /// In memory, header, body and parts are asked for their text through their own `assemble()`,
+    /// so that derived classes may override it. To a file only headers and fields are: no
+    /// `assemble()` of its own could stream.
     int assemble(QFile* file);
 
     EMAIL_Header* mHeader = nullptr;

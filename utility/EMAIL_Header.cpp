@@ -7,7 +7,7 @@
 #include "utility/header/FieldNames.h"
 #include "utility/text/RefusedText.h"
 #include "utility/text/Tokens.h"
-#include "utility/tree/AssemblySinks.h"
+#include "utility/tree/HeaderAssembly.h"
 
 #include <algorithm>
 #include <memory>
@@ -108,9 +108,7 @@ void EMAIL_Header::parse()
 
 void EMAIL_Header::assemble()
 {
-    MemoryAssembly sink;
-    const bool isWritten = sink.writeHeader(*this).has_value();
-    if (!sink.finish(isWritten))
+    if (!assembleHeader(*this))
         mString = refusedText();
 }
 

@@ -23,7 +23,9 @@ public:
 
     ~EMAIL_Header() override;
     /// Assembles every field; From, To, Date and Subject (the first of each) come first, all other
-    /// fields follow in list order. Fields with an empty body are left out.
+    /// fields follow in list order. Fields with an empty body are left out. A header that would be
+    /// too long, or of which a field could not be built, gives an empty text, and the assembly of
+    /// its entity fails.
     void assemble() override;
     /// Cuts `mString` into logical lines and appends a field for each to the list; fields that are
     /// already there stay. A line without ":" is a field with that name and an empty body.
@@ -35,6 +37,10 @@ public:
     EMAIL_Field* field(const QCString& name);
     /// Takes ownership of `f` and appends it, removing (and deleting) the first field of its name
     /// before. `f` must not be in this header yet; null is ignored.
+    ///
+    /// A field of another class than belongs to its name is written as it is, and the typed getters
+    /// take it for absent. It is deleted once a typed value is written under its name: the typed
+    /// field then takes its place and its text over.
     void addField(EMAIL_Field* f);
     /// Removes and deletes the first field of that name, if there is one.
     void removeField(const QCString& name);

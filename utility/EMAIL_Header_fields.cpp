@@ -83,9 +83,10 @@ EMAIL_DispositionType* EMAIL_Header::getContentDisposition() const
 
 EMAIL_ContentType* EMAIL_Header::contentType()
 {
-    EMAIL_ContentType* existing = getContentType();
-    return existing != nullptr ? existing
-                               : typedField<EMAIL_ContentType>(*this, FieldName::contentType());
+    if (EMAIL_ContentType* existing = getContentType())
+        return existing;
+    typedField<EMAIL_ContentType>(*this, FieldName::contentType());
+    return getContentType();
 }
 
 EMAIL_DispositionType* EMAIL_Header::contentDisposition()

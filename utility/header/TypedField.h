@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
+
+#include <algorithm>
 
 namespace tarvomime {
 
@@ -23,15 +26,31 @@ Typed* parsedField(const EMAIL_Header& header, const QCString& name)
     return parsedAs<Typed>(header.getField(name));
 }
 
+/// Puts a field of the class that belongs to the name in the place of `other`, which is deleted; it
+/// takes the text over.
+inline EMAIL_Field* replaceField(EMAIL_Header& header, EMAIL_Field* other)
+{
+    EMAIL_Field* created = header.createField(other->mName);
+    created->mString = other->mString;
+    created->mBody = other->mBody;
+    QPtrList<EMAIL_Field>& fields = header.mFields;
+    const auto index =
+        static_cast<int>(std::find(fields.begin(), fields.end(), other) - fields.begin());
+    delete fields.take(index);
+    // One was just taken out: there is room.
+    fields.insert(index, created);
+    return created;
+}
+
 /// The first field of that name, created when absent and not parsed; never null, since a field of
 /// another class under this name is replaced.
 template <class Typed>
 Typed* typedField(EMAIL_Header& header, const QCString& name)
 {
-    if (auto* typed = dynamic_cast<Typed*>(header.field(name)))
+    EMAIL_Field* field = header.field(name);
+    if (auto* typed = dynamic_cast<Typed*>(field))
         return typed;
-    header.addField(header.createField(name));
-    return static_cast<Typed*>(header.getField(name));
+    return static_cast<Typed*>(replaceField(header, field));
 }
 
 } // namespace tarvomime

@@ -2,55 +2,72 @@
 #include "utility/tree/AssemblySinks.h"
 
 #include "utility/EMAIL_Body.h"
-#include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/codec/TransferEncoding.h"
+#include "utility/file/BlockWriter.h"
 #include "utility/file/BodyBytes.h"
 #include "utility/text/RefusedText.h"
-#include "utility/tree/WritingOrder.h"
+#include "utility/tree/HeaderAssembly.h"
 
 #include <QFile>
+#include <algorithm>
+#include <new>
+#include <typeinfo>
+#include <utility>
 
 namespace tarvomime {
 
 namespace {
 
-constexpr std::size_t blockSize = 32768;
-
-// A field's own line goes where the header's text holds the same. The others keep theirs:
-// assembling a body may have put a new Content-Type field in the place of one of another class.
-void handOutFields(EMAIL_Header& header)
+// A header of an application's own class assembles itself.
+bool assembleAnyHeader(EMAIL_Header& header)
 {
-    int start = 0;
-    for (EMAIL_Field* field : writingOrder(header)) {
-        const QCString line = header.mString.mid(start, field->mString.length());
-        if (!line.isEmpty() && line == field->mString)
-            field->mString = line;
-        start += line.length();
-    }
+    if (typeid(header) == typeid(EMAIL_Header))
+        return assembleHeader(header);
+    header.assemble();
+    return !isRefused(header.mString);
 }
 
 } // namespace
 
-bool MemoryAssembly::write(std::string_view text)
+bool MeasuringAssembly::write(std::string_view text)
 {
-    if (static_cast<qint64>(text.size()) > mLimit - position())
+    if (static_cast<qint64>(text.size()) > mLimit - mLength)
         return false;
-    mBuffer.append(text.data(), static_cast<int>(text.size()));
+    mLength += static_cast<int>(text.size());
     return true;
+}
+
+std::optional<std::string_view> MeasuringAssembly::writeHeader(EMAIL_Header& header)
+{
+    if (!assembleAnyHeader(header) || !write(header.mString.view()))
+        return std::nullopt;
+    return header.mString.view();
+}
+
+bool MeasuringAssembly::writeForeign(EMAIL_BaseComponent& component)
+{
+    component.assemble();
+    return write(component.mString.view());
+}
+
+bool MeasuringAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header&)
+{
+    return write(body.mString.view());
 }
 
 std::optional<std::string_view> MemoryAssembly::writeHeader(EMAIL_Header& header)
 {
-    const auto start = static_cast<int>(position());
-    for (EMAIL_Field* field : writingOrder(header)) {
-        field->assemble();
-        if (isRefused(field->mString) || !write(field->mString.view()))
-            return std::nullopt;
-    }
-    const auto end = static_cast<int>(position());
-    mHeaders.push_back({&header, start, end});
-    return std::string_view(mBuffer.constData() + start, static_cast<std::size_t>(end - start));
+    const int start = position();
+    if (!write(header.mString.view()))
+        return std::nullopt;
+    moveHeader(header, mText.writtenFrom(0), start);
+    return header.mString.view();
+}
+
+bool MemoryAssembly::writeForeign(EMAIL_BaseComponent& component)
+{
+    return write(component.mString.view());
 }
 
 bool MemoryAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header&)
@@ -58,61 +75,41 @@ bool MemoryAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header&)
     return !isRefused(body.mString) && write(body.mString.view());
 }
 
-void MemoryAssembly::handOut(EMAIL_BaseComponent& component, qint64 start)
+void MemoryAssembly::handOut(EMAIL_BaseComponent& component, int start)
 {
-    mSlices.push_back({&component, static_cast<int>(start), static_cast<int>(position())});
+    component.mString = mText.writtenFrom(start);
 }
 
-bool MemoryAssembly::finish(bool isComplete)
+FileAssembly::FileAssembly(QFile& file)
+    : mFile(file), mBlock(new (std::nothrow) char[kBlockThreshold])
 {
-    if (!isComplete)
-        return false;
-    const QCString text =
-        mBuffer.isNull() ? QCString::fromLiteral("") : QCString::fromBytes(mBuffer);
-    for (const HeaderSlice& slice : mHeaders) {
-        slice.header->mString = text.mid(slice.start, slice.end - slice.start);
-        handOutFields(*slice.header);
-    }
-    for (const Slice& slice : mSlices)
-        slice.component->mString = text.mid(slice.start, slice.end - slice.start);
-    return true;
-}
-
-FileAssembly::FileAssembly(QFile& file) : mFile(file)
-{
-    mBlock.reserve(static_cast<int>(blockSize));
-}
-
-bool FileAssembly::writeBlock(std::string_view block)
-{
-    const auto size = static_cast<qint64>(block.size());
-    // Qt warns on the console about a write to a file that is not open for writing.
-    return mFile.isWritable() && mFile.write(block.data(), size) == size &&
-           mFile.error() == QFile::NoError;
 }
 
 bool FileAssembly::flushBlock()
 {
-    if (mBlock.isEmpty())
-        return mFile.isWritable();
-    const bool written = writeBlock({mBlock.constData(), static_cast<std::size_t>(mBlock.size())});
-    mBlock.resize(0);
-    return written;
+    if (mUsed == 0)
+        return mFile.isWritable() && flushedStatus(&mFile) == 0;
+    return writeBlock(&mFile, mBlock.get(), std::exchange(mUsed, 0)) == 0;
 }
 
 bool FileAssembly::write(std::string_view text)
 {
+    if (mBlock == nullptr)
+        return false;
     while (!text.empty()) {
-        const std::size_t room = blockSize - static_cast<std::size_t>(mBlock.size());
-        const std::string_view piece = text.substr(0, room);
+        const std::string_view piece =
+            text.substr(0, static_cast<std::size_t>(kBlockThreshold - mUsed));
         text.remove_prefix(piece.size());
-        if (piece.size() == blockSize) {
-            if (!writeBlock(piece))
+        const auto length = static_cast<int>(piece.size());
+        if (length == kBlockThreshold) {
+            // A whole block need not be gathered.
+            if (writeBlock(&mFile, piece.data(), length) != 0)
                 return false;
             continue;
         }
-        mBlock.append(piece.data(), static_cast<int>(piece.size()));
-        if (piece.size() == room && !flushBlock())
+        std::copy(piece.begin(), piece.end(), mBlock.get() + mUsed);
+        mUsed += length;
+        if (mUsed == kBlockThreshold && !flushBlock())
             return false;
     }
     return true;
@@ -120,9 +117,9 @@ bool FileAssembly::write(std::string_view text)
 
 std::optional<std::string_view> FileAssembly::writeHeader(EMAIL_Header& header)
 {
-    header.assemble();
-    const std::string_view text = header.mString.view();
-    return !isRefused(header.mString) && write(text) ? std::optional(text) : std::nullopt;
+    if (!assembleAnyHeader(header) || !write(header.mString.view()))
+        return std::nullopt;
+    return header.mString.view();
 }
 
 bool FileAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header& header)
@@ -146,10 +143,14 @@ bool FileAssembly::writeFileBody(const EMAIL_Body& body, const EMAIL_Header& hea
     return write("\r\n");
 }
 
-bool FileAssembly::finish(bool isComplete)
+void FileAssembly::begin(EMAIL_BaseComponent& component)
 {
-    const bool isWritten = flushBlock() && mFile.flush() && mFile.error() == QFile::NoError;
-    return isWritten && isComplete;
+    component.mString = QCString::fromLiteral("");
+}
+
+bool FileAssembly::finish()
+{
+    return flushBlock();
 }
 
 } // namespace tarvomime

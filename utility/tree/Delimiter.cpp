@@ -67,14 +67,16 @@ Delimiter DelimiterFinder::find(TextRange range, std::string_view boundary,
 int DelimiterFinder::findLine(TextRange range, std::string_view boundary,
                               DelimiterIndex::Matches& cache)
 {
-    if (mSearchBudget > 0 || !DelimiterIndex::canHold(boundary)) {
+    const bool isIndexed =
+        mSearchBudget <= 0 && mIndex.isUsable() && DelimiterIndex::canHold(boundary);
+    if (isIndexed && !cache.looked)
+        cache = mIndex.lookUp(boundary);
+    if (!isIndexed || !cache.looked) {
         const std::string_view text = mText.substr(0, static_cast<std::size_t>(range.end));
         const std::size_t found = searchLine(text, static_cast<std::size_t>(range.start), boundary);
         mSearchBudget -= static_cast<long long>(std::min(found, text.size())) - range.start;
         return found == npos ? -1 : static_cast<int>(found);
     }
-    if (!cache.looked)
-        cache = mIndex.lookUp(boundary);
     const int found = mIndex.find(cache, range.start);
     const auto end =
         static_cast<long long>(found) + 1 + static_cast<long long>(dashes.size() + boundary.size());

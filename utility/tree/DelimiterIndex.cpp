@@ -2,6 +2,7 @@
 #include "utility/tree/DelimiterIndex.h"
 
 #include <algorithm>
+#include <new>
 
 namespace tarvomime {
 
@@ -59,9 +60,21 @@ std::string_view DelimiterIndex::behindDashes(int number) const
     return mText.substr(start, end - start);
 }
 
+// An index that could not be filled is of no more use: its finder searches the text, which costs
+// time only.
 DelimiterIndex::Matches DelimiterIndex::lookUp(std::string_view boundary)
 {
-    build();
+    try {
+        build();
+        return linesOf(boundary);
+    } catch (const std::bad_alloc&) {
+        mUsable = false;
+        return {};
+    }
+}
+
+DelimiterIndex::Matches DelimiterIndex::linesOf(std::string_view boundary)
+{
     const std::uint64_t key = keyOf(boundary);
     const auto prefixOf = [&](const Line& line) {
         return behindDashes(line.number).substr(0, boundary.size());

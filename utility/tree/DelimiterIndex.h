@@ -35,7 +35,9 @@ public:
     /// Whether the index can answer for this boundary: one that itself holds the start of a
     /// delimiter line reaches across lines of the index.
     static bool canHold(std::string_view boundary);
-    /// The lines that begin with "--" and `boundary`.
+    /// Whether there was memory for it so far.
+    bool isUsable() const { return mUsable; }
+    /// The lines that begin with "--" and `boundary`; not `looked` up when there is no memory.
     Matches lookUp(std::string_view boundary);
     /// The position of the LF in front of the first such line at or behind `from`, or -1.
     int find(const Matches& matches, int from) const;
@@ -50,6 +52,7 @@ private:
     };
 
     void build();
+    Matches linesOf(std::string_view boundary);
     std::string_view behindDashes(int number) const;
     bool isLess(const Line& a, const Line& b) const;
     const std::vector<int>& positionsOf(const Matches& matches);
@@ -66,6 +69,7 @@ private:
     std::vector<int> mStarts;
     std::map<std::pair<int, int>, std::vector<int>> mPositions;
     bool mBuilt = false;
+    bool mUsable = true;
 };
 
 } // namespace tarvomime

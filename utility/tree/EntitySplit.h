@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "utility/tree/TextRange.h"
+
 #include <string_view>
 
 namespace tarvomime {
@@ -12,6 +14,12 @@ struct EntitySplit
     int headerStart;
     int headerEnd;
     int bodyStart;
+
+    /// The header of an entity that lies at `range`.
+    TextRange headerIn(TextRange range) const
+    {
+        return {range.start + headerStart, range.start + headerEnd};
+    }
 };
 
 /// Splits the text of an entity into header and body (RFC 5322, section 2.1).

@@ -4,12 +4,14 @@
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_ContentType.h"
-#include "utility/EMAIL_Entity.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/codec/MediaTypes.h"
+#include "utility/header/FieldNames.h"
 #include "utility/tree/AssemblySinks.h"
+#include "utility/tree/WorkList.h"
 
-#include <vector>
+#include <new>
+#include <typeinfo>
 
 namespace tarvomime {
 
@@ -22,6 +24,30 @@ bool needsSeparator(std::string_view header)
     return length > 3 && (header[length - 1] == '\n' || header[length - 3] == '\n');
 }
 
+// Whether a body of that type holds parts; its boundary is then the one that the type has by now.
+bool takeType(const EMAIL_ContentType& type, EMAIL_Body& body)
+{
+    const bool isMultipart = isContainer({type.mTypeEnum, type.mSubTypeEnum});
+    if (isMultipart)
+        body.mBoundary = type.mBoundary;
+    return isMultipart;
+}
+
+// A field of another class that an application has added under this name is only read: it stays
+// the application's.
+bool takeType(EMAIL_Header& header, EMAIL_Body& body)
+{
+    if (const EMAIL_ContentType* type = header.getContentType())
+        return takeType(*type, body);
+    const EMAIL_Field* other = header.getField(FieldName::contentType());
+    if (other == nullptr)
+        return takeType(*header.contentType(), body);
+    EMAIL_ContentType read;
+    read.mBody = other->mBody;
+    read.parse();
+    return takeType(read, body);
+}
+
 // Walks the tree with a stack of its own and writes the text of each component as it passes.
 template <class Sink>
 class Assembly
@@ -29,16 +55,17 @@ class Assembly
 public:
     explicit Assembly(Sink& sink) : mSink(sink) {}
 
-    bool entity(EMAIL_Entity& root) { return mSink.finish(enterEntity(root) && run()); }
-    bool body(EMAIL_Body& root) { return mSink.finish(enterBody(root, nullptr, 0) && run()); }
+    bool run(EMAIL_Entity& root) { return enterEntity(root) && run(); }
+    bool run(EMAIL_Body& root) { return enterBody(root, nullptr, 0) && run(); }
 
 private:
     struct Level
     {
         EMAIL_Entity* entity;
+        // Null when it was written already, or is not there.
         EMAIL_Body* body;
-        qint64 entityStart;
-        qint64 bodyStart;
+        int entityStart;
+        int bodyStart;
         int nextPart;
         bool multipart;
     };
@@ -48,42 +75,47 @@ private:
     {
         return mSink.write("--") && write(body.mBoundary) && mSink.write(end);
     }
+    template <class Own, class Component>
+    static bool isForeign(const Component& component)
+    {
+        return Sink::inMemory && typeid(component) != typeid(Own);
+    }
 
     bool enterEntity(EMAIL_Entity& entity)
     {
         if (entity.mHeader == nullptr)
             return false;
-        entity.mString = QCString::fromLiteral("");
-        const qint64 start = mSink.position();
+        mSink.begin(entity);
+        const int start = mSink.position();
         const auto header = mSink.writeHeader(*entity.mHeader);
         if (!header || (needsSeparator(*header) && !mSink.write("\r\n")))
             return false;
-        if (entity.mBody != nullptr)
+        if (entity.mBody != nullptr && !isForeign<EMAIL_Body>(*entity.mBody))
             return enterBody(*entity.mBody, &entity, start);
-        mLevels.push_back({&entity, nullptr, start, start, 0, false});
-        return true;
+        if (entity.mBody != nullptr && !mSink.writeForeign(*entity.mBody))
+            return false;
+        return mLevels.push({&entity, nullptr, start, start, 0, false});
     }
 
-    bool enterBody(EMAIL_Body& body, EMAIL_Entity* entity, qint64 entityStart)
+    bool enterBody(EMAIL_Body& body, EMAIL_Entity* entity, int entityStart)
     {
-        auto* parent = dynamic_cast<EMAIL_Entity*>(body.mParent);
+        auto* parent = body.mParent == entity ? entity : dynamic_cast<EMAIL_Entity*>(body.mParent);
         if (parent == nullptr || parent->mHeader == nullptr)
             return false;
-        const EMAIL_ContentType* type = parent->mHeader->contentType();
-        const bool multipart = isContainer({type->mTypeEnum, type->mSubTypeEnum});
-        mLevels.push_back({entity, &body, entityStart, mSink.position(), 0, multipart});
+        const bool multipart = takeType(*parent->mHeader, body);
+        if (!mLevels.push({entity, &body, entityStart, mSink.position(), 0, multipart}))
+            return false;
         if (!multipart)
             return mSink.writeLeaf(body, *parent->mHeader);
-        body.mString = QCString::fromLiteral("");
-        body.mBoundary = type->mBoundary;
+        mSink.begin(body);
         return true;
     }
 
     bool run()
     {
-        while (!mLevels.empty()) {
-            Level& level = mLevels.back();
-            const bool done = !level.multipart || level.nextPart == level.body->numBodyParts();
+        while (!mLevels.isEmpty()) {
+            Level& level = mLevels.top();
+            const bool done = !level.multipart || level.nextPart >= level.body->numBodyParts();
             if (!(done ? leave() : enterPart(level)))
                 return false;
         }
@@ -93,13 +125,18 @@ private:
     bool enterPart(Level& level)
     {
         EMAIL_BodyPart* part = level.body->bodyPart(level.nextPart++);
-        return part == nullptr || (writeDelimiter(*level.body, "\r\n") && enterEntity(*part));
+        if (part == nullptr)
+            return true;
+        if (!writeDelimiter(*level.body, "\r\n"))
+            return false;
+        if (!isForeign<EMAIL_BodyPart>(*part))
+            return enterEntity(*part);
+        return mSink.writeForeign(*part) && mSink.write("\r\n");
     }
 
     bool leave()
     {
-        const Level level = mLevels.back();
-        mLevels.pop_back();
+        const Level level = mLevels.take();
         if (level.multipart && !writeDelimiter(*level.body, "--\r\n"))
             return false;
         // A body without text stays as it is, null or empty.
@@ -107,33 +144,53 @@ private:
             mSink.handOut(*level.body, level.bodyStart);
         if (level.entity != nullptr)
             mSink.handOut(*level.entity, level.entityStart);
-        return mLevels.empty() || mSink.write("\r\n");
+        return mLevels.isEmpty() || mSink.write("\r\n");
     }
 
     Sink& mSink;
-    std::vector<Level> mLevels;
+    WorkList<Level> mLevels;
 };
+
+template <class Component>
+bool assembleInMemory(Component& root, int limit)
+{
+    MeasuringAssembly measured(limit);
+    if (!Assembly(measured).run(root))
+        return false;
+    MemoryAssembly sink(measured.position());
+    return Assembly(sink).run(root);
+}
+
+template <class Component>
+bool assembleToFile(Component& root, QFile& file)
+{
+    FileAssembly sink(file);
+    const bool isComplete = Assembly(sink).run(root);
+    return sink.finish() && isComplete;
+}
+
+template <class Component>
+int assemble(Component& root, QFile* file, int limit)
+{
+    try {
+        const bool isDone =
+            file == nullptr ? assembleInMemory(root, limit) : assembleToFile(root, *file);
+        return isDone ? 0 : -1;
+    } catch (const std::bad_alloc&) {
+        return -1;
+    }
+}
 
 } // namespace
 
-int assembleEntity(EMAIL_Entity& entity, QFile* file)
+int assembleEntity(EMAIL_Entity& entity, QFile* file, int limit)
 {
-    if (file == nullptr) {
-        MemoryAssembly sink;
-        return Assembly(sink).entity(entity) ? 0 : -1;
-    }
-    FileAssembly sink(*file);
-    return Assembly(sink).entity(entity) ? 0 : -1;
+    return assemble(entity, file, limit);
 }
 
-int assembleBody(EMAIL_Body& body, QFile* file)
+int assembleBody(EMAIL_Body& body, QFile* file, int limit)
 {
-    if (file == nullptr) {
-        MemoryAssembly sink;
-        return Assembly(sink).body(body) ? 0 : -1;
-    }
-    FileAssembly sink(*file);
-    return Assembly(sink).body(body) ? 0 : -1;
+    return assemble(body, file, limit);
 }
 
 } // namespace tarvomime

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/tree/TreeParser.h"
 
+#include "types/AllocationCheck.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_ContentType.h"
@@ -8,17 +9,22 @@
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_Numbers.h"
 #include "utility/codec/MediaTypes.h"
-#include "utility/tree/BodyChildren.h"
+#include "utility/tree/Delimiter.h"
 #include "utility/tree/EntitySplit.h"
+#include "utility/tree/ParseSources.h"
+#include "utility/tree/WorkList.h"
 
 #include <limits>
+#include <new>
+#include <typeinfo>
 #include <utility>
 
 namespace tarvomime {
 
 namespace {
 
-constexpr int maxPosition = std::numeric_limits<int>::max();
+constexpr const char* bodySource = "utility/EMAIL_Body.cpp";
+constexpr const char* bodyParse = "void EMAIL_Body::parse(const char*, int, int, const QString&)";
 
 const EMAIL_ContentType* contentTypeOf(const EMAIL_Body& body)
 {
@@ -26,10 +32,193 @@ const EMAIL_ContentType* contentTypeOf(const EMAIL_Body& body)
     return entity == nullptr ? nullptr : entity->mHeader->getContentType();
 }
 
-// A body in memory can reach this with a range that it kept from another time: what lies outside
-// the given bytes is left alone.
-void narrowRange(EMAIL_Body& body, const char* data, TextRange given)
+bool isContainerType(const EMAIL_ContentType& type)
 {
+    return isContainer({type.mTypeEnum, type.mSubTypeEnum});
+}
+
+// A message that was there is replaced.
+EMAIL_Message& createEnclosedMessage(EMAIL_Body& body)
+{
+    delete std::exchange(body.mMessage, nullptr);
+    body.mMessage = new (std::nothrow) EMAIL_Message(body.mString, &body);
+    TARVOMIME_CHECK_ALLOCATION(body.mMessage, "mMessage", bodySource, bodyParse);
+    return *body.mMessage;
+}
+
+EMAIL_BodyPart& createPart(EMAIL_Body& body, const QCString& text)
+{
+    auto* bodyPart = new (std::nothrow) EMAIL_BodyPart(text, &body);
+    TARVOMIME_CHECK_ALLOCATION(bodyPart != nullptr && body.mBodyParts.append(bodyPart), "bodyPart",
+                               bodySource, bodyParse);
+    return *bodyPart;
+}
+
+// Walks the text without recursion: each multipart body whose parts are being taken waits on a
+// list. A message that nests as deep as its sender likes costs memory for its parts, never stack.
+template <class Source>
+class TreeParser
+{
+public:
+    explicit TreeParser(Source source)
+        : mSource(std::move(source)), mDelimiters(mSource.data(), mSource.range())
+    {
+    }
+
+    // The header lies in `range`; the body goes on to the end of the source.
+    void parse(EMAIL_Entity& entity, TextRange range)
+    {
+        takeEntity(entity, range, mSource.range().end);
+        run();
+    }
+    void parseBodyOf(EMAIL_Entity& entity, int start)
+    {
+        takeBodyOf(entity, {start, mSource.range().end});
+        run();
+    }
+    void parse(EMAIL_Body& body)
+    {
+        takeBody(body, mSource.range());
+        run();
+    }
+
+private:
+    // A multipart body that is being cut.
+    struct Level
+    {
+        EMAIL_Body* body;
+        // From behind the last delimiter on.
+        TextRange rest;
+        DelimiterIndex::Matches delimiters;
+    };
+    // An entity whose text was found and not yet looked at.
+    struct Pending
+    {
+        EMAIL_Entity* entity = nullptr;
+        TextRange range;
+    };
+
+    // What a step leaves behind is either one entity to look at or an open level, never a call.
+    void run()
+    {
+        for (;;) {
+            if (mPending.entity != nullptr) {
+                const Pending next = std::exchange(mPending, {});
+                takeEntity(*next.entity, next.range, next.range.end);
+            } else if (!mLevels.isEmpty()) {
+                cutNextPart();
+            } else {
+                return;
+            }
+        }
+    }
+
+    void takeEntity(EMAIL_Entity& entity, TextRange range, int bodyEnd)
+    {
+        const EntitySplit split = splitEntity(viewOf(mSource.data(), range));
+        entity.mHeader->setMessage(mSource.headerText(split.headerIn(range)));
+        entity.mHeader->parse();
+        takeBodyOf(entity, {range.start + split.bodyStart, bodyEnd});
+    }
+
+    void takeBodyOf(EMAIL_Entity& entity, TextRange range)
+    {
+        EMAIL_Body& body = *entity.mBody;
+        if (range.isEmpty())
+            return;
+        if constexpr (Source::inMemory) {
+            body.setMessage(mSource.bodyText(range));
+            if (typeid(body) != typeid(EMAIL_Body)) {
+                body.parse();
+                return;
+            }
+        }
+        takeBody(body, range);
+    }
+
+    void takeBody(EMAIL_Body& body, TextRange range)
+    {
+        mSource.place(body, range);
+        const EMAIL_ContentType* type = contentTypeOf(body);
+        if (type == nullptr)
+            return;
+        if (Source::inMemory && type->mTypeEnum == TYPE_MESSAGE) {
+            mPending = {&createEnclosedMessage(body), range};
+        } else if (isContainerType(*type)) {
+            body.mBoundary = type->mBoundary;
+            startCutting(body, range);
+        } else {
+            mSource.trim(body, range);
+        }
+    }
+
+    Delimiter nextDelimiter(Level& level)
+    {
+        return mDelimiters.find(level.rest, level.body->mBoundary.view(), level.delimiters);
+    }
+
+    void startCutting(EMAIL_Body& body, TextRange range)
+    {
+        Level level{&body, range, {}};
+        const Delimiter first = nextDelimiter(level);
+        if (!first.found || first.closing)
+            return;
+        level.rest.start = first.next;
+        // No part is made without a place for the rest of its body.
+        TARVOMIME_CHECK_ALLOCATION(mLevels.push(level), "bodyPart", bodySource, bodyParse);
+    }
+
+    // Text behind the last delimiter is no part: the body may have been cut off anywhere.
+    void cutNextPart()
+    {
+        Level& level = mLevels.top();
+        EMAIL_Body& body = *level.body;
+        const int partStart = level.rest.start;
+        const Delimiter delimiter = nextDelimiter(level);
+        level.rest.start = delimiter.next;
+        if (!delimiter.found || delimiter.closing)
+            mLevels.take();
+        if (delimiter.found)
+            addPart(body, withoutLineBreaks(mSource.data(), {partStart, delimiter.start}));
+    }
+
+    void addPart(EMAIL_Body& body, TextRange range)
+    {
+        if (!range.isEmpty())
+            mPending = {&createPart(body, mSource.partText(range)), range};
+    }
+
+    Source mSource;
+    DelimiterFinder mDelimiters;
+    WorkList<Level> mLevels;
+    Pending mPending;
+};
+
+// What lies outside the numbers of the interface is no range at all.
+TextRange rangeOf(int start, int length)
+{
+    const bool isRange =
+        start >= 0 && length >= 0 && start <= std::numeric_limits<int>::max() - length;
+    return isRange ? TextRange{start, start + length} : TextRange{};
+}
+
+// An entity whose header is shown by the caller: its body is its own text from there on.
+void parseWithHeaderOf(EMAIL_Entity& entity, const char* data, TextRange range)
+{
+    const EntitySplit split = splitEntity(viewOf(data, range));
+    const TextRange header = split.headerIn(range);
+    entity.mHeader->setMessage(QCString(data + header.start, header.length()));
+    entity.mHeader->parse();
+    TreeParser(MemorySource(entity.mString)).parseBodyOf(entity, range.start + split.bodyStart);
+}
+
+// A body without text of its own may be a range that it kept from another time: what lies outside
+// the given bytes is left alone.
+void narrowKeptRange(EMAIL_Body& body, const char* data, TextRange given)
+{
+    const EMAIL_ContentType* type = contentTypeOf(body);
+    if (type == nullptr || type->mTypeEnum == TYPE_MESSAGE || isContainerType(*type))
+        return;
     const bool isInside =
         body.mLength > 0 && body.mOffset >= given.start && body.mLength <= given.end - body.mOffset;
     if (!isInside)
@@ -39,159 +228,30 @@ void narrowRange(EMAIL_Body& body, const char* data, TextRange given)
     body.mLength = kept.length();
 }
 
-template <class Component>
-void parseComponent(Component& component, const char* data, int start, int length,
-                    const QString& path)
-{
-    const bool isRange = start >= 0 && length >= 0 && start <= maxPosition - length;
-    const TextRange range = isRange ? TextRange{start, start + length} : TextRange{};
-    if (path.isEmpty())
-        TreeParser(component.mString).parse(component, data, range);
-    else
-        TreeParser(path, data, range).parse(component, data, range);
-}
-
 } // namespace
 
 void parseEntity(EMAIL_Entity& entity, const char* data, int start, int length, const QString& path)
 {
-    parseComponent(entity, data, start, length, path);
+    const TextRange range = rangeOf(start, length);
+    if (!path.isEmpty())
+        TreeParser(FileSource(path, data, range)).parse(entity, range);
+    else if (data == entity.mString.begin())
+        TreeParser(MemorySource(entity.mString)).parse(entity, range);
+    else
+        parseWithHeaderOf(entity, data, range);
 }
 
 void parseBody(EMAIL_Body& body, const char* data, int start, int length, const QString& path)
 {
-    parseComponent(body, data, start, length, path);
-}
-
-TreeParser::TreeParser(const QCString& text)
-    : mText(text), mData(mText.begin()), mDelimiters(mData, {0, mText.length()})
-{
-}
-
-TreeParser::TreeParser(const QString& path, const char* data, TextRange range)
-    : mPath(path), mData(data), mDelimiters(data, range)
-{
-}
-
-void TreeParser::parse(EMAIL_Entity& entity, const char* data, TextRange range)
-{
-    takeEntity(entity, data, range);
-    run();
-}
-
-void TreeParser::parse(EMAIL_Body& body, const char* data, TextRange range)
-{
-    takeBody(body, data, range);
-    run();
-}
-
-// What a step leaves behind is either one entity to look at or an open level, never a call.
-void TreeParser::run()
-{
-    for (;;) {
-        if (mPending.entity != nullptr) {
-            const Pending next = std::exchange(mPending, {});
-            takeEntity(*next.entity, mData, next.range);
-        } else if (!mLevels.empty()) {
-            cutNextPart();
-        } else {
-            return;
-        }
-    }
-}
-
-QCString TreeParser::headerText(const char* data, TextRange range) const
-{
-    return !inFile() && data == mData ? slice(range) : QCString(data + range.start, range.length());
-}
-
-void TreeParser::takeEntity(EMAIL_Entity& entity, const char* data, TextRange range)
-{
-    const EntitySplit split = splitEntity(viewOf(data, range));
-    entity.mHeader->setMessage(
-        headerText(data, {range.start + split.headerStart, range.start + split.headerEnd}));
-    entity.mHeader->parse();
-
-    const int bodyStart = range.start + split.bodyStart;
-    if (inFile()) {
-        if (bodyStart < range.end)
-            takeBody(*entity.mBody, data, {bodyStart, range.end});
+    const TextRange range = rangeOf(start, length);
+    if (!path.isEmpty()) {
+        TreeParser(FileSource(path, data, range)).parse(body);
         return;
     }
-    if (entity.mString.isEmpty())
-        return;
-    const int textEnd = static_cast<int>(entity.mString.end() - mData);
-    if (bodyStart >= textEnd)
-        return;
-    entity.mBody->setMessage(slice({bodyStart, textEnd}));
-    takeBody(*entity.mBody, mData, {bodyStart, textEnd});
-}
-
-void TreeParser::takeBody(EMAIL_Body& body, const char* data, TextRange range)
-{
-    body.mInMemory = !inFile();
-    if (inFile()) {
-        body.mFile = mPath;
-        body.mEncoded = true;
-        body.mOffset = range.start;
-        body.mLength = range.length();
-    }
-    const EMAIL_ContentType* type = contentTypeOf(body);
-    if (type == nullptr)
-        return;
-    if (type->mTypeEnum == TYPE_MESSAGE && body.mInMemory) {
-        mPending = {&createEnclosedMessage(body), textRange(body)};
-    } else if (isContainer({type->mTypeEnum, type->mSubTypeEnum})) {
-        body.mBoundary = type->mBoundary;
-        startCutting(body, body.mInMemory ? textRange(body) : range);
-    } else if (!body.mString.isEmpty() && body.mInMemory) {
-        body.mString = slice(withoutLineBreaks(mData, textRange(body)));
-    } else {
-        narrowRange(body, data, range);
-    }
-}
-
-TextRange TreeParser::textRange(const EMAIL_Body& body) const
-{
-    if (body.mString.isEmpty())
-        return {};
-    const auto start = static_cast<int>(body.mString.begin() - mData);
-    return {start, start + body.mString.length()};
-}
-
-Delimiter TreeParser::nextDelimiter(Level& level)
-{
-    return mDelimiters.find(level.rest, level.body->mBoundary.view(), level.delimiters);
-}
-
-void TreeParser::startCutting(EMAIL_Body& body, TextRange range)
-{
-    Level level{&body, range, {}};
-    const Delimiter first = nextDelimiter(level);
-    if (!first.found || first.closing)
-        return;
-    level.rest.start = first.next;
-    mLevels.push_back(level);
-}
-
-// Text behind the last delimiter is no part: the body may have been cut off anywhere.
-void TreeParser::cutNextPart()
-{
-    Level& level = mLevels.back();
-    EMAIL_Body& body = *level.body;
-    const int partStart = level.rest.start;
-    const Delimiter delimiter = nextDelimiter(level);
-    level.rest.start = delimiter.next;
-    if (!delimiter.found || delimiter.closing)
-        mLevels.pop_back();
-    if (delimiter.found)
-        addPart(body, withoutLineBreaks(mData, {partStart, delimiter.start}));
-}
-
-void TreeParser::addPart(EMAIL_Body& body, TextRange range)
-{
-    if (!range.isEmpty())
-        mPending = {&createPart(body, inFile() ? QCString() : slice(range)), range};
+    const bool hasText = !body.mString.isEmpty();
+    TreeParser(MemorySource(body.mString)).parse(body);
+    if (!hasText)
+        narrowKeptRange(body, data, range);
 }
 
 } // namespace tarvomime
