@@ -7,6 +7,7 @@
 #include "utility/text/Tokens.h"
 
 #include <algorithm>
+#include <memory>
 #include <new>
 #include <utility>
 
@@ -15,30 +16,43 @@ namespace {
 constexpr int mailboxType = 1;
 constexpr int groupType = 2;
 
+using NewAddress = std::unique_ptr<EMAIL_Address>;
+
 // `g` is the name by which the assertion's readers know a missing address.
-EMAIL_Address* newAddress(int type)
+void checkAddress(bool isThere)
 {
-    auto* g = new (std::nothrow) EMAIL_Address;
-    TARVOMIME_CHECK_ALLOCATION(g, "g", "utility/EMAIL_AddrList.cpp",
+    TARVOMIME_CHECK_ALLOCATION(isThere, "g", "utility/EMAIL_AddrList.cpp",
                                "virtual void EMAIL_AddrList::parse()");
-    g->mAddrType = type;
-    return g;
 }
 
-EMAIL_Address* newMailbox(const QCString& text)
+NewAddress newAddress(int type)
 {
-    EMAIL_Address* mailbox = newAddress(mailboxType);
+    NewAddress address(new (std::nothrow) EMAIL_Address);
+    checkAddress(address != nullptr);
+    address->mAddrType = type;
+    return address;
+}
+
+NewAddress newMailbox(const QCString& text)
+{
+    NewAddress mailbox = newAddress(mailboxType);
     // Room for one: a growing list would take room for more.
     mailbox->mAddresses = {text};
     return mailbox;
 }
 
-EMAIL_Address* newGroup(const QCString& name, const QCString& members)
+NewAddress newGroup(const QCString& name, const QCString& members)
 {
-    EMAIL_Address* group = newAddress(groupType);
+    NewAddress group = newAddress(groupType);
     group->mGroupName = name;
     group->mAddresses = tarvomime::splitAtEvery(QCString::fromLiteral(","), members, true);
     return group;
+}
+
+void append(QPtrList<EMAIL_Address>& list, NewAddress address)
+{
+    checkAddress(list.append(address.get()));
+    static_cast<void>(address.release());
 }
 
 bool isWritten(const EMAIL_Address* address)
@@ -128,6 +142,8 @@ void EMAIL_AddrList::parse()
     mAddrList.clear();
     if (mBody.isEmpty())
         return;
+    // Until all is read, the text is what counts.
+    mParsed = 0;
     const int length = mBody.length();
     const auto endsPiece = [](char c) { return c == ',' || c == ':'; };
     int start = 0;
@@ -135,12 +151,12 @@ void EMAIL_AddrList::parse()
         const char* separator = std::find_if(mBody.begin() + start, mBody.end(), endsPiece);
         const int stop = static_cast<int>(separator - mBody.begin());
         if (mBody[stop] == ':') {
-            mAddrList.append(newGroup(mBody.mid(start, stop - start), mBody.mid(stop + 1)));
+            append(mAddrList, newGroup(mBody.mid(start, stop - start), mBody.mid(stop + 1)));
             break;
         }
         // The body's last character belongs to the last mailbox, even when it is a ",".
         const int size = stop >= length - 1 ? length - start : stop - start;
-        mAddrList.append(newMailbox(mBody.mid(start, size).stripWhiteSpace()));
+        append(mAddrList, newMailbox(mBody.mid(start, size).stripWhiteSpace()));
         start = stop + 1;
     }
     mParsed = 1;

@@ -138,6 +138,8 @@ void EMAIL_ContentType::parse()
         return;
     const int before = mParsed;
     const int position = parseMediaType();
+    // Until all is read, the text is what counts.
+    mParsed = Unparsed;
     if (mBody[position] == ';')
         readParameters(mBody.mid(position + 1), mParams);
     else if (position == 0)
