@@ -36,8 +36,10 @@ NewAddress newAddress(int type)
 NewAddress newMailbox(const QCString& text)
 {
     NewAddress mailbox = newAddress(mailboxType);
-    // Room for one: a growing list would take room for more.
-    mailbox->mAddresses = {text};
+    // Room for one: a growing list would take room for more. Not made from a list in braces, which
+    // Qt builds without a look at whether there was memory for it.
+    mailbox->mAddresses.reserve(1);
+    mailbox->mAddresses.append(text);
     return mailbox;
 }
 
