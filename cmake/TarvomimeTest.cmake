@@ -40,6 +40,9 @@ function(tarvomime_register_test name)
   target_compile_definitions(${name} PRIVATE
     TARVOMIME_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
     TARVOMIME_CORPUS_DIR="${PROJECT_SOURCE_DIR}/../shared/corpus")
+  if(CMAKE_CROSSCOMPILING_EMULATOR)
+    target_compile_definitions(${name} PRIVATE TARVOMIME_EMULATED)
+  endif()
   # Test code is compiled far more often than it runs: heavy optimisation would only cost time.
   target_compile_options(${name} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-O1>)
   target_precompile_headers(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/Precompiled.h)

@@ -3,7 +3,7 @@
 
 # Chroots are root's; says so before anything is begun.
 need_chroots() {
-    [ "$(id -u)" -eq 0 ] || die "needs root, to make a chroot and to enter it: sudo $0 $*"
+    [ "$(id -u)" -eq 0 ] || die "needs root, to make a chroot and to enter it: sudo $0${*:+ $*}"
     unshare --mount true 2>/dev/null || die "needs the right to mount, which this machine or container withholds"
     install_packages packages-chroot
 }

@@ -49,7 +49,7 @@ install_packages() {
         administrator=(sudo)
         command -v sudo >/dev/null || die "these Debian packages are missing, and installing them needs root or sudo.
 An administrator installs them with one command:
-  apt-get install --no-install-recommends ${missing[*]}"
+  apt-get update && apt-get install --no-install-recommends ${missing[*]}"
         # Asks for the password while there is a terminal to ask on.
         sudo true || die "installing packages was not allowed; missing: ${missing[*]}"
     fi
