@@ -111,7 +111,7 @@ TEST(Compose, BoundaryIsNotThatOfAnAttachedMessage)
                  QStringList{"--text", "x", "--attach", "other.eml", "last.bin", "--out", "a.eml"})
             .status,
         0);
-    const ToolResult result = tool.run({"extract", "a.eml", "--into", "parts"});
+    const ToolResult result = tool.run({"extract", "a.eml", "--all", "--out", "parts"});
     EXPECT_EQ(result.status, 0) << testing::PrintToString(result);
     EXPECT_EQ(tool.read("parts/last.bin"), "last") << tool.read("a.eml").toStdString();
 }
