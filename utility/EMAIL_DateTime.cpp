@@ -4,6 +4,7 @@
 #include "types/Ascii.h"
 #include "utility/EMAIL_Numbers.h"
 #include "utility/text/Tokens.h"
+#include "utility/time/CurrentZone.h"
 #include "utility/time/LocalTime.h"
 #include "utility/time/ZoneOffset.h"
 
@@ -109,7 +110,7 @@ EMAIL_DateTime::EMAIL_DateTime() = default;
 EMAIL_DateTime::EMAIL_DateTime(const QCString& text, EMAIL_BaseComponent* parent)
     : EMAIL_Field(text, parent)
 {
-    tzset();
+    tarvomime::followZone();
 }
 
 EMAIL_DateTime::~EMAIL_DateTime() = default;
