@@ -2,6 +2,7 @@
 #include "extra/CharsetText.h"
 
 #include "extra/CharsetStatistics.h"
+#include "extra/Utf8.h"
 #include "types/Ascii.h"
 #include "utility/EMAIL_Util.h"
 
@@ -152,13 +153,6 @@ const char* charsetByEscape(std::string_view bytes)
     return nullptr;
 }
 
-bool isUtf8(const QByteArray& bytes)
-{
-    QTextCodec::ConverterState state;
-    QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), int(bytes.size()), &state);
-    return state.invalidChars == 0 && state.remainingChars == 0;
-}
-
 /// What a codec makes of bytes that mean nothing to it: the replacement character, or a character
 /// for private use.
 bool isBroken(QChar c)
@@ -217,7 +211,7 @@ ProposedCharset proposeCharset(const QByteArray& bytes, const QByteArray& fallba
             return {escaped, CharsetBasis::Escapes};
         return {"us-ascii", CharsetBasis::Ascii};
     }
-    if (isUtf8(bytes))
+    if (isUtf8(viewOf(bytes)))
         return {"utf-8", CharsetBasis::ValidUtf8};
     const QByteArray guessed = charsetByStatistics(bytes);
     const Reader reader = readerOf(guessed);
@@ -226,20 +220,28 @@ ProposedCharset proposeCharset(const QByteArray& bytes, const QByteArray& fallba
     return {fallback, CharsetBasis::Fallback};
 }
 
-ReadText readText(const QByteArray& bytes, const QByteArray& declared, const QByteArray& fallback)
+Result<ReadText> readDeclaredText(const QByteArray& bytes, const QByteArray& declared)
 {
     const Reader reader = readerOf(declared);
     const bool ascii = isAscii(bytes);
     if (reader.number == CHARSET_ISO_8859_1 && !ascii && holdsC1Bytes(bytes)) {
         const ProposedCharset windows{"windows-1252", CharsetBasis::Windows1252Letters};
-        return {textFromCharset(bytes, windows.name).valueOr({}), windows};
+        return ReadText{textFromCharset(bytes, windows.name).valueOr({}), windows};
     }
     const bool mayBe = reader.isKnown() && (ascii || reader.number != CHARSET_US_ASCII);
     if (mayBe) {
         const QString text = readBy(reader, bytes);
         if (isSingleByteLabel(reader) || isMostlyWhole(text))
-            return {text, {plainName(declared), CharsetBasis::Declared}};
+            return ReadText{text, {plainName(declared), CharsetBasis::Declared}};
     }
+    return Failure{QStringLiteral("the text cannot be in the charset \"%1\"")
+                       .arg(QString::fromLatin1(declared.left(kLongestName)))};
+}
+
+ReadText readText(const QByteArray& bytes, const QByteArray& declared, const QByteArray& fallback)
+{
+    if (const Result<ReadText> text = readDeclaredText(bytes, declared))
+        return *text;
     const ProposedCharset proposed = proposeCharset(bytes, fallback);
     const Result<QString> text = textFromCharset(bytes, proposed.name);
     return {text ? *text : QString::fromLatin1(bytes), proposed};

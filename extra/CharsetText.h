@@ -61,12 +61,17 @@ TARVOMIME_EXTRA_EXPORT Result<QString> textFromCharset(const QByteArray& bytes,
 TARVOMIME_EXTRA_EXPORT ProposedCharset proposeCharset(const QByteArray& bytes,
                                                       const QByteArray& fallback = "windows-1252");
 
-/// Reads `bytes` as a person would want to see them: in the charset `declared`, or in the proposed
-/// one where none is declared or where the declared one is unknown or cannot be (8-bit bytes in
-/// us-ascii, text that is no UTF-8, or that a multi-byte charset gives no meaning to).
+/// Reads `bytes` in the charset `declared`, without guessing. Fails where that charset is unknown,
+/// or cannot be (8-bit bytes in us-ascii, text that is no UTF-8, or that a multi-byte charset gives
+/// no meaning to).
 ///
 /// A declared UTF-8 or multi-byte charset is believed as long as nine of ten of its characters are
 /// whole. ISO 8859-1 with bytes that it keeps for controls is read as windows-1252, its superset.
+TARVOMIME_EXTRA_EXPORT Result<ReadText> readDeclaredText(const QByteArray& bytes,
+                                                         const QByteArray& declared);
+
+/// Reads `bytes` as a person would want to see them: in the charset `declared`, or in the proposed
+/// one where `readDeclaredText` fails.
 TARVOMIME_EXTRA_EXPORT ReadText readText(const QByteArray& bytes, const QByteArray& declared,
                                          const QByteArray& fallback = "windows-1252");
 

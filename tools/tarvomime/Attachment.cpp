@@ -2,7 +2,7 @@
 #include "tools/tarvomime/Attachment.h"
 
 #include "tools/tarvomime/InputFile.h"
-#include "tools/tarvomime/Utf8.h"
+#include "extra/Utf8.h"
 #include "utility/EMAIL_MultiPart.h"
 #include "utility/EMAIL_Util.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "extra/SafeFileName.h"
+#include "extra/TargetFolder.h"
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/InputFile.h"
 #include "tools/tarvomime/Interrupt.h"
@@ -9,14 +9,11 @@
 #include "tools/tarvomime/Printable.h"
 #include "tools/tarvomime/Session.h"
 #include "tools/tarvomime/StoredMessage.h"
-#include "tools/tarvomime/TargetFolder.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Util.h"
 
 #include <CLI/CLI.hpp>
-#include <cerrno>
-#include <cstring>
 #include <memory>
 
 namespace tarvomime::tool {
@@ -118,23 +115,20 @@ private:
             return;
         }
         const QString wanted = facts.fileName.isEmpty() ? facts.name : facts.fileName;
-        QByteArray created;
-        const int descriptor =
-            mFolder.create(safeFileName(wanted, fallbackName(number, facts)), created);
-        if (descriptor < 0)
-            mSession.complain(mOptions.out, std::strerror(errno));
-        else if (decode(entity, descriptor, created))
+        WatchedFile target;
+        const Result<QString> created = mFolder.create(wanted, target, fallbackName(number, facts));
+        if (!created)
+            mSession.complain(mOptions.out, created.reason().toStdString());
+        else if (decode(entity, target, *created))
             mSession.print(number + "  " + printableLine(mOptions.out) + '/' +
-                           printableLine({created.constData(), std::size_t(created.size())}) +
-                           '\n');
+                           printableLine(created->toStdString()) + '\n');
     }
 
-    bool decode(const EMAIL_Entity& entity, int descriptor, const QByteArray& name)
+    bool decode(const EMAIL_Entity& entity, WatchedFile& target, const QString& name)
     {
         const EMAIL_Body& body = *entity.mBody;
         ProgressBar bar(name.toStdString(), body.mLength);
-        WatchedFile target(&bar);
-        target.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
+        target.setBar(&bar);
         const char* start = mFile.data() + body.mOffset;
         // What was decoded is not needed again: a large attachment must not fill the memory. Every
         // encoding has at least as many bytes as what it stands for.
@@ -152,7 +146,7 @@ private:
             target.flush();
         if (whole)
             return true;
-        mFolder.remove(name);
+        (void)mFolder.remove(name); // what stopped the writing is what the user needs to know
         if (!wasInterrupted())
             mSession.complain(mOptions.out + '/' + name.toStdString(),
                               target.errorString().toStdString());
@@ -173,9 +167,9 @@ private:
 void extract(const ExtractOptions& options, Session& session)
 {
     const InterruptGuard guard;
-    TargetFolder folder(options.out);
-    if (!folder.isOpen()) {
-        session.complain(options.out, folder.problem());
+    Result<TargetFolder> folder = TargetFolder::open(QByteArray(options.out.c_str()));
+    if (!folder) {
+        session.complain(options.out, folder.reason().toStdString());
         return;
     }
     for (const std::string& path : options.files) {
@@ -183,7 +177,7 @@ void extract(const ExtractOptions& options, Session& session)
             break;
         const InputFile file(path);
         if (file.isOpen())
-            Extraction(file, options, folder, session).run();
+            Extraction(file, options, *folder, session).run();
         else
             session.complain(path, file.problem());
     }

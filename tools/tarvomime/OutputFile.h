@@ -14,7 +14,9 @@ class WatchedFile : public QFile
 {
 public:
     /// `bar` may be null.
-    explicit WatchedFile(ProgressBar* bar) : mBar(bar) {}
+    explicit WatchedFile(ProgressBar* bar = nullptr) : mBar(bar) {}
+
+    void setBar(ProgressBar* bar) { mBar = bar; }
 
 protected:
     qint64 writeData(const char* data, qint64 length) override;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/tarvomime/PartFacts.h"
 
-#include "tools/tarvomime/FieldParameter.h"
+#include "extra/FieldParameter.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_DispositionType.h"
@@ -19,6 +19,14 @@ QString fieldText(const EMAIL_Header& header, const QCString& name)
     return field == nullptr ? QString() : QString::fromUtf8(QByteArray(field->mBody)).simplified();
 }
 
+/// The name of a charset that the user chose by its number.
+QByteArray charsetName(int charset)
+{
+    QCString name;
+    EMAIL_Util::charsetEnumToStr(charset, name);
+    return name;
+}
+
 void readContentType(const EMAIL_Header& header, int charset, PartFacts& facts)
 {
     facts.type = QStringLiteral("text/plain");
@@ -28,8 +36,8 @@ void readContentType(const EMAIL_Header& header, int charset, PartFacts& facts)
     const QString mediaType = QString::fromUtf8(QByteArray(type->mType));
     const QString subType = QString::fromUtf8(QByteArray(type->mSubType));
     facts.type = (mediaType + '/' + subType).toLower();
-    facts.charset = fieldParameter(type->mBody, "charset", charset);
-    facts.name = fieldParameter(type->mBody, "name", charset);
+    facts.charset = fieldParameter(type->mBody, "charset", charsetName(charset));
+    facts.name = fieldParameter(type->mBody, "name", charsetName(charset));
 }
 
 void readDisposition(const EMAIL_Header& header, int charset, PartFacts& facts)
@@ -39,7 +47,7 @@ void readDisposition(const EMAIL_Header& header, int charset, PartFacts& facts)
         return;
     facts.disposition =
         disposition->mIsAttachment != 0 ? QStringLiteral("attachment") : QStringLiteral("inline");
-    facts.fileName = fieldParameter(disposition->mBody, "filename", charset);
+    facts.fileName = fieldParameter(disposition->mBody, "filename", charsetName(charset));
     // A name under any other parameter is what the library's users see; it keeps a lone pair of
     // quotes.
     const QCString stored = disposition->getFileName();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/tarvomime/Printable.h"
 
-#include "tools/tarvomime/Utf8.h"
+#include "extra/Utf8.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -40,7 +40,7 @@ void appendByteEscape(QByteArray& out, Byte byte)
     out.append(escape, std::snprintf(escape, sizeof escape, "\\x%02X", byte));
 }
 
-void appendCharacter(QByteArray& out, const Character& character, std::string_view bytes)
+void appendCharacter(QByteArray& out, const Utf8Character& character, std::string_view bytes)
 {
     if (!character.valid)
         appendByteEscape(out, static_cast<Byte>(bytes.front()));
@@ -81,7 +81,7 @@ QByteArray escaped(std::string_view text, LineEnd appendLineEnd)
         if (c == '\n' || c == '\r' || c == '\t') {
             appendLineEnd(out, text);
         } else {
-            const Character character = firstCharacter(text);
+            const Utf8Character character = firstUtf8Character(text);
             length = character.length;
             appendCharacter(out, character, text.substr(0, length));
         }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tools/tarvomime/Utf8.h"
+#include "extra/Utf8.h"
 
-namespace tarvomime::tool {
+namespace tarvomime {
 
 namespace {
 
@@ -27,11 +27,11 @@ bool isScalarOfLength(char32_t codePoint, std::size_t length)
 
 } // namespace
 
-Character firstCharacter(std::string_view text)
+Utf8Character firstUtf8Character(std::string_view text)
 {
     const auto lead = static_cast<Byte>(text.front());
     const std::size_t length = lengthByLead(lead);
-    const Character lone{lead, 1, false};
+    const Utf8Character lone{lead, 1, false};
     if (length == 1)
         return {lead, 1, true};
     if (length == 0 || length > text.size())
@@ -43,13 +43,13 @@ Character firstCharacter(std::string_view text)
             return lone;
         codePoint = codePoint << 6 | (byte & 0x3Fu);
     }
-    return isScalarOfLength(codePoint, length) ? Character{codePoint, length, true} : lone;
+    return isScalarOfLength(codePoint, length) ? Utf8Character{codePoint, length, true} : lone;
 }
 
 bool isUtf8(std::string_view text)
 {
     while (!text.empty()) {
-        const Character character = firstCharacter(text);
+        const Utf8Character character = firstUtf8Character(text);
         if (!character.valid)
             return false;
         text.remove_prefix(character.length);
@@ -57,4 +57,4 @@ bool isUtf8(std::string_view text)
     return true;
 }
 
-} // namespace tarvomime::tool
+} // namespace tarvomime

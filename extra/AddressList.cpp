@@ -1,0 +1,328 @@
+// SPDX-License-Identifier: MIT
+#include "extra/AddressList.h"
+
+#include "extra/AddressScanner.h"
+#include "extra/EncodedWords.h"
+#include "extra/Phrase.h"
+#include "extra/ShortText.h"
+#include "utility/EMAIL_Field.h"
+#include "utility/EMAIL_Header.h"
+
+namespace tarvomime {
+
+namespace {
+
+/// Words in the order they came, in the two ways they are needed: as a name and as an address.
+class Words
+{
+public:
+    bool isEmpty() const { return mName.isEmpty() && mRaw.isEmpty(); }
+    const QByteArray& name() const { return mName; }
+    const QByteArray& raw() const { return mRaw; }
+
+    void append(const AddressToken& token)
+    {
+        const bool blank = token.spaceBefore && !isEmpty();
+        // Where the local part of an address could begin: behind a blank that no dot reaches over.
+        if (blank && !token.raw.startsWith('.') && !mRaw.endsWith('.')) {
+            mNameStart = static_cast<int>(mName.size());
+            mRawStart = static_cast<int>(mRaw.size());
+        }
+        mName += (blank ? " " : "") + token.text;
+        mRaw += (blank ? " " : "") + token.raw;
+    }
+
+    /// Cuts off the last words that no blank stands between, as they are written.
+    QByteArray takeLast()
+    {
+        const QByteArray last = mRaw.mid(mRawStart).trimmed();
+        mName.truncate(mNameStart);
+        mRaw.truncate(mRawStart);
+        mNameStart = mRawStart = 0;
+        return last;
+    }
+
+private:
+    QByteArray mName;
+    QByteArray mRaw;
+    int mNameStart = 0;
+    int mRawStart = 0;
+};
+
+/// Blanks may stand around the dots and the "@" of an address; they are not part of it.
+QByteArray withoutBlanksAtDots(const QByteArray& address)
+{
+    QByteArray out;
+    for (const char c : address) {
+        if ((c == '.' || c == '@') && out.endsWith(' '))
+            out.chop(1);
+        if (c != ' ' || !(out.endsWith('.') || out.endsWith('@')))
+            out += c;
+    }
+    return out;
+}
+
+class ListReader
+{
+public:
+    ListReader(std::string_view body, const QByteArray& fallbackCharset)
+        : mScanner(body), mFallback(fallbackCharset)
+    {
+    }
+
+    QList<Mailbox> read()
+    {
+        do {
+            mToken = mScanner.take();
+            handle();
+        } while (mToken.kind != AddressToken::End);
+        return mMailboxes;
+    }
+
+private:
+    /// Where in a mailbox the reader stands.
+    enum class State { Name, Domain, BehindAddress, Angle, Route };
+
+    void handle()
+    {
+        if (mToken.kind == AddressToken::Comment)
+            mComment += (mComment.isEmpty() ? "" : " ") + mToken.text;
+        else if (mToken.kind == AddressToken::End)
+            finishList();
+        else if (mState == State::Angle || mState == State::Route)
+            handleInAngle();
+        else if (mToken.isWord())
+            handleWord();
+        else
+            handleSpecial();
+    }
+
+    void handleInAngle()
+    {
+        if (mToken.is('>')) {
+            mState = State::BehindAddress;
+        } else if (mState == State::Route) {
+            if (mToken.is(':'))
+                mState = State::Angle;
+            else if (mToken.is(';'))
+                handleSpecial();
+        } else if (mToken.is('@') && mAddress.isEmpty()) {
+            mState = State::Route;
+        } else if (mToken.is(',') || mToken.is(';')) {
+            handleSpecial();
+        } else if (!mToken.is('<')) {
+            mAddress += (mToken.spaceBefore && !mAddress.isEmpty() ? " " : "") + mToken.raw;
+        }
+    }
+
+    void handleWord()
+    {
+        const bool goesOn =
+            mState == State::Domain && (!mToken.spaceBefore || mAddress.endsWith('@') ||
+                                        mAddress.endsWith('.') || mToken.raw.startsWith('.'));
+        if (goesOn) {
+            mAddress += mToken.raw;
+            return;
+        }
+        if (mState == State::Domain)
+            mState = State::BehindAddress;
+        if (mState == State::Name)
+            mWords.append(mToken);
+        else
+            mTrailing.append(mToken);
+    }
+
+    void handleSpecial()
+    {
+        switch (mToken.text.at(0)) {
+        case ',':
+            finishMailbox();
+            break;
+        case ';':
+            finishMailbox();
+            finishGroup();
+            break;
+        case ':':
+            handleColon();
+            break;
+        case '@':
+            handleAt();
+            break;
+        case '<':
+            openAngle();
+            break;
+        default:
+            break; // a ">" that nothing opened
+        }
+    }
+
+    void handleColon()
+    {
+        const bool opensGroup = mState == State::Name && mGroup.isNull();
+        if (!opensGroup) {
+            handleWord();
+            return;
+        }
+        mGroup = decoded(mWords.name());
+        if (mGroup.isNull())
+            mGroup = QStringLiteral("");
+        mGroupStart = static_cast<int>(mMailboxes.size());
+        startMailbox();
+    }
+
+    void handleAt()
+    {
+        if (mState != State::Name) {
+            handleWord();
+            return;
+        }
+        mAddress = mWords.takeLast() + '@';
+        mState = State::Domain;
+    }
+
+    /// What looked like an address is the name of the one in brackets.
+    void openAngle()
+    {
+        if (mState != State::Name && !mHadAngle) {
+            AddressToken shown;
+            shown.text = shown.raw = mAddress;
+            shown.spaceBefore = true;
+            mWords.append(shown);
+            mAddress.clear();
+        }
+        const bool isFirst = !mHadAngle;
+        mHadAngle = true;
+        mState = isFirst ? State::Angle : State::BehindAddress;
+    }
+
+    QString decoded(const QByteArray& bytes) const { return decodedWords(bytes, mFallback); }
+
+    QString name() const
+    {
+        for (const QByteArray& bytes : {mWords.name(), mTrailing.name(), mComment}) {
+            const QString text = decoded(bytes).trimmed();
+            if (!text.isEmpty())
+                return text;
+        }
+        return {};
+    }
+
+    bool isNothing() const
+    {
+        return mWords.isEmpty() && mAddress.isEmpty() && mComment.isEmpty() && !mHadAngle;
+    }
+
+    void finishMailbox()
+    {
+        if (!isNothing()) {
+            const bool hasAddress = mHadAngle || mState != State::Name;
+            Mailbox mailbox;
+            const QByteArray address = hasAddress ? mAddress : mWords.raw();
+            mailbox.address =
+                ShortTextReader(mFallback).read(withoutBlanksAtDots(address.trimmed()));
+            mailbox.name = hasAddress ? name() : decoded(mComment);
+            mailbox.group = mGroup;
+            mailbox.problem = addressProblem(mailbox.address);
+            mMailboxes.append(mailbox);
+        }
+        startMailbox();
+    }
+
+    void startMailbox()
+    {
+        mWords = mTrailing = Words();
+        mAddress.clear();
+        mComment.clear();
+        mHadAngle = false;
+        mState = State::Name;
+    }
+
+    void finishGroup()
+    {
+        if (!mGroup.isNull() && mMailboxes.size() == mGroupStart) {
+            Mailbox empty;
+            empty.group = mGroup;
+            mMailboxes.append(empty);
+        }
+        mGroup = QString();
+    }
+
+    void finishList()
+    {
+        finishMailbox();
+        finishGroup();
+    }
+
+    AddressScanner mScanner;
+    QByteArray mFallback;
+    QList<Mailbox> mMailboxes;
+    QString mGroup;
+    int mGroupStart = 0;
+    AddressToken mToken;
+    State mState = State::Name;
+    Words mWords;
+    Words mTrailing;
+    QByteArray mAddress;
+    QByteArray mComment;
+    bool mHadAngle = false;
+};
+
+Failure cannotStand(const Mailbox& mailbox, const QString& reason)
+{
+    const QString& shown = mailbox.address.isEmpty() ? mailbox.name : mailbox.address;
+    return {'"' + shown + "\": " + reason};
+}
+
+Result<QString> writtenMailbox(const Mailbox& mailbox)
+{
+    const QString problem = addressProblem(mailbox.address);
+    if (!problem.isEmpty())
+        return cannotStand(mailbox, problem);
+    if (mailbox.address.contains(',') || mailbox.address.contains(':'))
+        return cannotStand(mailbox, QStringLiteral("an address with \",\" or \":\" cannot be "
+                                                   "written into a list"));
+    const QString name = encodedPhrase(mailbox.name);
+    return name.isEmpty() ? mailbox.address : name + " <" + mailbox.address + '>';
+}
+
+} // namespace
+
+QList<Mailbox> readAddressList(const QCString& body, const QByteArray& fallbackCharset)
+{
+    return ListReader(body.view(), fallbackCharset).read();
+}
+
+QList<Mailbox> readAddressList(const EMAIL_Header& header, const QCString& fieldName,
+                               const QByteArray& fallbackCharset)
+{
+    const QCString wanted = fieldName.lower();
+    QList<Mailbox> mailboxes;
+    for (const EMAIL_Field* field : header.mFields) {
+        if (field->mName.lower() == wanted)
+            mailboxes += readAddressList(field->mBody, fallbackCharset);
+    }
+    return mailboxes;
+}
+
+QList<Mailbox> readTypedAddressList(const QString& text)
+{
+    return readAddressList(QCString(text.toUtf8()));
+}
+
+Result<QString> writeAddressList(const QList<Mailbox>& mailboxes)
+{
+    if (mailboxes.size() == 1 && mailboxes.first().isEmptyGroup())
+        return encodedPhrase(mailboxes.first().group) + ":;";
+    QString list;
+    for (const Mailbox& mailbox : mailboxes) {
+        if (mailbox.isEmptyGroup())
+            continue;
+        const Result<QString> written = writtenMailbox(mailbox);
+        if (!written)
+            return written;
+        list += (list.isEmpty() ? "" : ", ") + *written;
+    }
+    return list;
+}
+
+} // namespace tarvomime
