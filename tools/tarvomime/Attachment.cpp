@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/tarvomime/Attachment.h"
 
-#include "tools/tarvomime/InputFile.h"
 #include "extra/Utf8.h"
+#include "tools/tarvomime/InputFile.h"
 #include "utility/EMAIL_MultiPart.h"
 #include "utility/EMAIL_Util.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "extra/Utf8.h"
 #include "tools/tarvomime/LintFindings.h"
 #include "tools/tarvomime/PartFacts.h"
-#include "extra/Utf8.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Util.h"
