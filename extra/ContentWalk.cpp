@@ -56,9 +56,10 @@ bool isShownText(const QByteArray& type)
            type == "text/watch-html";
 }
 
+/// Forms that only some programs can show: not taken where there is plain text or HTML.
 bool isOtherForm(const QByteArray& type)
 {
-    return type == "text/x-amp-html" || type == "text/watch-html";
+    return type != "text/plain" && type != "text/html" && type != "application/xhtml+xml";
 }
 
 bool isHtml(const QByteArray& type)
@@ -266,12 +267,12 @@ void ContentWalk::visitText(const Pending& next, int index)
 
 void ContentWalk::addToAlternative(const Pending& next, int index, bool html)
 {
-    if (isOtherForm(part(index).type)) {
+    ShownBody& body = messageOf(index).bodies[next.body];
+    QList<int>& form = html ? body.html : body.plain;
+    if (!form.isEmpty() && (isOtherForm(part(index).type) || !hasBody(*next.entity))) {
         part(index).role = PartRole::Alternative;
         return;
     }
-    ShownBody& body = messageOf(index).bodies[next.body];
-    QList<int>& form = html ? body.html : body.plain;
     Choices& choices = mChoices[std::size_t(next.message)][std::size_t(next.body)];
     int& chosen = html ? choices.html : choices.plain;
     // A part beside the first one of the same choice is a file unless it has no name.

@@ -99,7 +99,8 @@ struct MessageContent
 /// Walks over the tree of a parsed message once. The result refers to `message`, which must outlive
 /// it, unchanged. Multiparts of every kind count, the two WAP containers too:
 ///
-/// 1. Of alternatives the last plain text and the last HTML are taken, each for its purpose.
+/// 1. Of alternatives the last plain text and the last HTML are taken, each for its purpose, unless
+///    they are empty.
 /// 2. The root of multipart/related is text, the rest is what it refers to.
 /// 3. Of multipart/report the first part is text; the rest is attached, for programs.
 /// 4. Text is shown unless it says to be an attachment. With a file name it is an attachment too,
