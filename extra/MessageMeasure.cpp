@@ -39,7 +39,8 @@ public:
 private:
     /// What the next line belongs to.
     enum class Place {
-        /// Empty lines in front of a part's header, which parsing skips.
+        /// Empty lines in front of a header: where parsing does not skip them, there is less to
+        /// count.
         BeforeHeader,
         Header,
         Body,
@@ -100,9 +101,7 @@ private:
         mType.clear();
         mField = Field::Other;
         mCte = CTE_7BIT;
-        // Only parts lose the empty lines in front of their header.
-        mPlace = level == 0 || mIsEnclosed ? Place::Header : Place::BeforeHeader;
-        mIsEnclosed = false;
+        mPlace = Place::BeforeHeader;
     }
 
     void visitHeaderLine(std::string_view line, std::size_t at, std::size_t end)
@@ -116,14 +115,16 @@ private:
         const bool isField = line.find(':') != line.npos;
         if (!continues && !isField && mHeaderStart != at) {
             leaveHeader(at);
-            if (mPlace == Place::Body)
+            // The line may be the first delimiter of the container whose header it ends.
+            const bool delimits = line.substr(0, 2) == "--" && visitDelimiter(line.substr(2), at);
+            if (!delimits && mPlace == Place::Body)
                 countBody(line);
             return;
         }
         if (!continues)
             beginField(line);
         if (mField == Field::Type)
-            mType.append(line.data(), int(line.size())).append("\r\n");
+            mType.append(line.data(), int(line.size())).append('\n');
         else if (mField == Field::Encoding)
             mCte =
                 std::max(mCte, EMAIL_Util::cteStrToEnum(QCString(line.data(), int(line.size()))));
@@ -147,18 +148,19 @@ private:
         mMeasure.largestHeader = std::max(mMeasure.largestHeader, qint64(at - mHeaderStart));
         mPlace = Place::Body;
         mStored = 0;
-        EMAIL_ContentType type(QCString(mType.mid(mType.indexOf(':') + 1).trimmed()), nullptr);
+        EMAIL_ContentType type;
+        type.mBody = QCString(mType.mid(mType.indexOf(':') + 1).trimmed());
         type.parse();
         const QByteArray name =
             QByteArray(type.mType).toLower() + '/' + QByteArray(type.mSubType).toLower();
         if (!mType.isEmpty() && isContainerType(name)) {
-            mContainers.push(type.mBoundary.view());
+            // A boundary that is folded spreads its delimiters over lines: its first one counts.
+            const std::string_view boundary = type.mBoundary.view();
+            mContainers.push(boundary.substr(0, boundary.find_first_of("\r\n")));
             mLevels.push_back(mLevel);
             mPlace = Place::Between;
         } else if (!mType.isEmpty() && type.mTypeEnum == TYPE_MESSAGE &&
                    mCte < CTE_QUOTED_PRINTABLE) {
-            mIsEnclosed = true;
-            mHeaderStart = at;
             enterEntity(mLevel + 1);
         }
     }
@@ -179,8 +181,7 @@ private:
     BoundaryTrie mContainers;
     /// The level of each open container.
     std::vector<int> mLevels;
-    Place mPlace = Place::Header;
-    bool mIsEnclosed = false;
+    Place mPlace = Place::BeforeHeader;
     int mLevel = 0;
     std::size_t mHeaderStart = 0;
     QByteArray mType;

@@ -75,8 +75,10 @@ TEST_P(Mbox, IsCutOutOfAPipe)
     const QByteArray bytes = QByteArray::fromStdString(GetParam().bytes);
     Pipe pipe(bytes);
     const std::vector<std::string> cut = messagesOf(pipe, bytes, false);
-    if (!GetParam().believeLengths)
+    // Lengths are not believed where the reader cannot look ahead.
+    if (!GetParam().believeLengths) {
         EXPECT_EQ(cut, GetParam().messages);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -108,8 +110,8 @@ INSTANTIATE_TEST_SUITE_P(
                 kFrom + "A: " + std::string(3 << 20, 'x') + "\n\ny\n\n" + kFrom + "B: 2\n",
                 {"A: " + std::string(3 << 20, 'x') + "\n\ny\n", "B: 2\n"}},
         MboxRow{"LengthBelieved",
-                kFrom + "Content-Length: 40\n\n\n" + kFrom + "y\n\n\n" + kFrom + "B: 2\n",
-                {"Content-Length: 40\n\n\n" + kFrom + "y\n\n", "B: 2\n"},
+                kFrom + "Content-Length: 37\n\n\n" + kFrom + "y\n\n\n" + kFrom + "B: 2\n",
+                {"Content-Length: 37\n\n\n" + kFrom + "y\n\n", "B: 2\n"},
                 true,
                 true},
         MboxRow{"LengthThatLies",
