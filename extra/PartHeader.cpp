@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "extra/PartHeader.h"
 
+#include "extra/AttachmentName.h"
+#include "extra/FieldParameter.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_DispositionType.h"
 #include "utility/EMAIL_Entity.h"
@@ -19,10 +21,7 @@ QByteArray mediaTypeOf(const EMAIL_Entity& entity)
 QByteArray typeParameter(const EMAIL_Entity& entity, const char* name)
 {
     const EMAIL_ContentType* type = entity.mHeader->getContentType();
-    QByteArray value =
-        type == nullptr ? QByteArray() : QByteArray(type->mParams.value(QCString(name)));
-    value.replace('"', "");
-    return value;
+    return type == nullptr ? QByteArray() : fieldParameter(type->mBody, name).toLatin1();
 }
 
 QByteArray contentIdOf(const EMAIL_Entity& entity)
@@ -43,9 +42,7 @@ bool saysAttachment(const EMAIL_Entity& entity)
 
 bool isNamed(const EMAIL_Entity& entity)
 {
-    const EMAIL_DispositionType* disposition = entity.mHeader->getContentDisposition();
-    return (disposition != nullptr && !disposition->getFileName().isEmpty()) ||
-           !typeParameter(entity, "name").isEmpty();
+    return !attachmentName(*entity.mHeader).isEmpty();
 }
 
 bool isContainerType(const QByteArray& type)
