@@ -8,6 +8,7 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/file/MappedFile.h"
+#include "utility/header/EmptyHeader.h"
 #include "utility/header/FieldNames.h"
 #include "utility/text/Latin1.h"
 
@@ -82,7 +83,7 @@ int EMAIL_BasicMsg::assemble(QFile* file)
 
 QString EMAIL_BasicMsg::headerAsString() const
 {
-    return mMessage == nullptr ? QString() : fromLatin1(getHeader()->getMessage());
+    return fromLatin1(orEmpty(getHeader()).getMessage());
 }
 
 int EMAIL_BasicMsg::getMessageLength() const
@@ -128,12 +129,10 @@ void EMAIL_BasicMsg::removeReceiptRequest()
 
 int EMAIL_BasicMsg::needReadReceipt(QCString& out) const
 {
-    const EMAIL_Header* header = getHeader();
-    if (header == nullptr)
-        return 0;
-    const EMAIL_Field* request = header->getField(FieldName::dispositionNotificationTo());
+    const EMAIL_Header& header = orEmpty(getHeader());
+    const EMAIL_Field* request = header.getField(FieldName::dispositionNotificationTo());
     if (request == nullptr)
-        request = header->getField(FieldName::returnReceiptTo());
+        request = header.getField(FieldName::returnReceiptTo());
     if (request == nullptr)
         return 0;
     out = request->mBody;
@@ -142,8 +141,7 @@ int EMAIL_BasicMsg::needReadReceipt(QCString& out) const
 
 bool EMAIL_BasicMsg::getXSendDsn() const
 {
-    const EMAIL_Header* header = getHeader();
-    return header != nullptr && header->getField(FieldName::deliveryNotification()) != nullptr;
+    return orEmpty(getHeader()).getField(FieldName::deliveryNotification()) != nullptr;
 }
 
 void EMAIL_BasicMsg::setXSendDsn(bool on)
@@ -167,18 +165,17 @@ void EMAIL_BasicMsg::setSmartSendInfo(unsigned int refFolderId, unsigned int ref
 int EMAIL_BasicMsg::getSmartSendInfo(unsigned int& refFolderId, unsigned int& refMessageId,
                                      unsigned int& dataLength, int& type) const
 {
-    const EMAIL_Header* header = getHeader();
-    refFolderId = header == nullptr ? 0 : header->getSmartSendRefFolderID();
-    refMessageId = header == nullptr ? 0 : header->getSmartSendRefMessageID();
-    dataLength = header == nullptr ? 0 : header->getSmartSendDataLength();
-    type = header == nullptr ? 0 : header->getSmartSendType();
+    const EMAIL_Header& header = orEmpty(getHeader());
+    refFolderId = header.getSmartSendRefFolderID();
+    refMessageId = header.getSmartSendRefMessageID();
+    dataLength = header.getSmartSendDataLength();
+    type = header.getSmartSendType();
     return 0;
 }
 
 int EMAIL_BasicMsg::getOperation() const
 {
-    const EMAIL_Header* header = getHeader();
-    return header == nullptr ? -1 : header->getOperation();
+    return orEmpty(getHeader()).getOperation();
 }
 
 void EMAIL_BasicMsg::removeSmartDataInfo()
@@ -189,11 +186,7 @@ void EMAIL_BasicMsg::removeSmartDataInfo()
 
 int EMAIL_BasicMsg::getBodySize(bool* ok) const
 {
-    if (const EMAIL_Header* header = getHeader())
-        return header->getBodySize(ok);
-    if (ok != nullptr)
-        *ok = false;
-    return 0;
+    return orEmpty(getHeader()).getBodySize(ok);
 }
 
 void EMAIL_BasicMsg::setBodySize(unsigned int size)
@@ -204,11 +197,7 @@ void EMAIL_BasicMsg::setBodySize(unsigned int size)
 
 int EMAIL_BasicMsg::getBodyTruncated(bool* ok) const
 {
-    if (const EMAIL_Header* header = getHeader())
-        return header->getBodyTruncated(ok);
-    if (ok != nullptr)
-        *ok = true;
-    return -1;
+    return orEmpty(getHeader()).getBodyTruncated(ok);
 }
 
 void EMAIL_BasicMsg::setBodyTruncated(int marker)

@@ -8,6 +8,7 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/codec/EncodedWordDecoder.h"
 #include "utility/codec/EncodedWordEncoder.h"
+#include "utility/header/EmptyHeader.h"
 #include "utility/header/FieldNames.h"
 #include "utility/header/TypedField.h"
 #include "utility/text/Latin1.h"
@@ -37,7 +38,7 @@ QString decoded(const QCString& value, int charset)
 // in its normalised form.
 QString decodedField(const EMAIL_Header* header, const QCString& name, int charset)
 {
-    const EMAIL_Field* field = header == nullptr ? nullptr : header->getField(name);
+    const EMAIL_Field* field = orEmpty(header).getField(name);
     return field == nullptr ? QString() : decoded(field->mBody, charset);
 }
 
@@ -159,8 +160,7 @@ void EMAIL_BasicMsg::setSubject(const QString& subject)
 
 QString EMAIL_BasicMsg::getXMailer() const
 {
-    const EMAIL_Header* header = getHeader();
-    return header == nullptr ? QString() : fromLatin1(header->getXMailer());
+    return fromLatin1(orEmpty(getHeader()).getXMailer());
 }
 
 void EMAIL_BasicMsg::setXMailer(const QString& value)
@@ -171,8 +171,7 @@ void EMAIL_BasicMsg::setXMailer(const QString& value)
 
 QString EMAIL_BasicMsg::getMimeVersion() const
 {
-    const EMAIL_Header* header = getHeader();
-    return header == nullptr ? QString() : fromLatin1(header->getMimeVersion());
+    return fromLatin1(orEmpty(getHeader()).getMimeVersion());
 }
 
 void EMAIL_BasicMsg::setMimeVersion(const QString& value)
@@ -183,8 +182,7 @@ void EMAIL_BasicMsg::setMimeVersion(const QString& value)
 
 unsigned long EMAIL_BasicMsg::getDate() const
 {
-    const EMAIL_Header* header = getHeader();
-    EMAIL_DateTime* date = header == nullptr ? nullptr : header->getDate();
+    EMAIL_DateTime* date = orEmpty(getHeader()).getDate();
     return date == nullptr ? 0 : date->getTime();
 }
 
@@ -196,23 +194,19 @@ void EMAIL_BasicMsg::setDate(unsigned long seconds)
 
 QString EMAIL_BasicMsg::getRawDateStr() const
 {
-    const EMAIL_Header* header = getHeader();
-    const EMAIL_Field* date = header == nullptr ? nullptr : header->getField(FieldName::date());
+    const EMAIL_Field* date = orEmpty(getHeader()).getField(FieldName::date());
     return date == nullptr ? QString() : fromLatin1(date->mBody);
 }
 
 QString EMAIL_BasicMsg::getDateStr() const
 {
-    const EMAIL_Header* header = getHeader();
-    if (header == nullptr || header->getDate() == nullptr)
-        return {};
-    return displayTime(getDate());
+    const bool isDated = orEmpty(getHeader()).getDate() != nullptr;
+    return isDated ? displayTime(getDate()) : QString();
 }
 
 int EMAIL_BasicMsg::getXPriority() const
 {
-    const EMAIL_Header* header = getHeader();
-    const unsigned int priority = header == nullptr ? priorityNormal : header->getXPriority();
+    const unsigned int priority = orEmpty(getHeader()).getXPriority();
     if (priority < priorityNormal)
         return priorityHigh;
     return priority < priorityLow ? priorityNormal : priorityLow;
@@ -231,11 +225,9 @@ void EMAIL_BasicMsg::setXPriority(int priority)
 
 EMAIL_ContentType* EMAIL_BasicMsg::contentTypeField() const
 {
-    const EMAIL_Header* header = getHeader();
-    if (header == nullptr)
-        return nullptr;
-    mTypePosition = findContentType(header->mFields, mTypePosition);
-    return parsedAs<EMAIL_ContentType>(header->mFields.at(mTypePosition));
+    const Fields& fields = orEmpty(getHeader()).mFields;
+    mTypePosition = findContentType(fields, mTypePosition);
+    return parsedAs<EMAIL_ContentType>(fields.at(mTypePosition));
 }
 
 int EMAIL_BasicMsg::getType() const
@@ -300,8 +292,7 @@ void EMAIL_BasicMsg::setCharset(int charset)
 
 int EMAIL_BasicMsg::getCTE() const
 {
-    const EMAIL_Header* header = getHeader();
-    return header == nullptr ? CTE_7BIT : header->getCte();
+    return orEmpty(getHeader()).getCte();
 }
 
 void EMAIL_BasicMsg::setCTE(int cte)
@@ -313,7 +304,8 @@ void EMAIL_BasicMsg::setCTE(int cte)
 QString EMAIL_BasicMsg::getMethod() const
 {
     EMAIL_Header* header = getHeader();
-    return header == nullptr ? QString() : fromLatin1(header->getMethod().lower());
+    // Reading adds a missing field: the empty header that all share cannot serve.
+    return fromLatin1(header == nullptr ? QCString("") : header->getMethod().lower());
 }
 
 void EMAIL_BasicMsg::setMethod(const QString& method)
@@ -333,9 +325,7 @@ QString EMAIL_BasicMsg::getFileName(int charset) const
 
 QString EMAIL_BasicMsg::getName(int charset) const
 {
-    const EMAIL_Header* header = getHeader();
-    const EMAIL_DispositionType* disposition =
-        header == nullptr ? nullptr : header->getContentDisposition();
+    const EMAIL_DispositionType* disposition = orEmpty(getHeader()).getContentDisposition();
     const QCString name = disposition == nullptr ? QCString() : disposition->getFileName();
     return name.isEmpty() ? QString() : decoded(name, charset);
 }

@@ -352,6 +352,28 @@ TEST(EMAIL_BasicMsg, HandleWithoutAMessageReadsAsAnEmptyOne)
     EXPECT_TRUE(text.isEmpty());
 }
 
+// Qt tells an empty text from a null one.
+TEST(EMAIL_BasicMsg, HandleWithoutAMessageAnswersWithTheTextsOfAnEmptyOne)
+{
+    const EmptyHandle handle;
+    const EMAIL_BasicMsg message;
+    using Getter = QString (EMAIL_BasicMsg::*)() const;
+    const std::pair<const char*, Getter> getters[] = {
+        {"headerAsString", &EMAIL_BasicMsg::headerAsString},
+        {"getSender", &EMAIL_BasicMsg::getSender},
+        {"getXMailer", &EMAIL_BasicMsg::getXMailer},
+        {"getMimeVersion", &EMAIL_BasicMsg::getMimeVersion},
+        {"getRawDateStr", &EMAIL_BasicMsg::getRawDateStr},
+        {"getDateStr", &EMAIL_BasicMsg::getDateStr},
+        {"getTypeStr", &EMAIL_BasicMsg::getTypeStr},
+        {"getSubTypeStr", &EMAIL_BasicMsg::getSubTypeStr},
+        {"getMethod", &EMAIL_BasicMsg::getMethod}};
+    for (const auto& [name, getter] : getters) {
+        EXPECT_TRUE((handle.*getter)().isEmpty()) << name;
+        EXPECT_EQ((handle.*getter)().isNull(), (message.*getter)().isNull()) << name;
+    }
+}
+
 TEST(EMAIL_BasicMsg, HandleWithoutAMessageIgnoresSetters)
 {
     const StoredFile file(simpleMessage);
