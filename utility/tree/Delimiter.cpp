@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/tree/Delimiter.h"
 
+#include "utility/tree/DelimiterSearch.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -20,15 +22,6 @@ bool isDelimiterLine(std::string_view text, std::size_t position, std::string_vi
 {
     return startsWith(text, position, dashes) &&
            startsWith(text, position + dashes.size(), boundary);
-}
-
-// The plain rule: the LF in front of the next line that begins with "--" and the boundary.
-std::size_t searchLine(std::string_view text, std::size_t from, std::string_view boundary)
-{
-    std::size_t lineFeed = text.find('\n', from);
-    while (lineFeed != npos && !isDelimiterLine(text, lineFeed + 1, boundary))
-        lineFeed = text.find('\n', lineFeed + 1);
-    return lineFeed;
 }
 
 // The delimiter that starts at `start` and whose dashes are at `line`.
@@ -73,7 +66,8 @@ int DelimiterFinder::findLine(TextRange range, std::string_view boundary,
         cache = mIndex.lookUp(boundary);
     if (!isIndexed || !cache.looked) {
         const std::string_view text = mText.substr(0, static_cast<std::size_t>(range.end));
-        const std::size_t found = searchLine(text, static_cast<std::size_t>(range.start), boundary);
+        const std::size_t found =
+            findDelimiterLine(text, static_cast<std::size_t>(range.start), boundary);
         mSearchBudget -= static_cast<long long>(std::min(found, text.size())) - range.start;
         return found == npos ? -1 : static_cast<int>(found);
     }
