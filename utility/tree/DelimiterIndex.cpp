@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/tree/DelimiterIndex.h"
 
+#include "utility/tree/DelimiterSearch.h"
+
 #include <algorithm>
 #include <new>
 
@@ -13,13 +15,23 @@ constexpr std::string_view lineStart = "\n--";
 // Up to this many lines of one boundary are looked through one by one.
 constexpr int fewLines = 8;
 
-// The first bytes as a number that orders as they do; missing bytes count as NUL.
-std::uint64_t keyOf(std::string_view text)
+// The bytes behind the first `skipped` ones as a number that orders as they do; missing bytes count
+// as NUL.
+std::uint64_t keyOf(std::string_view text, std::size_t skipped)
 {
     std::uint64_t key = 0;
-    for (std::size_t i = 0; i < sizeof key; ++i)
+    for (std::size_t i = skipped; i < skipped + sizeof key; ++i)
         key = key << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
     return key;
+}
+
+std::size_t commonLength(std::string_view a, std::string_view b)
+{
+    const auto end = std::min(a.size(), b.size());
+    std::size_t length = 0;
+    while (length < end && a[length] == b[length])
+        ++length;
+    return length;
 }
 
 } // namespace
@@ -33,14 +45,23 @@ void DelimiterIndex::build()
 {
     if (std::exchange(mBuilt, true))
         return;
-    std::size_t position = mText.find(lineStart, static_cast<std::size_t>(mStart));
-    for (; position != std::string_view::npos; position = mText.find(lineStart, position + 1))
+    std::size_t position = findDelimiterLine(mText, static_cast<std::size_t>(mStart), {});
+    for (; position != std::string_view::npos;
+         position = findDelimiterLine(mText, position + 1, {}))
         mStarts.push_back(static_cast<int>(position));
+    measureShared();
     mOrder.reserve(mStarts.size());
     for (int number = 0; number < static_cast<int>(mStarts.size()); ++number)
-        mOrder.push_back({keyOf(behindDashes(number)), number});
+        mOrder.push_back({keyOf(behindDashes(number), mShared.size()), number});
     std::sort(mOrder.begin(), mOrder.end(),
               [this](const Line& a, const Line& b) { return isLess(a, b); });
+}
+
+void DelimiterIndex::measureShared()
+{
+    mShared = mStarts.empty() ? std::string_view() : behindDashes(0);
+    for (int number = 1; number < static_cast<int>(mStarts.size()); ++number)
+        mShared = mShared.substr(0, commonLength(mShared, behindDashes(number)));
 }
 
 bool DelimiterIndex::isLess(const Line& a, const Line& b) const
@@ -75,7 +96,11 @@ DelimiterIndex::Matches DelimiterIndex::lookUp(std::string_view boundary)
 
 DelimiterIndex::Matches DelimiterIndex::linesOf(std::string_view boundary)
 {
-    const std::uint64_t key = keyOf(boundary);
+    // Either no line begins with the boundary, or all do where it is no longer than what they
+    // share.
+    if (boundary.substr(0, mShared.size()) != mShared.substr(0, boundary.size()))
+        return {0, 0, true, nullptr};
+    const std::uint64_t key = keyOf(boundary, mShared.size());
     const auto prefixOf = [&](const Line& line) {
         return behindDashes(line.number).substr(0, boundary.size());
     };

@@ -43,7 +43,8 @@ public:
     int find(const Matches& matches, int from) const;
 
 private:
-    // Most comparisons end at the first bytes, which need no look at the text.
+    // Most comparisons end at the first bytes behind what all lines share, as those of boundaries
+    // that one program numbers do: they need no look at the text.
     struct Line
     {
         std::uint64_t key;
@@ -52,6 +53,7 @@ private:
     };
 
     void build();
+    void measureShared();
     Matches linesOf(std::string_view boundary);
     std::string_view behindDashes(int number) const;
     bool isLess(const Line& a, const Line& b) const;
@@ -63,6 +65,8 @@ private:
 
     std::string_view mText;
     int mStart;
+    // What all lines begin with, behind "--".
+    std::string_view mShared;
     // Ordered by the text behind "--".
     std::vector<Line> mOrder;
     // The position of the LF in front of each line, ascending.

@@ -158,3 +158,19 @@ TEST(DelimiterFinder, StepsThroughManyLinesOfOneBoundary)
             expectAsInRules(text, boundary, position, int(text.size()), alwaysIndex);
     }
 }
+
+// What all lines begin with is set aside by the index: boundaries shorter than that, as long,
+// longer and apart from it.
+TEST(DelimiterFinder, FindsLinesWithALongCommonBeginning)
+{
+    const QByteArray shared = "=_one_program_";
+    QByteArray text;
+    for (int i = 0; i < 100; ++i)
+        text += "\n--" + shared + QByteArray::number(i) + "\nx";
+    for (const QByteArray& boundary :
+         {shared, shared.left(3), shared + "7", shared + "77", shared + "77\n", shared + "778",
+          QByteArray("=_two"), QByteArray("a"), QByteArray("=_one_programs")}) {
+        for (int position = 0; position < int(text.size()); position += 7)
+            expectAsInRules(text, boundary, position, int(text.size()), alwaysIndex);
+    }
+}
