@@ -4,6 +4,7 @@
 #include "types/AllocationCheck.h"
 #include "types/Ascii.h"
 #include "utility/EMAIL_Field.h"
+#include "utility/header/FieldFactory.h"
 #include "utility/header/FieldNames.h"
 #include "utility/text/RefusedText.h"
 #include "utility/text/Tokens.h"
@@ -55,16 +56,14 @@ private:
     int mPosition = 0;
 };
 
-bool carriesName(const EMAIL_Field* field, const QCString& name)
+// Most names already differ in their lengths, which are looked at in place.
+int indexOf(const QPtrList<EMAIL_Field>& fields, const QCString& text)
 {
-    return equalIgnoringCase(field->mName.view(), name.view());
-}
-
-int indexOf(const QPtrList<EMAIL_Field>& fields, const QCString& name)
-{
-    const auto found =
-        std::find_if(fields.begin(), fields.end(),
-                     [&name](const EMAIL_Field* field) { return carriesName(field, name); });
+    const std::string_view name = text.view();
+    const auto found = std::find_if(fields.begin(), fields.end(), [name](const EMAIL_Field* field) {
+        return field->mName.length() == static_cast<int>(name.size()) &&
+               equalIgnoringCase(field->mName.view(), name);
+    });
     return found == fields.end() ? -1 : static_cast<int>(found - fields.begin());
 }
 
@@ -93,11 +92,12 @@ EMAIL_Header::~EMAIL_Header()
 
 void EMAIL_Header::parse()
 {
+    const QCString nameless;
     LineReader lines(mString);
     while (lines.hasMore()) {
         QCString line = lines.take();
         const Sides sides = sidesOfFirst(":", line.view(), true);
-        EMAIL_Field* parsed = createField(line.isEmpty() ? QCString() : line.slice(sides.left));
+        EMAIL_Field* parsed = createFieldOf(*this, line.isEmpty() ? nameless : line, sides.left);
         if (sides.right)
             parsed->mBody = line.slice(*sides.right);
         parsed->mString = std::move(line);

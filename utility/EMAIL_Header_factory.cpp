@@ -7,10 +7,11 @@
 #include "utility/EMAIL_DateTime.h"
 #include "utility/EMAIL_DispositionType.h"
 #include "utility/EMAIL_Header.h"
+#include "utility/header/FieldFactory.h"
 #include "utility/header/FieldNames.h"
 
-#include <algorithm>
 #include <array>
+#include <cstdint>
 #include <new>
 
 namespace {
@@ -56,18 +57,41 @@ constexpr std::array<KnownField, 18> knownFields{{
     {FieldName::messageIdSpelling, FieldName::messageId, make<EMAIL_Field>},
 }};
 
+constexpr std::size_t longestName = FieldName::contentTransferEncodingSpelling.size();
+
+// One bit for each row whose name has that many bytes: at most three rows are ever compared.
+constexpr std::array<std::uint32_t, longestName + 1> rowsByLength = [] {
+    std::array<std::uint32_t, longestName + 1> rows{};
+    for (std::size_t row = 0; row < knownFields.size(); ++row)
+        rows[knownFields[row].spelling.size()] |= 1U << row;
+    return rows;
+}();
+
+const KnownField* findKnown(std::string_view name)
+{
+    const std::uint32_t rows = name.size() <= longestName ? rowsByLength[name.size()] : 0;
+    const KnownField* known = knownFields.data();
+    for (std::uint32_t rest = rows; rest != 0; rest >>= 1, ++known) {
+        if ((rest & 1U) != 0 && equalIgnoringCase(known->spelling, name))
+            return known;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 EMAIL_Field* EMAIL_Header::createField(const QCString& name)
 {
-    const auto* known =
-        std::find_if(knownFields.begin(), knownFields.end(), [&name](const KnownField& row) {
-            return equalIgnoringCase(row.spelling, name.view());
-        });
-    const bool isKnown = known != knownFields.end();
-    EMAIL_Field* created = isKnown ? known->create(this) : make<EMAIL_Field>(this);
+    return tarvomime::createFieldOf(*this, name, name.view());
+}
+
+EMAIL_Field* tarvomime::createFieldOf(EMAIL_Header& header, const QCString& text,
+                                      std::string_view name)
+{
+    const KnownField* known = findKnown(name);
+    EMAIL_Field* created = known != nullptr ? known->create(&header) : make<EMAIL_Field>(&header);
     TARVOMIME_CHECK_ALLOCATION(created, "created", "utility/EMAIL_Header.cpp",
                                "EMAIL_Field* EMAIL_Header::createField(const QCString&)");
-    created->mName = isKnown ? known->name() : name;
+    created->mName = known != nullptr ? known->name() : text.slice(name);
     return created;
 }
