@@ -26,6 +26,8 @@ class [[nodiscard]] Result
 {
 public:
     Result(T value) : mValue(std::move(value)) {}
+    // Taken over, not copied.
+    // cppcheck-suppress passedByValue
     Result(Failure failure) : mReason(std::move(failure.reason)) {}
 
     explicit operator bool() const { return mValue.has_value(); }

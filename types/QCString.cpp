@@ -132,6 +132,8 @@ QCString mapped(const QCString& text, char (*convert)(char))
 
 } // namespace
 
+// Taken over, not copied.
+// cppcheck-suppress passedByValue
 QCString::QCString(QByteArray buffer, int offset, int length) noexcept
     : mBuffer(std::move(buffer)), mOffset(offset), mLength(length)
 {

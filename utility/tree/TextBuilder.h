@@ -32,7 +32,9 @@ public:
     QCString writtenFrom(int start) const { return mText.mid(start, mPosition - start); }
 
 private:
-    // Written through a pointer: the text already shares the buffer.
+    // Written through a pointer: the text already shares the buffer. Taken by value, so that the
+    // pointer is into a buffer that nobody else has.
+    // cppcheck-suppress passedByValue
     explicit TextBuilder(QByteArray buffer)
         : mStart(buffer.isEmpty() ? nullptr : buffer.data()), mText(QCString::fromBytes(buffer))
     {
