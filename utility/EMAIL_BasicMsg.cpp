@@ -7,7 +7,7 @@
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
-#include "utility/file/MappedFile.h"
+#include "utility/file/WholeFile.h"
 #include "utility/header/EmptyHeader.h"
 #include "utility/header/FieldNames.h"
 #include "utility/text/Latin1.h"
@@ -58,7 +58,7 @@ int EMAIL_BasicMsg::parse(const QString& path)
 {
     if (mMessage == nullptr)
         return -1;
-    const MappedFile file(path);
+    const WholeFile file(path);
     if (!file.isOpen())
         return -1;
     mLength = file.size();

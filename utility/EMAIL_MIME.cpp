@@ -11,7 +11,7 @@
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
 #include "utility/codec/MediaTypes.h"
-#include "utility/file/MappedFile.h"
+#include "utility/file/WholeFile.h"
 #include "utility/text/RefusedText.h"
 #include "utility/tree/FreshBoundaries.h"
 
@@ -287,7 +287,7 @@ void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity* entity, EMAIL_MultiPart& 
 int EMAIL_MIME::convertFileToMulitPart(const QString& path, EMAIL_MultiPart& part, bool& hasHeader)
 {
     hasHeader = true;
-    const MappedFile file(path);
+    const WholeFile file(path);
     if (!file.isOpen())
         return -1;
     EMAIL_BodyPart entity(QCString(""), nullptr);

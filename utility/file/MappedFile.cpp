@@ -28,17 +28,4 @@ int mapFile(const QString& path, std::FILE*& stream, char*& data, int& size)
     return 0;
 }
 
-MappedFile::MappedFile(const QString& path)
-{
-    mapFile(path, mStream, mData, mSize);
-}
-
-MappedFile::~MappedFile()
-{
-    if (!isOpen())
-        return;
-    munmap(mData, static_cast<std::size_t>(mSize));
-    std::fclose(mStream);
-}
-
 } // namespace tarvomime

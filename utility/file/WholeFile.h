@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <memory>
+
+namespace tarvomime {
+
+/// All bytes of a file, for parsing, which looks at all of them, let go when it goes out of scope.
+///
+/// A small file is read, which costs half of what mapping and unmapping it does. A larger one is
+/// mapped; if it is cut short meanwhile, the program ends when its bytes are looked at (SIGBUS).
+/// Whoever reads stored bytes only takes `BodyBytes`.
+class WholeFile
+{
+public:
+    /// Files up to this size are read: their buffer is one that the allocator keeps.
+    static constexpr int longestRead = 96 * 1024;
+
+    /// See `EMAIL_Util::openBuffer` for what is refused.
+    explicit WholeFile(const QString& path);
+    WholeFile(const WholeFile&) = delete;
+    WholeFile& operator=(const WholeFile&) = delete;
+    ~WholeFile();
+
+    bool isOpen() const { return mData != nullptr; }
+    const char* data() const { return mData; }
+    int size() const { return mSize; }
+
+private:
+    std::unique_ptr<char[]> mCopy;
+    const char* mData = nullptr;
+    void* mMapping = nullptr;
+    int mSize = 0;
+};
+
+} // namespace tarvomime
