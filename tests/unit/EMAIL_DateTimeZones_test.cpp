@@ -109,7 +109,9 @@ TEST(EMAIL_DateTimeZones, WrittenDatesMeanTheSameEverywhere)
         {"Tue, 41 Oct 2002 34:00:00 +0100", november - hour * 24},
         {"Thu, 1 Jan 1970 00:00:00 +0000", 0},
         {"Wed, 31 Dec 1969 23:59:59 +0000", ULONG_MAX},
+#if ULONG_MAX > 0xFFFFFFFF // a calendar of 32 bits ends one second earlier
         {"Tue, 19 Jan 2038 03:14:08 +0000", 2147483648},
+#endif
     };
     for (const char* zone : zone::all) {
         const LocalZone local(zone);
