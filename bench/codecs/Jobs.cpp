@@ -20,6 +20,10 @@ const char* jobName(Job job)
         return "decode-base64";
     case Job::DecodeBase64Unbroken:
         return "decode-base64-unbroken";
+    case Job::DecodeBase64ShortFirst:
+        return "decode-base64-short-first";
+    case Job::DecodeBase64Ragged:
+        return "decode-base64-ragged";
     case Job::EncodeQp:
         return "encode-qp";
     case Job::DecodeQp:
@@ -35,6 +39,17 @@ bool dependsOnKind(Job job)
     return job == Job::EncodeQp || job == Job::DecodeQp;
 }
 
+std::string withRaggedLines(const std::string& digits)
+{
+    std::string text;
+    std::size_t start = 0;
+    for (std::size_t length = 40; start < digits.size(); length = 49 - length) {
+        text += digits.substr(start, length) + "\r\n";
+        start += length;
+    }
+    return text;
+}
+
 std::string makeJobInput(Job job, Kind kind, std::size_t size)
 {
     std::string raw = makeInput(kind, size);
@@ -43,6 +58,10 @@ std::string makeJobInput(Job job, Kind kind, std::size_t size)
         return asBase64(raw, true);
     case Job::DecodeBase64Unbroken:
         return asBase64(raw, false);
+    case Job::DecodeBase64ShortFirst:
+        return asBase64(raw.substr(0, 45), true) + asBase64(raw.substr(45), true);
+    case Job::DecodeBase64Ragged:
+        return withRaggedLines(asBase64(raw, false));
     case Job::DecodeQp:
         return asQuotedPrintable(raw, kind);
     default:

@@ -17,6 +17,10 @@ enum class Job {
     EncodeBase64Unbroken,
     DecodeBase64,
     DecodeBase64Unbroken,
+    /// Regular lines behind a short one.
+    DecodeBase64ShortFirst,
+    /// Lines of 40 digits and of 9 by turns, so that groups lie across their ends.
+    DecodeBase64Ragged,
     EncodeQp,
     DecodeQp,
     /// The limit: the same number of raw bytes moved.

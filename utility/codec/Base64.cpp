@@ -16,6 +16,7 @@ namespace {
 constexpr int kLineLength = 76;
 constexpr int kGroupsInLine = kLineLength / 4;
 constexpr int kBytesInLine = kGroupsInLine * 3;
+constexpr int kShortestStretch = 16;
 
 class Base64Encoder
 {
@@ -126,7 +127,10 @@ public:
         while (next < limit && mNext != mEnd) {
             char* const start = next;
             next = writeStretch(next, limit);
-            next = next == start ? walkLine(next, limit) : walkToLineEnd(next, limit);
+            // Past whatever the stretches cannot take.
+            if (next == start)
+                next = walkGroup(next);
+            next = walkToLineEnd(next, limit);
         }
         return next;
     }
@@ -141,6 +145,10 @@ private:
             return next;
         while (mNext != mEnd && *mNext != '\0' && valueOf(*mNext) == kBase64Skipped)
             ++mNext;
+        // No stretch takes less than this.
+        if (mEnd - mNext < kShortestStretch ||
+            valueOf(mNext[kShortestStretch - 1]) == kBase64Skipped)
+            return next;
         for (const auto decode : {decodeBase64Lines, decodeBase64Run}) {
             const Stretch done = decode(mNext, static_cast<std::size_t>(mEnd - mNext), next,
                                         static_cast<std::size_t>(limit - next));
@@ -150,15 +158,8 @@ private:
         return next;
     }
 
-    // The plain walk past whatever the stretches cannot take, and not much further.
-    char* walkLine(char* next, char* limit)
-    {
-        for (int groups = 0; groups < kGroupsInLine && next < limit; ++groups)
-            next = walkGroup(next);
-        return next;
-    }
-
-    // The same, but no further than to the line's end: behind it a new stretch may begin.
+    // The plain walk, but no further than to the line's end: behind it a new stretch may begin. One
+    // that ran on into the next line would find each following line begun.
     char* walkToLineEnd(char* next, char* limit)
     {
         const auto isInLine = [this] { return mNext != mEnd && valueOf(*mNext) != kBase64Skipped; };
@@ -222,14 +223,14 @@ private:
     int mHeldCount = 0;
 };
 
-std::size_t encodedLength(unsigned long length, bool breakLines)
+} // namespace
+
+std::size_t encodedBase64Length(std::size_t length, bool breakLines)
 {
     const std::size_t groups = (length + 2) / 3;
     const std::size_t lines = (groups + kGroupsInLine - 1) / kGroupsInLine;
     return 4 * groups + (breakLines ? 2 * lines : 0);
 }
-
-} // namespace
 
 QByteArray encodeBase64(const char* data, unsigned long length, bool breakLines)
 {
@@ -237,7 +238,7 @@ QByteArray encodeBase64(const char* data, unsigned long length, bool breakLines)
     if (data == nullptr || length > static_cast<unsigned long>(QCString::longestLength))
         return {};
     return runInMemory(Base64Encoder(breakLines), BodyBytes(std::string_view(data, length)),
-                       encodedLength(length, breakLines))
+                       encodedBase64Length(length, breakLines))
         .value_or(QByteArray());
 }
 
@@ -252,15 +253,11 @@ int encodeBase64(const BodyBytes& data, QFile* out, bool breakLines)
     return runToFile(Base64Encoder(breakLines), data, out, nullptr);
 }
 
-void appendBase64(QByteArray& out, std::string_view bytes)
+char* encodeBase64To(std::string_view bytes, char* out, bool breakLines)
 {
-    const auto start = out.size();
-    const auto length = static_cast<int>(encodedLength(bytes.size(), false));
-    out.resize(start + length);
-    char* const next = out.data() + start;
-    Base64Encoder encoder(false);
+    Base64Encoder encoder(breakLines);
     encoder.take(bytes);
-    encoder.finish(encoder.run(next, next + length));
+    return encoder.finish(encoder.run(out, out + encodedBase64Length(bytes.size(), breakLines)));
 }
 
 std::optional<QByteArray> decodeBase64(const BodyBytes& text, NulByte nulByte)

@@ -26,8 +26,10 @@ namespace tarvomime {
 QByteArray encodeBase64(const char* data, unsigned long length, bool breakLines);
 int encodeBase64(const char* data, unsigned long length, QFile* out, bool breakLines);
 int encodeBase64(const BodyBytes& data, QFile* out, bool breakLines);
-/// Appends the base64 of `bytes`, in one run, to `out`.
-void appendBase64(QByteArray& out, std::string_view bytes);
+/// The length of what `length` bytes are encoded to.
+std::size_t encodedBase64Length(std::size_t length, bool breakLines);
+/// Writes the base64 of `bytes` to `out`, which has exactly the room for it. Returns its end.
+char* encodeBase64To(std::string_view bytes, char* out, bool breakLines);
 
 /// Nothing when the text cannot be read or there is no memory.
 std::optional<QByteArray> decodeBase64(const BodyBytes& text, NulByte nulByte);

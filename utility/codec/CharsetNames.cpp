@@ -115,6 +115,15 @@ int charsetFromName(std::string_view name)
     return CHARSET_UNKNOWN;
 }
 
+int charsetOfExactName(std::string_view name)
+{
+    const auto equals = [name](const RecognisedName& row) {
+        return equalIgnoringCase(row.key, name);
+    };
+    const auto* row = std::find_if(recognisedNames.begin(), recognisedNames.end(), equals);
+    return row == recognisedNames.end() ? int{CHARSET_UNKNOWN} : row->charset;
+}
+
 int writeCharsetName(int charset, QCString& name)
 {
     const std::string_view mimeName = mimeCharsetName(charset);

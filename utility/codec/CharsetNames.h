@@ -18,6 +18,8 @@ constexpr int knownCharset(int charset)
 }
 
 int charsetFromName(std::string_view name);
+/// The same for a name with nothing around it, faster; `CHARSET_UNKNOWN` for any other.
+int charsetOfExactName(std::string_view name);
 int writeCharsetName(int charset, QCString& name);
 /// The name that messages carry.
 std::string_view mimeCharsetName(int charset);

@@ -7,6 +7,7 @@
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/QuotedPrintable.h"
+#include "utility/codec/QuotedPrintableTables.h"
 #include "utility/file/Pump.h"
 #include "utility/text/Room.h"
 #include "utility/text/Utf16Buffer.h"
@@ -14,6 +15,7 @@
 #include <QVarLengthArray>
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 
 namespace tarvomime {
 
@@ -55,6 +57,42 @@ QByteArray withSpaces(std::string_view payload)
 
 using Bytes = QVarLengthArray<char, 512>;
 
+unsigned hexValue(char c)
+{
+    return kQpHexValues[static_cast<unsigned char>(c)];
+}
+
+// The length of what a payload gives whose every escape has two digits, as nearly all have; nothing
+// for any other.
+std::optional<std::size_t> decodeWellFormed(std::string_view payload, char* out)
+{
+    char* next = out;
+    for (std::size_t i = 0; i < payload.size(); ++i) {
+        if (payload[i] != '=') {
+            *next++ = payload[i] == '_' ? ' ' : payload[i];
+            continue;
+        }
+        if (payload.size() - i < 3)
+            return std::nullopt;
+        const unsigned high = hexValue(payload[++i]);
+        const unsigned low = hexValue(payload[++i]);
+        if (high == kQpNoDigit || low == kQpNoDigit)
+            return std::nullopt;
+        *next++ = static_cast<char>(high << 4 | low);
+    }
+    return static_cast<std::size_t>(next - out);
+}
+
+std::string_view decodeQuoted(std::string_view text, Bytes& bytes)
+{
+    if (const auto length = decodeWellFormed(text, bytes.data()))
+        return {bytes.constData(), *length};
+    const QByteArray spaced = withSpaces(text);
+    bytes.resize(static_cast<int>(spaced.size()) + kDecodingSlack);
+    const std::string_view spacedText(spaced.constData(), static_cast<std::size_t>(spaced.size()));
+    return {bytes.constData(), decodeQpTo(spacedText, bytes.data())};
+}
+
 // The bytes that a payload stands for, with `bytes` to hold them.
 std::string_view decodePayload(char form, std::string_view payload, Bytes& bytes)
 {
@@ -64,18 +102,24 @@ std::string_view decodePayload(char form, std::string_view payload, Bytes& bytes
     switch (asciiLower(form)) {
     case 'b':
         return {bytes.constData(), decodeBase64To(text, bytes.data())};
-    case 'q': {
-        if (text.find('_') == notFound)
-            return {bytes.constData(), decodeQpTo(text, bytes.data())};
-        const QByteArray spaced = withSpaces(text);
-        bytes.resize(static_cast<int>(spaced.size()) + kDecodingSlack);
-        const std::string_view spacedText(spaced.constData(),
-                                          static_cast<std::size_t>(spaced.size()));
-        return {bytes.constData(), decodeQpTo(spacedText, bytes.data())};
-    }
+    case 'q':
+        return decodeQuoted(text, bytes);
     default:
         return {};
     }
+}
+
+// The charset of a word whose "?" behind the name stands at `mark`.
+//
+// 1. The stretch taken for the name is as long as the place of its "?" in `text`: it ends two bytes
+//    too far, and as much further as there is text before the word. Names are recognised by what
+//    they contain, so that any charset named in that stretch counts.
+int charsetOfWord(std::string_view text, std::size_t start, std::size_t mark)
+{
+    const std::size_t nameStart = start + wordStart.size();
+    const std::string_view name = text.substr(nameStart, mark - nameStart);
+    const int exact = start == 0 ? charsetOfExactName(name) : int{CHARSET_UNKNOWN};
+    return exact != CHARSET_UNKNOWN ? exact : charsetFromName(text.substr(nameStart, mark));
 }
 
 struct Word
@@ -86,10 +130,6 @@ struct Word
 };
 
 // The parts of the first word in `text`; of no known charset when it has no end either.
-//
-// 1. The stretch taken for the name is as long as the place of its "?" in `text`: it ends two bytes
-//    too far, and as much further as there is text before the word. Names are recognised by what
-//    they contain, so that any charset named in that stretch counts.
 Word partsOfWord(std::string_view text, std::size_t start)
 {
     const std::size_t nameStart = start + wordStart.size();
@@ -100,7 +140,7 @@ Word partsOfWord(std::string_view text, std::size_t start)
     const std::size_t payloadEnd = text.find(wordEnd, payloadStart);
     if (payloadEnd == notFound)
         return {};
-    return {charsetFromName(text.substr(nameStart, mark)), text[mark + 1],
+    return {charsetOfWord(text, start, mark), text[mark + 1],
             text.substr(payloadStart, payloadEnd - payloadStart)};
 }
 

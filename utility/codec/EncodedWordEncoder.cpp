@@ -21,6 +21,8 @@ namespace {
 
 // With "=?", "b?" and "?=" a word takes 72 of the 75 characters that RFC 2047 allows.
 constexpr int longestLabelAndPayload = 66;
+constexpr std::string_view kWordStart = "=?";
+constexpr std::string_view kForm = "?b?";
 
 QByteArray encodeBytes(std::string_view bytes, int form)
 {
@@ -142,11 +144,19 @@ private:
     // `end` is where the word's text ends.
     void writeWord(std::string_view bytes, int end)
     {
-        mWords.append("=?", 2);
-        mWords.append(mName.data(), static_cast<int>(mName.size()));
-        mWords.append("?b?", 3);
-        appendBase64(mWords, bytes);
-        mWords.append(end < mText.length() ? "?=\r\n\t" : "?=");
+        const std::string_view close = end < mText.length() ? "?=\r\n\t" : "?=";
+        const std::size_t length = kWordStart.size() + mName.size() + kForm.size() +
+                                   encodedBase64Length(bytes.size(), false) + close.size();
+        const auto start = mWords.size();
+        mWords.resize(start + static_cast<int>(length));
+        char* next = put(kWordStart, mWords.data() + start);
+        next = put(kForm, put(mName, next));
+        put(close, encodeBase64To(bytes, next, false));
+    }
+
+    static char* put(std::string_view text, char* out)
+    {
+        return std::copy(text.begin(), text.end(), out);
     }
 
     const QString& mText;

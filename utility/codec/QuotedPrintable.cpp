@@ -14,22 +14,6 @@ namespace tarvomime {
 namespace {
 
 // A byte that is no digit; see the list in the header.
-constexpr unsigned char kNoDigit = 70;
-
-constexpr std::array<unsigned char, 256> makeHexValues()
-{
-    std::array<unsigned char, 256> values{};
-    values.fill(kNoDigit);
-    for (unsigned char value = 0; value < 16; ++value) {
-        const char digit = kHexDigits[value];
-        values[static_cast<unsigned char>(digit)] = value;
-        values[static_cast<unsigned char>(digit | 0x20)] = value;
-    }
-    return values;
-}
-
-constexpr std::array<unsigned char, 256> kHexValues = makeHexValues();
-
 class QpEncoder
 {
 public:
@@ -187,7 +171,7 @@ private:
         mIsEnded = true;
     }
 
-    static int digit(char c) { return kHexValues[static_cast<unsigned char>(c)]; }
+    static int digit(char c) { return kQpHexValues[static_cast<unsigned char>(c)]; }
 
     const char* mNext = nullptr;
     const char* mEnd = nullptr;

@@ -38,6 +38,8 @@ constexpr auto kQp = GMIME_CONTENT_ENCODING_QUOTEDPRINTABLE;
 const bool added = addWork(kName, Job::EncodeBase64, encode<kBase64>) &&
                    addWork(kName, Job::DecodeBase64, decode<kBase64>) &&
                    addWork(kName, Job::DecodeBase64Unbroken, decode<kBase64>) &&
+                   addWork(kName, Job::DecodeBase64ShortFirst, decode<kBase64>) &&
+                   addWork(kName, Job::DecodeBase64Ragged, decode<kBase64>) &&
                    addWork(kName, Job::EncodeQp, encode<kQp>) &&
                    addWork(kName, Job::DecodeQp, decode<kQp>);
 

@@ -65,6 +65,8 @@ const bool added = addWork(kName, Job::EncodeBase64, encodeBase64) &&
                    addWork(kName, Job::EncodeBase64Unbroken, encodeBase64Unbroken) &&
                    addWork(kName, Job::DecodeBase64, decodeBase64) &&
                    addWork(kName, Job::DecodeBase64Unbroken, decodeBase64) &&
+                   addWork(kName, Job::DecodeBase64ShortFirst, decodeBase64) &&
+                   addWork(kName, Job::DecodeBase64Ragged, decodeBase64) &&
                    addWork(kName, Job::EncodeQp, encodeQp) &&
                    addWork(kName, Job::DecodeQp, decodeQp);
 

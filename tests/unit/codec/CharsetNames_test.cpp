@@ -55,3 +55,18 @@ TEST(CharsetNamesTable, CountsWhatIsNoCharsetAsUnknown)
     EXPECT_EQ(knownCharset(kCharsetCount - 1), CHARSET_ISO_8859_15);
     EXPECT_EQ(charsetFromName("macintosh"), CHARSET_UNKNOWN);
 }
+
+TEST(CharsetNamesTable, RecognisesAnExactNameAsAnyOther)
+{
+    for (int charset = CHARSET_US_ASCII; charset < kCharsetCount; ++charset) {
+        const std::string_view name = mimeCharsetName(charset);
+        SCOPED_TRACE(std::string(name));
+        // Alone "koi8" is the key.
+        const std::string_view key = charset == CHARSET_KOI8_U ? name.substr(0, 4) : name;
+        EXPECT_EQ(charsetOfExactName(key), charset);
+        EXPECT_EQ(charsetFromName(name), charset);
+        const QByteArray upper = QByteArray(key.data(), static_cast<int>(key.size())).toUpper();
+        EXPECT_EQ(charsetOfExactName(upper.constData()), charset);
+        EXPECT_EQ(charsetOfExactName((upper + "?Q").constData()), CHARSET_UNKNOWN);
+    }
+}
