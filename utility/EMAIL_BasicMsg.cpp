@@ -12,6 +12,7 @@
 #include "utility/header/FieldNames.h"
 #include "utility/text/Latin1.h"
 
+#include <memory>
 #include <new>
 
 using namespace tarvomime;
@@ -23,24 +24,30 @@ EMAIL_BasicMsg::EMAIL_BasicMsg()
                                "EMAIL_BasicMsg::EMAIL_BasicMsg()");
 }
 
+// A constructor that is left by an exception runs no destructor: until the text is parsed, the
+// message is not the handle's.
 EMAIL_BasicMsg::EMAIL_BasicMsg(const QString& raw)
 {
     // A text that is too long for the interface gives an empty message.
     const bool fits = raw.size() <= QCString::longestLength;
     mLength = fits ? static_cast<int>(raw.size()) : 0;
-    mMessage = new (std::nothrow) EMAIL_Message(fits ? toLatin1(raw) : QCString(), nullptr);
-    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage", "utility/EMAIL_BasicMsg.cpp",
+    const QCString text = fits ? toLatin1(raw) : QCString();
+    std::unique_ptr<EMAIL_Message> message(new (std::nothrow) EMAIL_Message(text, nullptr));
+    TARVOMIME_CHECK_ALLOCATION(message, "mMessage", "utility/EMAIL_BasicMsg.cpp",
                                "EMAIL_BasicMsg::EMAIL_BasicMsg(const QString&)");
-    mMessage->parse();
+    message->parse();
+    mMessage = message.release();
 }
 
 EMAIL_BasicMsg::EMAIL_BasicMsg(const QByteArray& raw)
 {
-    mMessage = new (std::nothrow) EMAIL_Message(QCString(raw), nullptr);
-    TARVOMIME_CHECK_ALLOCATION(mMessage, "mMessage", "utility/EMAIL_BasicMsg.cpp",
+    const QCString text(raw);
+    std::unique_ptr<EMAIL_Message> message(new (std::nothrow) EMAIL_Message(text, nullptr));
+    TARVOMIME_CHECK_ALLOCATION(message, "mMessage", "utility/EMAIL_BasicMsg.cpp",
                                "EMAIL_BasicMsg::EMAIL_BasicMsg(const QByteArray&)");
-    mLength = mMessage->getMessage().length();
-    mMessage->parse();
+    mLength = text.length();
+    message->parse();
+    mMessage = message.release();
 }
 
 EMAIL_BasicMsg::~EMAIL_BasicMsg()

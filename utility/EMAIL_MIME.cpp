@@ -14,10 +14,10 @@
 #include "utility/file/WholeFile.h"
 #include "utility/text/RefusedText.h"
 #include "utility/tree/FreshBoundaries.h"
+#include "utility/tree/WorkList.h"
 
 #include <memory>
 #include <new>
-#include <vector>
 
 using namespace tarvomime;
 
@@ -63,15 +63,19 @@ EMAIL_BodyPart* appendBodyPart(EMAIL_Body& body)
     return bodyPart.release();
 }
 
+void checkSubPart(bool isThere)
+{
+    TARVOMIME_CHECK_ALLOCATION(
+        isThere, "subMulitPart", "utility/EMAIL_MIME.cpp",
+        "void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity*, EMAIL_MultiPart&)");
+}
+
 /// A new sub-part at the end of `part`, which owns it.
 EMAIL_MultiPart* appendSubPart(EMAIL_MultiPart& part)
 {
-    std::unique_ptr<EMAIL_MultiPart> subMulitPart(new (std::nothrow) EMAIL_MultiPart(&part));
-    TARVOMIME_CHECK_ALLOCATION(
-        subMulitPart != nullptr && part.addSubMultiPart(subMulitPart.get(), -1), "subMulitPart",
-        "utility/EMAIL_MIME.cpp",
-        "void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity*, EMAIL_MultiPart&)");
-    return subMulitPart.release();
+    std::unique_ptr<EMAIL_MultiPart> subPart(new (std::nothrow) EMAIL_MultiPart(&part));
+    checkSubPart(subPart != nullptr && part.addSubMultiPart(subPart.get(), -1));
+    return subPart.release();
 }
 
 using BodyParts = QPtrList<EMAIL_BodyPart>;
@@ -108,10 +112,10 @@ void appendTree(const EMAIL_MultiPart& part, EMAIL_Body& body)
         const EMAIL_MultiPart* part;
         EMAIL_Body* body;
     };
-    std::vector<Task> tasks{{&part, &body}};
-    while (!tasks.empty()) {
-        const Task task = tasks.back();
-        tasks.pop_back();
+    WorkList<Task> tasks;
+    checkBodyPart(tasks.push({&part, &body}));
+    while (!tasks.isEmpty()) {
+        const Task task = tasks.take();
         const EMAIL_BodyPart* bodyPart = appendBodyPart(*task.body);
         EMAIL_MIME::setHeadFromMultiPart(*task.part, bodyPart->mHeader);
         if (!isContainerPart(*task.part)) {
@@ -121,7 +125,7 @@ void appendTree(const EMAIL_MultiPart& part, EMAIL_Body& body)
         // Last first, so that they come off the list, and are appended, in order.
         for (int i = task.part->getSubMultiPartCount() - 1; i >= 0; --i) {
             if (const EMAIL_MultiPart* subPart = task.part->getSubMultiPart(i))
-                tasks.push_back({subPart, bodyPart->mBody});
+                checkBodyPart(tasks.push({subPart, bodyPart->mBody}));
         }
     }
 }
@@ -265,12 +269,11 @@ void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity* entity, EMAIL_MultiPart& 
         const EMAIL_Entity* entity;
         EMAIL_MultiPart* part;
     };
-    std::vector<Task> tasks;
+    WorkList<Task> tasks;
     if (entity != nullptr)
-        tasks.push_back({entity, &part});
-    while (!tasks.empty()) {
-        const Task task = tasks.back();
-        tasks.pop_back();
+        checkSubPart(tasks.push({entity, &part}));
+    while (!tasks.isEmpty()) {
+        const Task task = tasks.take();
         setHeadToMultiPart(task.entity->mHeader, *task.part);
         if (!isContainerPart(*task.part)) {
             copyBody(*task.entity->mBody, *task.part);
@@ -279,7 +282,7 @@ void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity* entity, EMAIL_MultiPart& 
         for (const EMAIL_BodyPart* bodyPart : task.entity->mBody->mBodyParts) {
             if (bodyPart == nullptr)
                 continue;
-            tasks.push_back({bodyPart, appendSubPart(*task.part)});
+            checkSubPart(tasks.push({bodyPart, appendSubPart(*task.part)}));
         }
     }
 }

@@ -14,7 +14,6 @@
 
 #include <QFile>
 #include <limits>
-#include <vector>
 
 using namespace tarvomime;
 
@@ -36,23 +35,22 @@ const Parts* alternatives(const EMAIL_MIME& message)
     return isInvitation ? &first->mBody->mBodyParts : nullptr;
 }
 
-/// The calendar parts of an invitation, in order.
+/// Calls `action` with each calendar part of an invitation, in order.
 ///
 /// 1. A part of the message that cannot be read ends them; one further down is passed over.
-std::vector<const EMAIL_Entity*> calendarsOf(const EMAIL_MIME& message)
+template <class Action>
+void forEachCalendar(const EMAIL_MIME& message, Action action)
 {
-    std::vector<const EMAIL_Entity*> calendars;
     const Parts* parts = alternatives(message);
     if (parts == nullptr)
-        return calendars;
+        return;
     const bool isTopLevel = parts == &message.mMessage->mBody->mBodyParts;
     for (const EMAIL_BodyPart* part : *parts) {
         if (part == nullptr && isTopLevel)
             break;
         if (part != nullptr && isCalendar(mediaTypeOf(*part)))
-            calendars.push_back(part);
+            action(*part);
     }
-    return calendars;
 }
 
 } // namespace
@@ -63,8 +61,7 @@ int EMAIL_MIME::getICalendar(QFile* out) const
 {
     if (isCalendar({getType(), getSubType()}))
         return EMAIL_BasicMsg::getBody(out);
-    for (const EMAIL_Entity* calendar : calendarsOf(*this))
-        writeContent(*calendar, out);
+    forEachCalendar(*this, [out](const EMAIL_Entity& calendar) { writeContent(calendar, out); });
     return 0;
 }
 
@@ -72,9 +69,10 @@ int EMAIL_MIME::getICalendar(QFile* out) const
 int EMAIL_MIME::getCalendarPartId(QString& partId) const
 {
     partId = QLatin1String("");
-    const std::vector<const EMAIL_Entity*> calendars = calendarsOf(*this);
-    if (!calendars.empty())
-        partId = fromLatin1OrNull(calendars.back()->mHeader->getPartID());
+    const EMAIL_Entity* last = nullptr;
+    forEachCalendar(*this, [&last](const EMAIL_Entity& calendar) { last = &calendar; });
+    if (last != nullptr)
+        partId = fromLatin1OrNull(last->mHeader->getPartID());
     return 0;
 }
 

@@ -6,11 +6,11 @@
 
 #include "utility/codec/MediaTypes.h"
 #include "utility/text/Latin1.h"
+#include "utility/tree/WorkList.h"
 
 #include <memory>
 #include <new>
 #include <utility>
-#include <vector>
 
 using namespace tarvomime;
 
@@ -43,14 +43,12 @@ private:
     EMAIL_MultiPart* mFirst = nullptr;
 };
 
-/// A new sub-part at the end of `parent`, which owns it.
+/// A new sub-part at the end of `parent`, which owns it; null when there is no memory.
 EMAIL_MultiPart* appendSubPart(EMAIL_MultiPart& parent)
 {
-    auto subPart = std::make_unique<EMAIL_MultiPart>(&parent);
-    // Memory for the list fails as memory for the part does.
-    if (!parent.mSubParts.append(subPart.get()))
-        throw std::bad_alloc();
-    return subPart.release();
+    std::unique_ptr<EMAIL_MultiPart> subPart(new (std::nothrow) EMAIL_MultiPart(&parent));
+    const bool isThere = subPart != nullptr && parent.mSubParts.append(subPart.get());
+    return isThere ? subPart.release() : nullptr;
 }
 
 } // namespace
@@ -63,6 +61,9 @@ EMAIL_MultiPart::EMAIL_MultiPart(EMAIL_MultiPart* parent) : mParent(parent)
 EMAIL_MultiPart::EMAIL_MultiPart(const EMAIL_MultiPart& other)
 {
     mSubParts.setAutoDelete(true);
+    // Stays when there is no memory for the copy: a body whose bytes are missing, which makes the
+    // assembly of every message that takes it fail, so that nothing is lost in silence.
+    mBodyLength = 1;
     *this = other;
 }
 
@@ -91,18 +92,20 @@ EMAIL_MultiPart& EMAIL_MultiPart::operator=(const EMAIL_MultiPart& other)
         EMAIL_MultiPart* target;
     };
     EMAIL_MultiPart copies(nullptr);
-    std::vector<Task> tasks{{&other, &copies}};
-    while (!tasks.empty()) {
-        const Task task = tasks.back();
-        tasks.pop_back();
+    WorkList<Task> tasks;
+    if (!tasks.push({&other, &copies}))
+        return *this;
+    while (!tasks.isEmpty()) {
+        const Task task = tasks.take();
         if (task.source == this)
             continue;
         for (const EMAIL_MultiPart* source : task.source->mSubParts) {
             if (source == nullptr)
                 continue;
             EMAIL_MultiPart* copy = appendSubPart(*task.target);
+            if (copy == nullptr || !tasks.push({source, copy}))
+                return *this;
             copy->copyMembers(*source);
-            tasks.push_back({source, copy});
         }
     }
     mParent = other.mParent;
@@ -196,15 +199,14 @@ void EMAIL_MultiPart::setSubTypeStr(const QString& name)
 
 void EMAIL_MultiPart::makeHeaderSendable()
 {
-    std::vector<EMAIL_MultiPart*> parts{this};
-    while (!parts.empty()) {
-        EMAIL_MultiPart* part = parts.back();
-        parts.pop_back();
-        if (part == nullptr)
-            continue;
+    WorkList<EMAIL_MultiPart*> parts;
+    bool isGoing = parts.push(this);
+    while (isGoing && !parts.isEmpty()) {
+        EMAIL_MultiPart* part = parts.take();
         part->mAttSize = -1;
         part->mASAttName = QString();
         part->mAttDownloaded = true;
-        parts.insert(parts.end(), part->mSubParts.begin(), part->mSubParts.end());
+        for (EMAIL_MultiPart* subPart : part->mSubParts)
+            isGoing = isGoing && (subPart == nullptr || parts.push(subPart));
     }
 }

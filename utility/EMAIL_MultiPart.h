@@ -24,12 +24,15 @@ class TARVOMIME_EXPORT EMAIL_MultiPart
 public:
     /// A part without a type, with an empty body in memory; `parent` is not owned.
     explicit EMAIL_MultiPart(EMAIL_MultiPart* parent = nullptr);
+    /// Without memory for the sub-parts it is an empty part, and a message that takes it cannot be
+    /// assembled.
     EMAIL_MultiPart(const EMAIL_MultiPart& other);
     /// Copies every member and, level by level, every sub-part.
     ///
     /// 1. `mParent` is copied too: the copy's top claims the parent of the source. Parents of
     ///    copied sub-parts are the new parts.
     /// 2. Assigning a part to itself deletes its sub-parts and copies none.
+    /// 3. Without memory for the sub-parts nothing changes.
     EMAIL_MultiPart& operator=(const EMAIL_MultiPart& other);
 
     /// Deletes all sub-parts.
@@ -142,7 +145,7 @@ public:
     int getTextBody(QString& text, int defaultCharset) const;
 
     /// Forgets the download state of this part and of all parts below it, so that it is not
-    /// written; part identifiers are kept.
+    /// written; part identifiers are kept. Where memory for the walk runs out, it ends.
     void makeHeaderSendable();
 
     QString mTypeStr;

@@ -2,7 +2,7 @@
 // Each operation on a tree, with its first allocation failing, then with its second, and so on to
 // its last. Whatever happens, the tree can be read, assembled and freed afterwards, nothing leaks,
 // and freeing takes no memory; or the program stops at an assertion that names what is missing.
-#include "tests/faults/NthAllocation.h"
+#include "tests/faults/AllocationTrial.h"
 #include "tests/support/StoredFile.h"
 #include "utility/EMAIL_AddrList.h"
 #include "utility/EMAIL_Body.h"
@@ -15,37 +15,11 @@
 
 #include <QFile>
 #include <functional>
+#include <gtest/gtest.h>
 #include <memory>
 #include <new>
 #include <set>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
-
-namespace {
-
-enum Outcome {
-    Whole = 50,
-    Stopped,
-    NotReached,
-    TextChanged,
-    CannotAssemble,
-    FreeingAllocates,
-    Leaks
-};
-
-int assertionPipe = -1;
-
-} // namespace
-
-// What the assertion says goes to the parent process.
-extern "C" void __assert_fail(const char* assertion, const char* file, unsigned int,
-                              const char* function)
-{
-    const std::string said = std::string(file) + ": " + function + ": " + assertion;
-    const bool isWritten = write(assertionPipe, said.data(), said.size()) == ssize_t(said.size());
-    _exit(isWritten ? Stopped : EXIT_FAILURE);
-}
 
 namespace {
 
@@ -81,82 +55,29 @@ void read(const EMAIL_Entity& entity)
         read(*entity.mBody->bodyPart(i));
 }
 
-// What has failed must not have taken anything with it.
-Outcome stateOf(std::unique_ptr<EMAIL_Message>& message)
+class TreeTrial : public AllocationTrial
 {
-    read(*message);
-    QFile nowhere(QStringLiteral("/dev/null"));
-    if (message->assemble(nullptr) != 0 || !nowhere.open(QIODevice::WriteOnly) ||
-        message->assemble(&nowhere) != 0)
-        return CannotAssemble;
-    nowhere.close();
-    failAllocation(1);
-    message.reset();
-    const bool freeingAllocates = allocationHasFailed();
-    failAllocation(0);
-    return freeingAllocates ? FreeingAllocates : Whole;
-}
-
-// In a process of its own: the n-th allocation of the row's action fails.
-Outcome outcomeOf(const Row& row, long n)
-{
-    const auto prepared = [&row](bool isParsed) {
-        auto message = std::make_unique<EMAIL_Message>(mixed, nullptr);
-        if (isParsed)
-            message->parse();
-        return message;
-    };
-    // What is made once for the whole program is made here.
-    auto rehearsal = prepared(row.isParsed);
-    row.action(*rehearsal);
-    stateOf(rehearsal);
-    const long before = livingAllocations();
-    auto message = prepared(row.isParsed);
-    failAllocation(n);
-    try {
-        row.action(*message);
-    } catch (const std::bad_alloc&) {
-        // Of a container of Qt's.
+public:
+    explicit TreeTrial(const Row& row) : mRow(row), mMessage(mixed, nullptr)
+    {
+        if (row.isParsed)
+            mMessage.parse();
     }
-    const bool hasFailed = allocationHasFailed();
-    failAllocation(0);
-    const Outcome state = stateOf(message);
-    // The C library keeps what it knows of the time zone, and reads it again where it had to fail.
-    rehearsal = prepared(row.isParsed);
-    row.action(*rehearsal);
-    stateOf(rehearsal);
-    if (state != Whole)
-        return state;
-    if (livingAllocations() != before)
-        return Leaks;
-    return hasFailed ? Whole : NotReached;
-}
 
-struct Result
-{
-    int outcome;
-    std::string assertion;
+    void act() override { mRow.action(mMessage); }
+
+    bool isUsable() override
+    {
+        read(mMessage);
+        QFile nowhere(QStringLiteral("/dev/null"));
+        return mMessage.assemble(nullptr) == 0 && nowhere.open(QIODevice::WriteOnly) &&
+               mMessage.assemble(&nowhere) == 0;
+    }
+
+private:
+    const Row& mRow;
+    EMAIL_Message mMessage;
 };
-
-Result resultOf(const Row& row, long n)
-{
-    int ends[2];
-    if (pipe(ends) != 0)
-        return {-1, ""};
-    const pid_t child = fork();
-    if (child == 0) {
-        assertionPipe = ends[1];
-        _exit(outcomeOf(row, n));
-    }
-    close(ends[1]);
-    char said[400];
-    const ssize_t length = ::read(ends[0], said, sizeof said);
-    close(ends[0]);
-    int status = 0;
-    waitpid(child, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status),
-            std::string(said, length > 0 ? std::size_t(length) : 0)};
-}
 
 const std::set<std::string> assertions{
     "utility/EMAIL_Entity.cpp: EMAIL_Entity::EMAIL_Entity(): mHeader",
@@ -185,19 +106,8 @@ class EveryAllocation : public testing::TestWithParam<Row>
 
 TEST_P(EveryAllocation, MayFail)
 {
-    constexpr long tooMany = 2000;
-    long n = 1;
-    for (;; ++n) {
-        ASSERT_LT(n, tooMany);
-        const Result result = resultOf(GetParam(), n);
-        if (result.outcome == NotReached)
-            break;
-        if (result.outcome == Stopped)
-            EXPECT_TRUE(assertions.contains(result.assertion)) << n << ": " << result.assertion;
-        else
-            EXPECT_EQ(result.outcome, Whole) << "with allocation " << n << " failing";
-    }
-    RecordProperty("allocations", int(n - 1));
+    expectEveryAllocationMayFail([] { return std::make_unique<TreeTrial>(GetParam()); },
+                                 assertions);
 }
 
 namespace {
@@ -231,7 +141,7 @@ void assembleInMemory(EMAIL_Message& message)
 {
     const QCString before = message.getMessage();
     if (message.assemble(nullptr) != 0 && message.getMessage() != before)
-        _exit(TextChanged);
+        endTrialWithTextLost();
 }
 
 // Texts are made beforehand: an application's own copies are its own affair.
