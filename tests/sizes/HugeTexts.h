@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <sys/mman.h>
 #include <unistd.h>
+#include <vector>
 
 /// Texts that are longer than memory, over pages that are never written: zeros behind a first
 /// character that needs an encoding, and one page of "a" shown again and again.
@@ -74,8 +75,8 @@ private:
     void showLetters()
     {
         const int file = memfd_create("letters", MFD_CLOEXEC);
-        const QByteArray window(static_cast<int>(kWindow), 'a');
-        bool isShown = write(file, window.constData(), kWindow) == static_cast<ssize_t>(kWindow);
+        const std::vector<char> window(kWindow, 'a');
+        bool isShown = write(file, window.data(), kWindow) == static_cast<ssize_t>(kWindow);
         for (std::size_t start = 0; isShown && start < kLength; start += kWindow)
             isShown = mmap(mLetters + start, kWindow, PROT_READ | PROT_WRITE,
                            MAP_PRIVATE | MAP_FIXED | MAP_NORESERVE, file, 0) != MAP_FAILED;
