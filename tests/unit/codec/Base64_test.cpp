@@ -212,3 +212,22 @@ TEST(Base64Exhaustive, EveryByteAtEveryLength)
 }
 
 } // namespace
+
+// Lines that are out of step with groups and with each other, in front of regular ones.
+TEST(Base64AwkwardLines, GiveTheSameBytes)
+{
+    QByteArray raw(9999, '\0');
+    for (int i = 0; i < raw.size(); ++i)
+        raw[i] = static_cast<char>(i * 31 + i / 256);
+    const QByteArray digits =
+        EMAIL_Util::encB64(raw.constData(), static_cast<unsigned long>(raw.size()), 0);
+    for (const int first : {1, 2, 3, 4, 9, 15, 16, 17, 60, 75, 77}) {
+        for (const int other : {1, 9, 16, 40, 76}) {
+            QByteArray text = digits.left(first) + "\r\n";
+            for (int i = first; i < digits.size(); i += other)
+                text += digits.mid(i, other) + "\r\n";
+            unsigned long length = 0;
+            EXPECT_EQ(EMAIL_Util::decB64(text.constData(), &length), raw) << first << ' ' << other;
+        }
+    }
+}
