@@ -91,21 +91,50 @@ std::string longField(int bytes)
     return "Subject: " + letters(bytes, 'a') + "\r\n\r\nx\r\n";
 }
 
+// Each bare name would take the value of the piece before it.
+std::string bareNames(int names)
+{
+    std::string text = "Content-Type: text/plain; b=c; a=" + letters(5 * names, 'v');
+    for (int i = 0; i < names; ++i)
+        text += ';' + std::to_string(i);
+    return text + "\r\n\r\nx\r\n";
+}
+
+std::string dateNumbers(int numbers)
+{
+    return "Date: " + repeated("1 ", numbers) + "\r\n\r\nx\r\n";
+}
+
+std::string parameterPieces(int pieces)
+{
+    return "Content-Type: text/plain; a=" + repeated("=b", pieces) + "\r\n\r\nx\r\n";
+}
+
+// As many header lines as parts, so that looking for a field once a part shows.
+std::string linesAndParts(int count)
+{
+    return repeated("X-Y: z\r\n", count) + partFlood(count);
+}
+
+std::string oneLetterLines(int lines)
+{
+    return "Subject: x\r\n\r\n" + repeated("x\n", lines);
+}
+
 struct Shape
 {
     const char* name;
     std::string (*text)(int size);
 };
 
-constexpr std::array shapes{Shape{"part-flood", partFlood},
-                            Shape{"message-nest", messageNest},
-                            Shape{"multipart-nest", multipartNest},
-                            Shape{"near-miss", nearMisses},
-                            Shape{"long-boundary", longBoundary},
-                            Shape{"address-flood", addressFlood},
-                            Shape{"parameter-flood", parameterFlood},
-                            Shape{"header-flood", headerFlood},
-                            Shape{"long-field", longField}};
+constexpr std::array shapes{
+    Shape{"part-flood", partFlood},           Shape{"message-nest", messageNest},
+    Shape{"multipart-nest", multipartNest},   Shape{"near-miss", nearMisses},
+    Shape{"long-boundary", longBoundary},     Shape{"address-flood", addressFlood},
+    Shape{"parameter-flood", parameterFlood}, Shape{"header-flood", headerFlood},
+    Shape{"long-field", longField},           Shape{"bare-names", bareNames},
+    Shape{"date-numbers", dateNumbers},       Shape{"parameter-pieces", parameterPieces},
+    Shape{"lines-and-parts", linesAndParts},  Shape{"body-lines", oneLetterLines}};
 
 } // namespace
 
