@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_ContentType.h"
 
+#include "types/Ascii.h"
 #include "utility/EMAIL_Numbers.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/MediaTypes.h"
@@ -12,6 +13,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <ctime>
+#include <string_view>
 
 namespace {
 
@@ -151,17 +153,17 @@ void EMAIL_ContentType::parse()
 
 int EMAIL_ContentType::parseMediaType()
 {
-    const int semicolon = mBody.find(';');
-    const QCString mediaType = semicolon < 0 ? mBody : mBody.left(semicolon);
-    const int slash = mediaType.findRev('/');
-    if (slash <= 0) {
+    const std::string_view body = mBody.view();
+    const std::string_view mediaType = body.substr(0, body.find(';'));
+    const std::size_t slash = mediaType.rfind('/');
+    if (slash == std::string_view::npos || slash == 0) {
         setTypeStr(QCString::fromLiteral("text"));
         setSubTypeStr(QCString::fromLiteral("plain"));
         return 0;
     }
-    setTypeStr(mediaType.left(slash).stripWhiteSpace());
-    setSubTypeStr(mediaType.mid(slash + 1).stripWhiteSpace());
-    return mediaType.length();
+    setTypeStr(mBody.slice(trimmed(mediaType.substr(0, slash))));
+    setSubTypeStr(mBody.slice(trimmed(mediaType.substr(slash + 1))));
+    return static_cast<int>(mediaType.size());
 }
 
 void EMAIL_ContentType::setType(int type)
