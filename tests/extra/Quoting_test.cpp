@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "extra/Quoting.h"
+
+#include <gtest/gtest.h>
+
+using namespace tarvomime;
+
+namespace {
+
+struct TextRow
+{
+    const char* name;
+    QString text;
+    QString expected;
+};
+
+class QuotedText : public testing::TestWithParam<TextRow>
+{
+};
+
+class Unflowed : public testing::TestWithParam<TextRow>
+{
+};
+
+class Flowed : public testing::TestWithParam<TextRow>
+{
+};
+
+const auto rowName = [](const auto& row) { return std::string(row.param.name); };
+
+} // namespace
+
+TEST_P(QuotedText, HasMarks)
+{
+    EXPECT_EQ(quotedText(GetParam().text), GetParam().expected) << GetParam().text.toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Extra, QuotedText,
+    testing::Values(TextRow{"Empty", "", ""}, TextRow{"Line", "a", "> a"},
+                    TextRow{"Lines", "a\n\nb", "> a\n>\n> b"},
+                    TextRow{"CarriageReturns", "a\r\n\r\nb\r\n", "> a\n>\n> b"},
+                    TextRow{"Quote", "> a\n>> b", ">> a\n>>> b"},
+                    TextRow{"EmptyLinesAtTheEnd", "a\n\n \n", "> a"},
+                    TextRow{"Signature", "a\n-- \nAnn", "> a"},
+                    TextRow{"TwoSignatures", "a\n-- \nb\n-- \nAnn", "> a\n> -- \n> b"},
+                    TextRow{"NoSignature", "a\n--\nAnn", "> a\n> --\n> Ann"}),
+    rowName);
+
+TEST_P(Unflowed, IsParagraphs)
+{
+    EXPECT_EQ(textFromFlowed(GetParam().text), GetParam().expected)
+        << GetParam().text.toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Extra, Unflowed,
+                         testing::Values(TextRow{"Empty", "", ""}, TextRow{"Fixed", "a\nb", "a\nb"},
+                                         TextRow{"Flowing", "a \r\nb\r\nc", "a b\nc"},
+                                         TextRow{"Stuffed", " > a\n From b", "> a\nFrom b"},
+                                         TextRow{"Quote", "> a \n> b\n>> c", "> a b\n>> c"},
+                                         TextRow{"DepthChanges", "> a \nb", "> a \nb"},
+                                         TextRow{"Signature", "a \n-- \nAnn", "a \n-- \nAnn"},
+                                         TextRow{"QuotedSignature", "> a\n> -- \n> b",
+                                                 "> a\n> -- \n> b"},
+                                         TextRow{"LastLineFlows", "a ", "a "},
+                                         TextRow{"EmptyQuote", ">\n> a", ">\n> a"}),
+                         rowName);
+
+TEST(UnflowedDelSp, DropsTheBlank)
+{
+    EXPECT_EQ(textFromFlowed("ab \ncd\n-- \nx", true), "abcd\n-- \nx");
+}
+
+TEST_P(Flowed, HasShortLines)
+{
+    const QString flowed = flowedText(GetParam().text);
+    EXPECT_EQ(flowed, GetParam().expected) << GetParam().text.toStdString();
+    for (const QString& line : flowed.split('\n'))
+        EXPECT_TRUE(line.size() <= 73 || !line.trimmed().contains(' ')) << line.toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Extra, Flowed,
+    testing::Values(TextRow{"Empty", "", ""}, TextRow{"Short", "a\nb", "a\nb"},
+                    TextRow{"Long", QString("word ").repeated(20) + "end",
+                            QString("word ").repeated(14) + '\n' + QString("word ").repeated(6) +
+                                "end"},
+                    TextRow{"LongWord", QString(100, 'x'), QString(100, 'x')},
+                    TextRow{"LongWordBehind", "a " + QString(100, 'x') + " b",
+                            "a \n" + QString(100, 'x') + " \nb"},
+                    TextRow{"BlankAtTheEnd", "a  \nb", "a\nb"},
+                    TextRow{"Signature", "a\n-- \nAnn", "a\n-- \nAnn"},
+                    TextRow{"From", "From here", " From here"}, TextRow{"Indented", "  a", "   a"},
+                    TextRow{"Quote", "> a\n> > b\n>>c\n>", "> a\n>> b\n>> c\n>"},
+                    TextRow{"LongQuote", "> " + QString("word ").repeated(20) + "end",
+                            "> " + QString("word ").repeated(14) + "\n> " +
+                                QString("word ").repeated(6) + "end"}),
+    rowName);
+
+TEST(FlowedAgain, IsTheSameText)
+{
+    for (const QString& text :
+         {QString("a\nb\n\nc"), QString("word ").repeated(200) + "end",
+          QString(" indented\n\n  more"),
+          QString("> quote ") + QString("word ").repeated(50) + "end\n>> deep\n>\n> x",
+          QString("a") + QString(200, ' ') + "b", QString("From a\n-- \nAnn"),
+          QString(40, '>') + ' ' + QString("word ").repeated(30) + "end"})
+        EXPECT_EQ(textFromFlowed(flowedText(text)), text) << text.toStdString();
+}
