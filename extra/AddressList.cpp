@@ -207,10 +207,8 @@ private:
         return {};
     }
 
-    bool isNothing() const
-    {
-        return mWords.isEmpty() && mAddress.isEmpty() && mComment.isEmpty() && !mHadAngle;
-    }
+    /// A comment alone is white space, not somebody.
+    bool isNothing() const { return mWords.isEmpty() && mAddress.isEmpty() && !mHadAngle; }
 
     void finishMailbox()
     {

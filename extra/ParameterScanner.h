@@ -28,7 +28,7 @@ private:
     void skipToNext();
     std::string takeValue();
     std::string takeQuoted();
-    bool mayClose() const { return mRest.data() < mLastClosing; }
+    bool mayClose() const { return mRest.data() <= mLastClosing; }
 
     std::string_view mRest;
     /// The last quote that can close a value: none is looked for behind it, so that a flood of

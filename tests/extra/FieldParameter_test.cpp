@@ -39,6 +39,8 @@ INSTANTIATE_TEST_SUITE_P(
         ParameterRow{"OpenQuote", "x; filename=\"a.txt", "a.txt"},
         ParameterRow{"LoneQuote", "x; filename=\"", ""},
         ParameterRow{"BackslashAtTheEnd", "x; filename=\"a\\", "a\\"},
+        ParameterRow{"EmptyQuoted", "x; filename=\"\"", ""},
+        ParameterRow{"EmptyQuotedBetween", "x; filename=\"\"; y=\"z\"", ""},
         ParameterRow{"NoValue", "x; filename; y=z", ""},
         ParameterRow{"EmptyValue", "x; filename=", ""},
         ParameterRow{"OtherName", "x; afilename=a; filenames=b", ""},
