@@ -58,6 +58,7 @@ class [[nodiscard]] Result<void>
 {
 public:
     Result() = default;
+    // cppcheck-suppress passedByValue
     Result(Failure failure) : mReason(std::move(failure.reason)), mWorked(false) {}
 
     explicit operator bool() const { return mWorked; }

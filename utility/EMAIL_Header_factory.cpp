@@ -59,13 +59,18 @@ constexpr std::array<KnownField, 18> knownFields{{
 
 constexpr std::size_t longestName = FieldName::contentTransferEncodingSpelling.size();
 
+using RowsByLength = std::array<std::uint32_t, longestName + 1>;
+
 // One bit for each row whose name has that many bytes: at most three rows are ever compared.
-constexpr std::array<std::uint32_t, longestName + 1> rowsByLength = [] {
-    std::array<std::uint32_t, longestName + 1> rows{};
+constexpr RowsByLength makeRowsByLength()
+{
+    RowsByLength rows{};
     for (std::size_t row = 0; row < knownFields.size(); ++row)
         rows[knownFields[row].spelling.size()] |= 1U << row;
     return rows;
-}();
+}
+
+constexpr RowsByLength rowsByLength = makeRowsByLength();
 
 const KnownField* findKnown(std::string_view name)
 {
