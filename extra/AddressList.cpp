@@ -35,7 +35,7 @@ public:
     /// Cuts off the last words that no blank stands between, as they are written.
     QByteArray takeLast()
     {
-        const QByteArray last = mRaw.mid(mRawStart).trimmed();
+        QByteArray last = mRaw.mid(mRawStart).trimmed();
         mName.truncate(mNameStart);
         mRaw.truncate(mRawStart);
         mNameStart = mRawStart = 0;
@@ -200,7 +200,7 @@ private:
     QString name() const
     {
         for (const QByteArray& bytes : {mWords.name(), mTrailing.name(), mComment}) {
-            const QString text = decoded(bytes).trimmed();
+            QString text = decoded(bytes).trimmed();
             if (!text.isEmpty())
                 return text;
         }
@@ -315,7 +315,7 @@ Result<QString> writeAddressList(const QList<Mailbox>& mailboxes)
     for (const Mailbox& mailbox : mailboxes) {
         if (mailbox.isEmptyGroup())
             continue;
-        const Result<QString> written = writtenMailbox(mailbox);
+        Result<QString> written = writtenMailbox(mailbox);
         if (!written)
             return written;
         list += (list.isEmpty() ? "" : ", ") + *written;

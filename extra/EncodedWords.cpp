@@ -132,7 +132,7 @@ bool isEncodedAgain(const QByteArray& text, const QByteArray& fallbackCharset)
 
 QString decodedWords(const QCString& value, const QByteArray& fallbackCharset)
 {
-    const QString text = gathered(unfolded(value), fallbackCharset).finish();
+    QString text = gathered(unfolded(value), fallbackCharset).finish();
     const QByteArray again = text.toUtf8();
     if (value.contains(QCString("=?")) == 0 || !isEncodedAgain(again, fallbackCharset))
         return text;

@@ -86,7 +86,7 @@ private:
         const std::size_t charsetEnd = text.find('\'');
         if (charsetEnd == std::string_view::npos)
             return {};
-        const QByteArray charset = toByteArray(text.substr(0, charsetEnd));
+        QByteArray charset = toByteArray(text.substr(0, charsetEnd));
         const std::size_t languageEnd = text.find('\'', charsetEnd + 1);
         const bool isComplete = languageEnd != std::string_view::npos;
         if (!isComplete && !isReadableCharset(charset))

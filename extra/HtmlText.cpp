@@ -171,7 +171,7 @@ bool isHiddenBy(const Attributes& attributes)
 /// The address that a person can use; empty for one that leads nowhere outside the message.
 QString usableAddress(const Attributes& attributes)
 {
-    const QString address = attributes.text("href").simplified();
+    QString address = attributes.text("href").simplified();
     for (const char* scheme : {"http:", "https:", "mailto:", "ftp:", "tel:", "news:"}) {
         if (address.startsWith(QLatin1String(scheme), Qt::CaseInsensitive))
             return address;

@@ -29,7 +29,7 @@ Result<QByteArray> storedBytes(const EMAIL_Body& body)
         return QByteArray();
     if (!file.open(QIODevice::ReadOnly) || !file.seek(body.mEncoded ? body.mOffset : 0))
         return Failure{QStringLiteral("its text cannot be read: %1").arg(file.errorString())};
-    const QByteArray bytes = file.read(body.mLength);
+    QByteArray bytes = file.read(body.mLength);
     if (bytes.size() != body.mLength)
         return Failure{QStringLiteral("its text cannot be read: the file was cut short")};
     return bytes;
@@ -122,7 +122,7 @@ Result<QString> bodyHtml(const MessageContent& content, const ShownBody& body,
     }
     if (!isBlank(html))
         return html;
-    const Result<QString> plain = joinedText(content, body.plain, fallback);
+    Result<QString> plain = joinedText(content, body.plain, fallback);
     if (!plain || isBlank(*plain))
         return plain;
     return QString(QStringLiteral("<pre>") + plain->toHtmlEscaped() + QStringLiteral("</pre>\n"));
@@ -135,7 +135,7 @@ Result<QString> ownText(const MessageContent& content, int message, BodyReader r
 {
     QString shown;
     for (const ShownBody& body : content.messages[message].bodies) {
-        const Result<QString> text = read(content, body, fallback);
+        Result<QString> text = read(content, body, fallback);
         if (!text)
             return text;
         if (!shown.isEmpty() && !text->isEmpty())
@@ -184,7 +184,7 @@ QByteArray partNumber(const MessageContent& content, int part)
 Result<QByteArray> partBytes(const ContentPart& part)
 {
     const EMAIL_Body& body = *part.entity->mBody;
-    const Result<QByteArray> stored = storedBytes(body);
+    Result<QByteArray> stored = storedBytes(body);
     if (!stored || !body.mEncoded)
         return stored;
     return decoded(*stored, part.entity->mHeader->getCte());

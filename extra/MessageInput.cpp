@@ -92,7 +92,7 @@ Result<void> MessageInput::read(QIODevice& device, EMAIL_BasicMsg& message, qint
     mSpool = std::make_unique<QTemporaryFile>();
     if (!mSpool->open())
         return Failure{mSpool->errorString()};
-    const Result<void> written = spool(start, device, *mSpool);
+    Result<void> written = spool(start, device, *mSpool);
     if (!written)
         return written;
     QString path = mSpool->fileName();

@@ -71,7 +71,7 @@ Result<void> startReply(const EMAIL_Header& original, const ReplyOptions& option
     const Result<QString> cc = writeAddressList(people.cc);
     if (!to || !cc)
         return to ? cc.failure() : to.failure();
-    const Result<void> started = start(replySubject(subjectOf(original)), options, reply);
+    Result<void> started = start(replySubject(subjectOf(original)), options, reply);
     if (!started)
         return started;
     const ThreadFields thread = replyThread(original);

@@ -30,6 +30,7 @@ Typed* parsedField(const EMAIL_Header& header, const QCString& name)
 /// takes the text over.
 inline EMAIL_Field* replaceField(EMAIL_Header& header, EMAIL_Field* other)
 {
+    // NOLINTNEXTLINE(clang-analyzer-core.NonNullParamChecker): what is replaced is there
     EMAIL_Field* created = header.createField(other->mName);
     created->mString = other->mString;
     created->mBody = other->mBody;
