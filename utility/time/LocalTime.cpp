@@ -37,7 +37,7 @@ std::optional<std::tm> clockAt(std::time_t seconds)
 std::optional<long> nearestStandardOffset(std::time_t seconds)
 {
     constexpr std::time_t step = 601200;
-    constexpr std::time_t year = 366 * 24 * 60 * 60;
+    constexpr std::time_t year = std::time_t{366} * 24 * 60 * 60;
     for (std::time_t distance = step; distance < year; distance += step) {
         for (const std::time_t time : {seconds - distance, seconds + distance}) {
             const auto clock = clockAt(time);
