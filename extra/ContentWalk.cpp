@@ -235,7 +235,7 @@ void ContentWalk::visitLeaf(const Pending& next, int index)
     else if (next.place == Place::Signature)
         part(index).role = PartRole::Signature;
     else if (next.place == Place::Attached || saysAttachment(*next.entity))
-        attach(index);
+        attach(index); // NOLINT(bugprone-branch-clone): the order decides
     else if (next.place == Place::Related)
         addInline(index);
     else if (isShownText(type))
