@@ -451,9 +451,9 @@ TEST(EMAIL_MIMEQueries, RawBodyWithoutATextPartAddsNoFields)
 {
     const StoredFile stored("downloaded");
     EMAIL_MIME mime(mixed({container("multipart/related", "REL", {"X: 1\r\n\r\nuntyped"})}));
-    const EMAIL_Body& related = *mime.mMessage->mBody->bodyPart(0)->mBody;
+    const EMAIL_Body& relatedBody = *mime.mMessage->mBody->bodyPart(0)->mBody;
     mime.setRawBody(stored.path());
-    EXPECT_EQ(related.bodyPart(0)->mHeader->mFields.count(), 1);
+    EXPECT_EQ(relatedBody.bodyPart(0)->mHeader->mFields.count(), 1);
 }
 
 namespace {
