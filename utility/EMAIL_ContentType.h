@@ -22,9 +22,8 @@ public:
     /// continuation line behind one TAB. Values are written as stored.
     ///
     /// 1. An empty type or subtype leaves body and line untouched: there is nothing to write.
-    /// 2. A value that would take more than 1,048,576 bytes is refused: the line becomes empty, and
-    /// the
-    ///    assembly of the header fails.
+    /// 2. A value that would take more than 1,048,576 bytes is refused: the line becomes empty,
+    ///    and the assembly of the header fails.
     /// 3. The boundary is always quoted, follows the subtype without white space and is spelled
     ///    "Boundary": receivers in the field know this form. It comes from `mBoundary`; a parameter
     ///    "boundary" is not written.
@@ -41,9 +40,8 @@ public:
     /// 5. Parameters of an earlier call stay unless they are replaced. The same holds for
     ///    `mBoundary`.
     /// 6. A field that would take more than 1,048,576 bytes to write keeps the text that it was
-    /// read
-    ///    from: `mParsed` is then 2, until a setter changes the field. Short parameters may share
-    ///    one long value, and what is written would grow with the square of what was read.
+    ///    read from: `mParsed` is then 2, until a setter changes the field. Short parameters may
+    ///    share one long value, and what is written would grow with the square of what was read.
     void parse() override;
 
     /// Sets the media type by its number (`TYPE_TEXT`, ...); a number without a name stores an

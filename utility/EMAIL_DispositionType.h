@@ -20,9 +20,8 @@ public:
     ///    receivers in the field were built for; `parse()` reads it back.
     /// 2. An empty file name becomes "tmp", and stays so in the field: a part that is saved needs a
     ///    name.
-    /// 3. A value that would take more than 1,048,576 bytes is refused: the line becomes empty, and
-    /// the
-    ///    assembly of the header fails.
+    /// 3. A value that would take more than 1,048,576 bytes is refused: the line becomes empty,
+    ///    and the assembly of the header fails.
     void assemble() override;
     /// Reads both facts from the body; an empty one is inline.
     ///
@@ -31,8 +30,7 @@ public:
     ///    runs to the end of the body: later parameters are part of it.
     /// 3. Without a parameter, or with one that has no "=", the file name keeps what it held.
     /// 4. A field that would take more than 1,048,576 bytes to write keeps the text that it was
-    /// read
-    ///    from: `mParsed` is then 2, until a setter changes the field.
+    ///    read from: `mParsed` is then 2, until a setter changes the field.
     void parse() override;
 
     /// 1 (or any number but 0) for an attachment, 0 for inline.
