@@ -17,6 +17,12 @@ import xml.etree.ElementTree as ElementTree
 Outcome = collections.namedtuple("Outcome", "word reason", defaults=[""])
 
 
+def cases_of(report):
+    # A program may have printed what it was given, and mail is not always UTF-8.
+    text = report.read_bytes().decode("utf-8", "replace")
+    return ElementTree.fromstring(text).iter("testcase")
+
+
 def outcome_of_gtest_case(case):
     if case.find("failure") is not None:
         return Outcome("failed")
@@ -47,14 +53,14 @@ def outcomes_of_ctest_case(case, folder):
     report = folder / (case.get("name") + ".xml")
     if not report.exists():
         return [outcome]
-    outcomes = [outcome_of_gtest_case(each) for each in ElementTree.parse(report).iter("testcase")]
+    outcomes = [outcome_of_gtest_case(each) for each in cases_of(report)]
     if outcome.word == "failed" and Outcome("failed") not in outcomes:
         outcomes.append(outcome)
     return outcomes
 
 
 def outcomes_of_folder(folder):
-    cases = ElementTree.parse(folder / "ctest.xml").getroot().iter("testcase")
+    cases = cases_of(folder / "ctest.xml")
     return [outcome for case in cases for outcome in outcomes_of_ctest_case(case, folder)]
 
 

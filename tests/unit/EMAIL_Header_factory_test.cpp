@@ -7,6 +7,7 @@
 #include "utility/EMAIL_Header.h"
 
 #include <memory>
+#include <string>
 #include <typeinfo>
 
 namespace {
@@ -20,7 +21,7 @@ struct FactoryRow
 
 void PrintTo(const FactoryRow& row, std::ostream* out)
 {
-    *out << '"' << row.given << '"';
+    *out << testing::PrintToString(std::string(row.given));
 }
 
 class FieldFactory : public testing::TestWithParam<FactoryRow>
