@@ -90,13 +90,13 @@ show_progress() {
     [ ! -t 1 ] || printf '\r\033[K'
 }
 
-# build PRESET [TARGET] configures when needed and builds all or the one; shows the tools' output only
-# when they fail.
+# build PRESET [TARGET] configures when needed and builds what the preset names (mostly all) or the one;
+# shows the tools' output only when they fail.
 build() {
-    local preset=$1 target=${2:-all} folder=$repository/build/$1 log
+    local preset=$1 target=(${2:+--target "$2"}) log
     run_quietly "Configuring the $preset preset" cmake --preset "$preset" -S "$repository"
     log=$(mktemp)
-    if ! cmake --build "$folder" --parallel "$(nproc)" --target "$target" 2>&1 </dev/null |
+    if ! (cd "$repository" && cmake --build --preset "$preset" --parallel "$(nproc)" "${target[@]}") 2>&1 </dev/null |
         tee "$log" | show_progress; then
         cat "$log" >&2
         rm -f "$log"
