@@ -25,7 +25,7 @@ struct Alias
 };
 
 // Names that mail uses and Qt's codecs do not answer to.
-constexpr std::array<Alias, 8> aliases = {{
+constexpr std::array<Alias, 8> kAliases = {{
     {"cp949", "windows-949"},
     {"gbk", "GB18030"},
     {"gb2312", "GB18030"},
@@ -68,9 +68,9 @@ QTextCodec* codecOfName(const QByteArray& plain)
     if (plain.isEmpty() || plain.size() > kLongestName ||
         !std::all_of(plain.begin(), plain.end(), isNameChar))
         return nullptr;
-    const auto* alias = std::find_if(aliases.begin(), aliases.end(),
+    const auto* alias = std::find_if(kAliases.begin(), kAliases.end(),
                                      [&](const Alias& row) { return row.name == viewOf(plain); });
-    return QTextCodec::codecForName(alias != aliases.end() ? QByteArray(alias->codec) : plain);
+    return QTextCodec::codecForName(alias != kAliases.end() ? QByteArray(alias->codec) : plain);
 }
 
 /// How a charset of some name is read: by a codec, or by the exact library's number.
@@ -133,7 +133,7 @@ struct Escape
 
 // The sequences that switch to a charset of two bytes a character, and those of Japanese that
 // switch back to a Latin one (RFC 1468, RFC 1557, RFC 1922).
-constexpr std::array<Escape, 6> escapes = {{
+constexpr std::array<Escape, 6> kEscapes = {{
     {"\x1B$@", "iso-2022-jp"},
     {"\x1B$B", "iso-2022-jp"},
     {"\x1B$(D", "iso-2022-jp-1"},
@@ -145,7 +145,7 @@ constexpr std::array<Escape, 6> escapes = {{
 const char* charsetByEscape(std::string_view bytes)
 {
     for (std::size_t at = bytes.find('\x1B'); at != bytes.npos; at = bytes.find('\x1B', at + 1)) {
-        for (const Escape& escape : escapes) {
+        for (const Escape& escape : kEscapes) {
             if (bytes.compare(at, escape.sequence.size(), escape.sequence) == 0)
                 return escape.charset;
         }

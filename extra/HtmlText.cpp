@@ -54,7 +54,7 @@ struct ElementKind
 };
 
 // Sorted by name; elements that do not stand here are inline.
-constexpr std::array<ElementKind, 62> elementKinds = {{
+constexpr std::array<ElementKind, 62> kElementKinds = {{
     {"a", Kind::Link},           {"address", Kind::Block},    {"applet", Kind::Hidden},
     {"article", Kind::Block},    {"aside", Kind::Block},      {"audio", Kind::Hidden},
     {"blockquote", Kind::Quote}, {"br", Kind::Break},         {"canvas", Kind::Hidden},
@@ -77,7 +77,7 @@ constexpr std::array<ElementKind, 62> elementKinds = {{
     {"title", Kind::Hidden},     {"tr", Kind::Row},           {"ul", Kind::List},
     {"video", Kind::Hidden},     {"xmp", Kind::Preformatted},
 }};
-static_assert(std::is_sorted(elementKinds.begin(), elementKinds.end(),
+static_assert(std::is_sorted(kElementKinds.begin(), kElementKinds.end(),
                              [](const ElementKind& a, const ElementKind& b) {
                                  return a.name < b.name;
                              }));
@@ -90,9 +90,9 @@ std::string_view viewOf(const xmlChar* text)
 Kind kindOf(std::string_view name)
 {
     const auto* row = std::lower_bound(
-        elementKinds.begin(), elementKinds.end(), name,
+        kElementKinds.begin(), kElementKinds.end(), name,
         [](const ElementKind& element, std::string_view wanted) { return element.name < wanted; });
-    return row != elementKinds.end() && row->name == name ? row->kind : Kind::Inline;
+    return row != kElementKinds.end() && row->name == name ? row->kind : Kind::Inline;
 }
 
 /// The attributes of one tag, in libxml2's form: names and values by turns, ended by a null.
@@ -132,7 +132,7 @@ struct Declaration
     std::string_view value;
 };
 
-constexpr std::array<Declaration, 4> hidingDeclarations = {{
+constexpr std::array<Declaration, 4> kHidingDeclarations = {{
     {"display", "none"},
     {"mso-hide", "all"},
     {"opacity", "0"},
@@ -147,7 +147,7 @@ bool isHiding(std::string_view declaration)
     const std::string_view property = trimmed(declaration.substr(0, colon));
     std::string_view value = declaration.substr(colon + 1);
     value = trimmed(value.substr(0, value.find('!')));
-    return std::any_of(hidingDeclarations.begin(), hidingDeclarations.end(),
+    return std::any_of(kHidingDeclarations.begin(), kHidingDeclarations.end(),
                        [&](const Declaration& hiding) {
                            return equalIgnoringCase(property, hiding.property) &&
                                   equalIgnoringCase(value, hiding.value);

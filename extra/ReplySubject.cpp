@@ -62,9 +62,9 @@ int skipCounter(const QString& text, int at)
 /// Behind the prefix that begins at `at` and its colon, or `at` itself where there is none.
 int skipPrefix(const QString& text, int at, Prefixes prefixes)
 {
-    constexpr int longest = 8;
+    constexpr int kLongest = 8;
     int end = at;
-    while (end < text.size() && end - at < longest && text.at(end).isLetter())
+    while (end < text.size() && end - at < kLongest && text.at(end).isLetter())
         ++end;
     if (!prefixes.contains(text.mid(at, end - at).toLower()))
         return at;

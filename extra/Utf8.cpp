@@ -20,9 +20,9 @@ std::size_t lengthByLead(Byte lead)
 
 bool isScalarOfLength(char32_t codePoint, std::size_t length)
 {
-    constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
     const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-    return codePoint >= smallest[length] && codePoint <= 0x10FFFF && !surrogate;
+    return codePoint >= kSmallest[length] && codePoint <= 0x10FFFF && !surrogate;
 }
 
 } // namespace

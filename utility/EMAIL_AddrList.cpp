@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr int mailboxType = 1;
-constexpr int groupType = 2;
+constexpr int kMailboxType = 1;
+constexpr int kGroupType = 2;
 
 using NewAddress = std::unique_ptr<EMAIL_Address>;
 
@@ -35,7 +35,7 @@ NewAddress newAddress(int type)
 
 NewAddress newMailbox(const QCString& text)
 {
-    NewAddress mailbox = newAddress(mailboxType);
+    NewAddress mailbox = newAddress(kMailboxType);
     // Room for one: a growing list would take room for more. Not made from a list in braces, which
     // Qt builds without a look at whether there was memory for it.
     mailbox->mAddresses.reserve(1);
@@ -45,7 +45,7 @@ NewAddress newMailbox(const QCString& text)
 
 NewAddress newGroup(const QCString& name, const QCString& members)
 {
-    NewAddress group = newAddress(groupType);
+    NewAddress group = newAddress(kGroupType);
     group->mGroupName = name;
     group->mAddresses = tarvomime::splitAtEvery(QCString::fromLiteral(","), members, true);
     return group;
@@ -61,7 +61,7 @@ bool isWritten(const EMAIL_Address* address)
 {
     if (address == nullptr)
         return false;
-    if (address->mAddrType == groupType)
+    if (address->mAddrType == kGroupType)
         return true;
     return !address->mAddresses.isEmpty() && !address->mAddresses.first().isEmpty();
 }
@@ -69,7 +69,7 @@ bool isWritten(const EMAIL_Address* address)
 template <class Take>
 void forEachPiece(const EMAIL_Address& address, Take take)
 {
-    if (address.mAddrType != groupType) {
+    if (address.mAddrType != kGroupType) {
         take(address.mAddresses.first().view());
         return;
     }

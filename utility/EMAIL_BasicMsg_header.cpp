@@ -23,9 +23,9 @@ namespace {
 using Encoder = void (*)(const QString&, int, QCString&);
 using Setter = void (EMAIL_Header::*)(const QCString&);
 
-constexpr int priorityHigh = 1;
-constexpr int priorityNormal = 3;
-constexpr int priorityLow = 5;
+constexpr int kPriorityHigh = 1;
+constexpr int kPriorityNormal = 3;
+constexpr int kPriorityLow = 5;
 
 QString decoded(const QCString& value, int charset)
 {
@@ -207,9 +207,9 @@ QString EMAIL_BasicMsg::getDateStr() const
 int EMAIL_BasicMsg::getXPriority() const
 {
     const unsigned int priority = orEmpty(getHeader()).getXPriority();
-    if (priority < priorityNormal)
-        return priorityHigh;
-    return priority < priorityLow ? priorityNormal : priorityLow;
+    if (priority < kPriorityNormal)
+        return kPriorityHigh;
+    return priority < kPriorityLow ? kPriorityNormal : kPriorityLow;
 }
 
 void EMAIL_BasicMsg::setXPriority(int priority)
@@ -217,10 +217,10 @@ void EMAIL_BasicMsg::setXPriority(int priority)
     EMAIL_Header* header = getHeader();
     if (header == nullptr)
         return;
-    if (priority < priorityNormal)
+    if (priority < kPriorityNormal)
         header->setXPriority("1");
     else
-        header->setXPriority(priority < priorityLow ? "3" : "5");
+        header->setXPriority(priority < kPriorityLow ? "3" : "5");
 }
 
 EMAIL_ContentType* EMAIL_BasicMsg::contentTypeField() const

@@ -19,11 +19,11 @@ namespace {
 
 using namespace tarvomime;
 
-constexpr char boundaryKey[] = "boundary";
-constexpr char charsetKey[] = "charset";
-constexpr char methodKey[] = "method";
-constexpr char nameKey[] = "name";
-constexpr char startKey[] = "start";
+constexpr char kBoundaryKey[] = "boundary";
+constexpr char kCharsetKey[] = "charset";
+constexpr char kMethodKey[] = "method";
+constexpr char kNameKey[] = "name";
+constexpr char kStartKey[] = "start";
 
 // Hands every piece of the written value to `take`, in order.
 template <class Take>
@@ -38,7 +38,7 @@ void forEachPiece(const EMAIL_ContentType& field, Take take)
         take("\"");
     }
     for (auto param = field.mParams.constBegin(); param != field.mParams.constEnd(); ++param) {
-        if (param.key() == boundaryKey)
+        if (param.key() == kBoundaryKey)
             continue;
         take(";\r\n\t");
         take(param.key().view());
@@ -147,7 +147,7 @@ void EMAIL_ContentType::parse()
     else if (position == 0)
         readParameters(mBody, mParams);
     if (position == 0 || mBody[position] == ';')
-        readQuoted(mParams, boundaryKey, mBoundary);
+        readQuoted(mParams, kBoundaryKey, mBoundary);
     mParsed = parsedState(before, writtenSize(*this));
 }
 
@@ -210,19 +210,19 @@ QCString EMAIL_ContentType::getMethod() const
 void EMAIL_ContentType::setMethod(const QCString& method)
 {
     mMethod = method;
-    storeParameter(QCString::fromLiteral(methodKey), method);
+    storeParameter(QCString::fromLiteral(kMethodKey), method);
 }
 
 int EMAIL_ContentType::getCharset() const
 {
     QCString charset;
-    readQuoted(mParams, charsetKey, charset);
+    readQuoted(mParams, kCharsetKey, charset);
     return tarvomime::charsetFromName(charset.view());
 }
 
 bool EMAIL_ContentType::hasCharset() const
 {
-    return mParams.contains(QCString::fromLiteral(charsetKey));
+    return mParams.contains(QCString::fromLiteral(kCharsetKey));
 }
 
 int EMAIL_ContentType::setCharset(int charset)
@@ -230,33 +230,33 @@ int EMAIL_ContentType::setCharset(int charset)
     QCString name;
     const int written = tarvomime::writeCharsetName(charset, name);
     if (written != 0)
-        storeParameter(QCString::fromLiteral(charsetKey), name);
+        storeParameter(QCString::fromLiteral(kCharsetKey), name);
     return written;
 }
 
 void EMAIL_ContentType::setCharset(const QCString& charset)
 {
-    storeParameter(QCString::fromLiteral(charsetKey), charset);
+    storeParameter(QCString::fromLiteral(kCharsetKey), charset);
 }
 
 void EMAIL_ContentType::getName(QCString& out) const
 {
-    readQuoted(mParams, nameKey, out);
+    readQuoted(mParams, kNameKey, out);
 }
 
 void EMAIL_ContentType::setName(const QCString& name)
 {
-    storeParameter(QCString::fromLiteral(nameKey), name);
+    storeParameter(QCString::fromLiteral(kNameKey), name);
 }
 
 void EMAIL_ContentType::getStart(QCString& out) const
 {
-    readQuoted(mParams, startKey, out);
+    readQuoted(mParams, kStartKey, out);
 }
 
 void EMAIL_ContentType::setStart(const QCString& start)
 {
-    storeParameter(QCString::fromLiteral(startKey), start);
+    storeParameter(QCString::fromLiteral(kStartKey), start);
 }
 
 void EMAIL_ContentType::setParameter(const QCString& name, const QCString& value)
@@ -273,11 +273,11 @@ void EMAIL_ContentType::storeParameter(const QCString& key, const QCString& valu
 
 void EMAIL_ContentType::createBoundary()
 {
-    static constexpr char digits[] = "0123456789ABCDEF";
-    constexpr int digitCount = 24;
+    static constexpr char kDigits[] = "0123456789ABCDEF";
+    constexpr int kDigitCount = 24;
     QByteArray boundary(12, '-');
     std::srand(nextSeed());
-    for (int i = 0; i < digitCount; ++i)
-        boundary.append(digits[std::rand() % 16]);
+    for (int i = 0; i < kDigitCount; ++i)
+        boundary.append(kDigits[std::rand() % 16]);
     setBoundary(QCString::fromBytes(boundary));
 }

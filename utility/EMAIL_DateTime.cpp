@@ -28,9 +28,9 @@ std::array<QCString, N> firstPieces(const QCString& separator, const QCString& t
     return pieces;
 }
 
-constexpr std::array dayNames{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-constexpr std::array monthNames{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+constexpr std::array kDayNames{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+constexpr std::array kMonthNames{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                 "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
 // Index of the name that equals `text` whatever the case, or 0: Sunday, January.
 template <std::size_t N>
@@ -47,10 +47,10 @@ int indexOfName(const std::array<const char*, N>& names, const QCString& text)
 template <std::size_t N>
 const char* nameAt(const std::array<const char*, N>& names, int index)
 {
-    constexpr int count = static_cast<int>(N);
+    constexpr int kCount = static_cast<int>(N);
     // The checker takes the array for one of numbers.
     // cppcheck-suppress CastIntegerToAddressAtReturn
-    return names[static_cast<std::size_t>((index % count + count) % count)];
+    return names[static_cast<std::size_t>((index % kCount + kCount) % kCount)];
 }
 
 // Looks for the first character that `wanted` accepts and tells where the search stopped.
@@ -79,7 +79,7 @@ int dayOfWeek(const QCString& text, int stop)
 {
     if (stop <= 3)
         return 0;
-    return indexOfName(dayNames, text.mid(stopOfSearch(text, mayBeginDayName), 3));
+    return indexOfName(kDayNames, text.mid(stopOfSearch(text, mayBeginDayName), 3));
 }
 
 int numberOr(int fallback, const QCString& text)
@@ -92,9 +92,9 @@ int numberOr(int fallback, const QCString& text)
 // A year so far back that its distance from 1900 is no `int` counts as one that does not convert.
 int yearsSince1900(const QCString& text)
 {
-    constexpr int epochYears = 1970 - 1900;
+    constexpr int kEpochYears = 1970 - 1900;
     const int year = numberOr(1970, text);
-    return year < std::numeric_limits<int>::min() + 1900 ? epochYears : year - 1900;
+    return year < std::numeric_limits<int>::min() + 1900 ? kEpochYears : year - 1900;
 }
 
 void readClock(const QCString& text, struct tm& time)
@@ -125,8 +125,8 @@ void EMAIL_DateTime::assemble()
         // Five numbers of at most 11 characters, names, separators and the zone take 74.
         std::array<char, 128> text{};
         std::snprintf(text.data(), text.size(), "%s, %d %s %4lld %02d:%02d:%02d %c%02d%02d",
-                      nameAt(dayNames, mTime.tm_wday), mTime.tm_mday,
-                      nameAt(monthNames, mTime.tm_mon), year, mTime.tm_hour, mTime.tm_min,
+                      nameAt(kDayNames, mTime.tm_wday), mTime.tm_mday,
+                      nameAt(kMonthNames, mTime.tm_mon), year, mTime.tm_hour, mTime.tm_min,
                       mTime.tm_sec, mZone < 0 ? '-' : '+', static_cast<int>(zone / 60 % 24),
                       static_cast<int>(zone % 60));
         mBody = QCString(text.data());
@@ -144,7 +144,7 @@ void EMAIL_DateTime::parse()
     const auto tokens = firstPieces<5>(QCString::fromLiteral(" "), date);
 
     mTime.tm_mday = numberOr(1, tokens[0]);
-    mTime.tm_mon = indexOfName(monthNames, tokens[1]);
+    mTime.tm_mon = indexOfName(kMonthNames, tokens[1]);
     mTime.tm_year = yearsSince1900(tokens[2]);
     readClock(tokens[3], mTime);
     mTime.tm_wday = dayOfWeek(mBody, stop);
@@ -156,12 +156,12 @@ void EMAIL_DateTime::parse()
 
 void EMAIL_DateTime::setTime(unsigned long t)
 {
-    constexpr unsigned long hour = 3600;
+    constexpr unsigned long kHour = 3600;
     if (t == 0)
         t = static_cast<unsigned long>(std::time(nullptr));
     std::optional<std::tm> clock = tarvomime::localTime(t);
     if (clock && clock->tm_isdst > 0)
-        clock = tarvomime::localTime(t - hour);
+        clock = tarvomime::localTime(t - kHour);
     mTime = clock ? *clock : *tarvomime::localTime(0);
     mZone = static_cast<int>(tarvomime::standardZone());
     mParsed = 1;

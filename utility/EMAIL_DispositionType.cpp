@@ -10,7 +10,7 @@ using namespace tarvomime;
 
 namespace {
 
-constexpr std::string_view fileNameLabel = "; filename = ";
+constexpr std::string_view kFileNameLabel = "; filename = ";
 
 std::string_view kindOf(const EMAIL_DispositionType& field)
 {
@@ -19,7 +19,7 @@ std::string_view kindOf(const EMAIL_DispositionType& field)
 
 qint64 writtenSize(const EMAIL_DispositionType& field)
 {
-    return static_cast<qint64>(kindOf(field).size() + fileNameLabel.size()) +
+    return static_cast<qint64>(kindOf(field).size() + kFileNameLabel.size()) +
            field.mFileName.length();
 }
 
@@ -43,7 +43,7 @@ void EMAIL_DispositionType::assemble()
             mString = refusedText();
             return;
         }
-        mBody = joined({kindOf(*this), fileNameLabel, mFileName.view()});
+        mBody = joined({kindOf(*this), kFileNameLabel, mFileName.view()});
     }
     EMAIL_Field::assemble();
 }

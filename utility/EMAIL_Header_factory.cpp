@@ -34,7 +34,7 @@ struct KnownField
 // 1. "Content-Id", "Mime-Version" and "Message-ID" are spelled as they are on purpose, though RFC
 //    2045 and RFC 5322 write two of them otherwise: stored messages carry these spellings.
 // The private "X-QRN-" fields are not listed: they keep the spelling they come with.
-constexpr std::array<KnownField, 18> knownFields{{
+constexpr std::array<KnownField, 18> kKnownFields{{
     {FieldName::toSpelling, FieldName::to, make<EMAIL_AddrList>},
     {FieldName::ccSpelling, FieldName::cc, make<EMAIL_AddrList>},
     {FieldName::bccSpelling, FieldName::bcc, make<EMAIL_AddrList>},
@@ -57,25 +57,25 @@ constexpr std::array<KnownField, 18> knownFields{{
     {FieldName::messageIdSpelling, FieldName::messageId, make<EMAIL_Field>},
 }};
 
-constexpr std::size_t longestName = FieldName::contentTransferEncodingSpelling.size();
+constexpr std::size_t kLongestName = FieldName::contentTransferEncodingSpelling.size();
 
-using RowsByLength = std::array<std::uint32_t, longestName + 1>;
+using RowsByLength = std::array<std::uint32_t, kLongestName + 1>;
 
 // One bit for each row whose name has that many bytes: at most three rows are ever compared.
 constexpr RowsByLength makeRowsByLength()
 {
     RowsByLength rows{};
-    for (std::size_t row = 0; row < knownFields.size(); ++row)
-        rows[knownFields[row].spelling.size()] |= 1U << row;
+    for (std::size_t row = 0; row < kKnownFields.size(); ++row)
+        rows[kKnownFields[row].spelling.size()] |= 1U << row;
     return rows;
 }
 
-constexpr RowsByLength rowsByLength = makeRowsByLength();
+constexpr RowsByLength kRowsByLength = makeRowsByLength();
 
 const KnownField* findKnown(std::string_view name)
 {
-    const std::uint32_t rows = name.size() <= longestName ? rowsByLength[name.size()] : 0;
-    const KnownField* known = knownFields.data();
+    const std::uint32_t rows = name.size() <= kLongestName ? kRowsByLength[name.size()] : 0;
+    const KnownField* known = kKnownFields.data();
     for (std::uint32_t rest = rows; rest != 0; rest >>= 1, ++known) {
         if ((rest & 1U) != 0 && equalIgnoringCase(known->spelling, name))
             return known;

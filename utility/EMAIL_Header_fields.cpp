@@ -14,7 +14,7 @@ namespace {
 
 using namespace tarvomime;
 
-constexpr unsigned int defaultPriority = 3;
+constexpr unsigned int kDefaultPriority = 3;
 
 QCString bodyOf(const EMAIL_Header& header, const QCString& name)
 {
@@ -213,7 +213,7 @@ unsigned int EMAIL_Header::getXPriority() const
         priority = priority.left(comment);
     bool ok = false;
     const unsigned int value = priority.toUInt(&ok);
-    return ok ? value : defaultPriority;
+    return ok ? value : kDefaultPriority;
 }
 
 QCString EMAIL_Header::getMethod()

@@ -21,11 +21,11 @@ using namespace tarvomime;
 namespace {
 
 // Up to this length a body made of line breaks only is no attachment.
-constexpr int longestBlankBody = 46;
+constexpr int kLongestBlankBody = 46;
 
 bool isBlankBody(const QCString& body)
 {
-    if (body.length() > longestBlankBody)
+    if (body.length() > kLongestBlankBody)
         return false;
     return QByteArray(body).replace("\r\n", "").isEmpty();
 }

@@ -20,7 +20,7 @@ struct TypeRow
 };
 
 // What people attach and the library's table, made for phones, does not know.
-constexpr std::array<TypeRow, 14> desktopTypes = {{
+constexpr std::array<TypeRow, 14> kDesktopTypes = {{
     {"csv", "text", "csv"},
     {"doc", "application", "msword"},
     {"docx", "application", "vnd.openxmlformats-officedocument.wordprocessingml.document"},
@@ -50,7 +50,7 @@ void setTypeByName(const QString& fileName, EMAIL_MultiPart& part)
     const QString extension = fileName.section('.', -1).toLower();
     part.setTypeStr("application");
     part.setSubTypeStr("octet-stream");
-    for (const TypeRow& row : desktopTypes) {
+    for (const TypeRow& row : kDesktopTypes) {
         if (extension == QLatin1String(row.extension)) {
             part.setTypeStr(row.type);
             part.setSubTypeStr(row.subtype);

@@ -29,7 +29,7 @@ ssize_t readBlock(char* block, std::size_t length)
 bool readStandardInput(QByteArray& out, Session& session)
 {
     // Qt 5 keeps the length of an array in an int, with room for its own bookkeeping.
-    constexpr qint64 longest = std::numeric_limits<int>::max() - 64;
+    constexpr qint64 kLongest = std::numeric_limits<int>::max() - 64;
     const InterruptGuard guard;
     std::array<char, 65536> block;
     for (;;) {
@@ -44,7 +44,7 @@ bool readStandardInput(QByteArray& out, Session& session)
         }
         if (count == 0)
             return true;
-        if (qint64(out.size()) + count > longest) {
+        if (qint64(out.size()) + count > kLongest) {
             session.complain("standard input", "is too large (2 GiB or more)");
             return false;
         }

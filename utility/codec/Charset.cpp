@@ -30,9 +30,9 @@ CodecTable findCodecs()
 }
 
 // A codec of the platform reckons its room in int, four bytes for each unit.
-constexpr int longestForCodec = QCString::longestLength / 4;
+constexpr int kLongestForCodec = QCString::longestLength / 4;
 // The string type asks for three, in the type of an array's sizes.
-constexpr bool hasLongArrays = sizeof(QByteArray().size()) > sizeof(int);
+constexpr bool kHasLongArrays = sizeof(QByteArray().size()) > sizeof(int);
 
 qint64 utf8Size(const QString& text)
 {
@@ -44,12 +44,12 @@ qint64 utf8Size(const QString& text)
 // long is looked at.
 bool mayBecomeTooLong(const QString& text, int charset)
 {
-    if (text.size() <= longestForCodec)
+    if (text.size() <= kLongestForCodec)
         return false;
     if (text.size() > QCString::longestLength)
         return true;
     if (charset == CHARSET_UTF_8)
-        return !hasLongArrays || utf8Size(text) > QCString::longestLength || !text.isValidUtf16();
+        return !kHasLongArrays || utf8Size(text) > QCString::longestLength || !text.isValidUtf16();
     return SingleByteCharset::of(charset) == nullptr;
 }
 

@@ -26,7 +26,7 @@ struct CharsetRow
 // 2. UTF-7 has a decoder of its own and is never written; its codec only answers for plain text
 //    beside it.
 // 3. gb2312 goes through the codec of its superset GBK, tis620 through that of ISO 8859-11.
-constexpr std::array<CharsetRow, kCharsetCount> charsetRows = {{
+constexpr std::array<CharsetRow, kCharsetCount> kCharsetRows = {{
     {"us-ascii", "ISO 8859-1", true},
     {"us-ascii", "ISO 8859-1", true},
     {"iso-8859-1", "ISO 8859-1", true},
@@ -52,7 +52,7 @@ constexpr std::array<CharsetRow, kCharsetCount> charsetRows = {{
     {"iso-8859-10", "ISO 8859-10", true},
     {"iso-8859-15", "ISO 8859-15", true},
 }};
-static_assert(charsetRows[CHARSET_UTF_8].mimeName == "utf-8");
+static_assert(kCharsetRows[CHARSET_UTF_8].mimeName == "utf-8");
 
 struct RecognisedName
 {
@@ -65,7 +65,7 @@ struct RecognisedName
 //
 // 1. The order decides: every longer ISO 8859 name stands before "iso-8859-1", which it contains.
 // 2. "koi8" takes koi8-r for koi8-u: they differ in a few letters only.
-constexpr std::array<RecognisedName, 23> recognisedNames = {{
+constexpr std::array<RecognisedName, 23> kRecognisedNames = {{
     {"utf-8", CHARSET_UTF_8},
     {"utf-7", CHARSET_UTF_7},
     {"big5", CHARSET_BIG5},
@@ -91,7 +91,7 @@ constexpr std::array<RecognisedName, 23> recognisedNames = {{
     {"us-ascii", CHARSET_US_ASCII},
 }};
 // Every charset but "unknown" is recognised by one key.
-static_assert(recognisedNames.size() == charsetRows.size() - 1);
+static_assert(kRecognisedNames.size() == kCharsetRows.size() - 1);
 
 bool containsIgnoringCase(std::string_view name, std::string_view lowerKey)
 {
@@ -101,14 +101,14 @@ bool containsIgnoringCase(std::string_view name, std::string_view lowerKey)
 
 const CharsetRow& rowOf(int charset)
 {
-    return charsetRows[static_cast<std::size_t>(knownCharset(charset))];
+    return kCharsetRows[static_cast<std::size_t>(knownCharset(charset))];
 }
 
 } // namespace
 
 int charsetFromName(std::string_view name)
 {
-    for (const RecognisedName& row : recognisedNames) {
+    for (const RecognisedName& row : kRecognisedNames) {
         if (containsIgnoringCase(name, row.key))
             return row.charset;
     }
@@ -120,8 +120,8 @@ int charsetOfExactName(std::string_view name)
     const auto equals = [name](const RecognisedName& row) {
         return equalIgnoringCase(row.key, name);
     };
-    const auto* row = std::find_if(recognisedNames.begin(), recognisedNames.end(), equals);
-    return row == recognisedNames.end() ? int{CHARSET_UNKNOWN} : row->charset;
+    const auto* row = std::find_if(kRecognisedNames.begin(), kRecognisedNames.end(), equals);
+    return row == kRecognisedNames.end() ? int{CHARSET_UNKNOWN} : row->charset;
 }
 
 int writeCharsetName(int charset, QCString& name)

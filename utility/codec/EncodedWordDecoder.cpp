@@ -21,9 +21,9 @@ namespace tarvomime {
 
 namespace {
 
-constexpr std::size_t notFound = std::string_view::npos;
-constexpr std::string_view wordStart = "=?";
-constexpr std::string_view wordEnd = "?=";
+constexpr std::size_t kNotFound = std::string_view::npos;
+constexpr std::string_view kWordStart = "=?";
+constexpr std::string_view kWordEnd = "?=";
 
 // Most senders of raw 8-bit headers that name no charset write Chinese.
 int assumedCharset(int charset)
@@ -33,9 +33,9 @@ int assumedCharset(int charset)
 
 bool hasUnderscoreInEscape(std::string_view payload)
 {
-    for (std::size_t mark = payload.find('='); mark != notFound;
+    for (std::size_t mark = payload.find('='); mark != kNotFound;
          mark = payload.find('=', mark + 1)) {
-        if (payload.substr(mark + 1, 2).find('_') != notFound)
+        if (payload.substr(mark + 1, 2).find('_') != kNotFound)
             return true;
     }
     return false;
@@ -116,7 +116,7 @@ std::string_view decodePayload(char form, std::string_view payload, Bytes& bytes
 //    they contain, so that any charset named in that stretch counts.
 int charsetOfWord(std::string_view text, std::size_t start, std::size_t mark)
 {
-    const std::size_t nameStart = start + wordStart.size();
+    const std::size_t nameStart = start + kWordStart.size();
     const std::string_view name = text.substr(nameStart, mark - nameStart);
     const int exact = start == 0 ? charsetOfExactName(name) : int{CHARSET_UNKNOWN};
     return exact != CHARSET_UNKNOWN ? exact : charsetFromName(text.substr(nameStart, mark));
@@ -132,13 +132,13 @@ struct Word
 // The parts of the first word in `text`; of no known charset when it has no end either.
 Word partsOfWord(std::string_view text, std::size_t start)
 {
-    const std::size_t nameStart = start + wordStart.size();
+    const std::size_t nameStart = start + kWordStart.size();
     const std::size_t mark = text.find('?', nameStart);
-    if (mark == notFound || mark + 3 >= text.size())
+    if (mark == kNotFound || mark + 3 >= text.size())
         return {};
     const std::size_t payloadStart = mark + 3;
-    const std::size_t payloadEnd = text.find(wordEnd, payloadStart);
-    if (payloadEnd == notFound)
+    const std::size_t payloadEnd = text.find(kWordEnd, payloadStart);
+    if (payloadEnd == kNotFound)
         return {};
     return {charsetOfWord(text, start, mark), text[mark + 1],
             text.substr(payloadStart, payloadEnd - payloadStart)};
@@ -162,17 +162,17 @@ bool appendWord(std::string_view text, std::size_t start, Utf16Buffer& out)
 }
 
 // The end of the word that starts at `start`, behind its "?=": the first one that does not come
-// before the third "?". `notFound` when the body ends first.
+// before the third "?". `kNotFound` when the body ends first.
 std::size_t endOfWord(std::string_view body, std::size_t start)
 {
     std::size_t mark = start + 1;
     for (int marks = 0; marks < 3; ++marks) {
         mark = body.find('?', mark + 1);
-        if (mark == notFound)
-            return notFound;
+        if (mark == kNotFound)
+            return kNotFound;
     }
-    const std::size_t end = body.find(wordEnd, mark);
-    return end == notFound ? notFound : end + wordEnd.size();
+    const std::size_t end = body.find(kWordEnd, mark);
+    return end == kNotFound ? kNotFound : end + kWordEnd.size();
 }
 
 std::size_t skipWhiteSpace(std::string_view body, std::size_t position)
@@ -185,7 +185,7 @@ std::size_t skipWhiteSpace(std::string_view body, std::size_t position)
 std::size_t endOfPlainText(std::string_view body, std::size_t position)
 {
     while (position < body.size() && !isLineBreak(body[position]) &&
-           body.compare(position, wordStart.size(), wordStart) != 0)
+           body.compare(position, kWordStart.size(), kWordStart) != 0)
         ++position;
     return position;
 }
@@ -205,7 +205,7 @@ void appendBody(std::string_view body, Utf16Buffer& out)
             continue;
         }
         const std::size_t end = endOfWord(body, position);
-        if (end == notFound) {
+        if (end == kNotFound) {
             out.appendLatin1(body.substr(position));
             return;
         }
@@ -225,7 +225,7 @@ void appendBody(std::string_view body, Utf16Buffer& out)
 //    word could end either, so that no search is made twice.
 void decodeWords(std::string_view body, QString& out, int charset)
 {
-    if (body.find(wordStart) == notFound) {
+    if (body.find(kWordStart) == kNotFound) {
         decodeFromCharset(body, out, assumedCharset(charset));
         return;
     }
@@ -241,8 +241,8 @@ void decodeWord(std::string_view word, QString& out, int charset)
 {
     if (word.empty())
         return;
-    const std::size_t start = word.find(wordStart);
-    if (start == notFound) {
+    const std::size_t start = word.find(kWordStart);
+    if (start == kNotFound) {
         decodeFromCharset(word, out, assumedCharset(charset));
         return;
     }

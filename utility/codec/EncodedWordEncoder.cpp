@@ -20,7 +20,7 @@ namespace tarvomime {
 namespace {
 
 // With "=?", "b?" and "?=" a word takes 72 of the 75 characters that RFC 2047 allows.
-constexpr int longestLabelAndPayload = 66;
+constexpr int kLongestLabelAndPayload = 66;
 constexpr std::string_view kWordStart = "=?";
 constexpr std::string_view kForm = "?b?";
 
@@ -44,8 +44,8 @@ int charsetOfWords(int charset)
 }
 
 // Bytes that a unit takes in a charset of one byte, and in one of two bytes beside ASCII.
-constexpr auto oneByte = [](QChar) { return 1; };
-constexpr auto twoBytes = [](QChar unit) { return unit.unicode() < 0x80 ? 1 : 2; };
+constexpr auto kOneByte = [](QChar) { return 1; };
+constexpr auto kTwoBytes = [](QChar unit) { return unit.unicode() < 0x80 ? 1 : 2; };
 
 /// Cuts a text into words of one charset, its bytes in which are given.
 class WordWriter
@@ -53,7 +53,7 @@ class WordWriter
 public:
     WordWriter(const QString& text, int charset, const QByteArray& bytes)
         : mText(text), mCharset(charset), mBytes(viewOf(bytes)), mName(mimeCharsetName(charset)),
-          mLongestBytes((longestLabelAndPayload - static_cast<int>(mName.size()) - 1) / 4 * 3)
+          mLongestBytes((kLongestLabelAndPayload - static_cast<int>(mName.size()) - 1) / 4 * 3)
     {
     }
 
@@ -66,10 +66,10 @@ public:
             writeWord(mBytes, static_cast<int>(mText.length()));
         else if (mCharset == CHARSET_UTF_8 && mText.isValidUtf16())
             cutBytes(utf8Length);
-        else if (isSingleByte(mCharset) && eachUnitTakes(oneByte))
-            cutBytes(oneByte);
-        else if (mCharset != CHARSET_UTF_8 && eachUnitTakes(twoBytes))
-            cutBytes(twoBytes);
+        else if (isSingleByte(mCharset) && eachUnitTakes(kOneByte))
+            cutBytes(kOneByte);
+        else if (mCharset != CHARSET_UTF_8 && eachUnitTakes(kTwoBytes))
+            cutBytes(kTwoBytes);
         else
             cutThroughCodec();
         return mWords;

@@ -24,7 +24,7 @@ struct ExtensionRow
 //    builder then keeps the subtype that its caller gives.
 // 2. Every video extension gives "mpeg", the one video subtype that all receivers play.
 // 3. "jar" and "jad" are text with the nameless subtype 98, by which the installer knows them.
-constexpr std::array<ExtensionRow, 27> readRows = {{
+constexpr std::array<ExtensionRow, 27> kReadRows = {{
     {"eml", TYPE_MESSAGE, SUBTYPE_RFC822},
     {"vcf", TYPE_TEXT, SUBTYPE_VCARD},
     {"vcs", TYPE_TEXT, SUBTYPE_VCALENDAR},
@@ -55,7 +55,7 @@ constexpr std::array<ExtensionRow, 27> readRows = {{
 }};
 
 // What a part is called when it is saved.
-constexpr std::array<ExtensionRow, 14> writtenRows = {{
+constexpr std::array<ExtensionRow, 14> kWrittenRows = {{
     {"eml", TYPE_MESSAGE, SUBTYPE_RFC822},
     {"vcf", TYPE_TEXT, SUBTYPE_VCARD},
     {"vcs", TYPE_TEXT, SUBTYPE_VCALENDAR},
@@ -72,7 +72,7 @@ constexpr std::array<ExtensionRow, 14> writtenRows = {{
     {"html", TYPE_TEXT, SUBTYPE_HTML},
 }};
 
-constexpr int longestExtension = 8;
+constexpr int kLongestExtension = 8;
 
 QString lastExtension(const QString& fileName)
 {
@@ -81,7 +81,7 @@ QString lastExtension(const QString& fileName)
         return {};
     // Blanks apart, of a text of any length no more is copied than could be known.
     const QStringView extension = QStringView(fileName).mid(dot + 1).trimmed();
-    return extension.size() > longestExtension ? QString() : extension.toString().toLower();
+    return extension.size() > kLongestExtension ? QString() : extension.toString().toLower();
 }
 
 } // namespace
@@ -89,7 +89,7 @@ QString lastExtension(const QString& fileName)
 int subtypeByExtension(const QString& fileName, int& type)
 {
     const QString extension = lastExtension(fileName);
-    for (const ExtensionRow& row : readRows) {
+    for (const ExtensionRow& row : kReadRows) {
         if (extension == QLatin1String(row.extension)) {
             type = row.type;
             return row.subtype;
@@ -100,7 +100,7 @@ int subtypeByExtension(const QString& fileName, int& type)
 
 int extensionBySubtype(int subtype, QString& extension)
 {
-    for (const ExtensionRow& row : writtenRows) {
+    for (const ExtensionRow& row : kWrittenRows) {
         if (row.subtype == subtype) {
             extension = QLatin1String(row.extension);
             return row.type;

@@ -29,7 +29,7 @@ constexpr bool standsInOrder(const std::array<NumberedName, Size>& rows)
     return true;
 }
 
-constexpr std::array<NumberedName, 8> typeNames = {{
+constexpr std::array<NumberedName, 8> kTypeNames = {{
     {TYPE_UNKNOWN, ""},
     {TYPE_TEXT, "text"},
     {TYPE_MULTIPART, "multipart"},
@@ -39,7 +39,7 @@ constexpr std::array<NumberedName, 8> typeNames = {{
     {TYPE_AUDIO, "audio"},
     {TYPE_VIDEO, "video"},
 }};
-static_assert(standsInOrder(typeNames));
+static_assert(standsInOrder(kTypeNames));
 
 // The written name of each subtype. An empty name is never written.
 //
@@ -48,7 +48,7 @@ static_assert(standsInOrder(typeNames));
 // 2. "x-vCalendar", "x-vCard" and "GSM-EFR" are written in mixed case, as their users expect them.
 // 3. "GSM-EFR" is not read back: reading lower-cases the name, and "gsm-efr" is in neither table.
 // 4. 98 (Java archives and descriptors) comes from file extensions only and has no name.
-constexpr std::array<NumberedName, 98> subtypeNames = {{
+constexpr std::array<NumberedName, 98> kSubtypeNames = {{
     {SUBTYPE_UNKNOWN, ""},
     {SUBTYPE_PLAIN, "plain"},
     {SUBTYPE_RICHTEXT, "richtext"},
@@ -148,10 +148,10 @@ constexpr std::array<NumberedName, 98> subtypeNames = {{
     {SUBTYPE_H263, "h263"},
     {SUBTYPE_X_MS_WMV, "x-ms-wmv"},
 }};
-static_assert(standsInOrder(subtypeNames));
+static_assert(standsInOrder(kSubtypeNames));
 
 // What is read beside the written names' lower-case forms.
-constexpr std::array<NumberedName, 6> readOnlySpellings = {{
+constexpr std::array<NumberedName, 6> kReadOnlySpellings = {{
     {SUBTYPE_VCALENDAR, "x-vcalendar"},
     {SUBTYPE_VCARD, "x-vcard"},
     {SUBTYPE_RICHTEXT, "enriched"},
@@ -185,12 +185,12 @@ bool writeName(int number, const std::array<NumberedName, Size>& rows, QCString&
 
 int mediaTypeFromName(const QCString& name)
 {
-    return name.isEmpty() ? TYPE_UNKNOWN : numberOf(name.lower().view(), typeNames);
+    return name.isEmpty() ? TYPE_UNKNOWN : numberOf(name.lower().view(), kTypeNames);
 }
 
 bool writeMediaTypeName(int type, QCString& name)
 {
-    return writeName(type, typeNames, name);
+    return writeName(type, kTypeNames, name);
 }
 
 int subtypeFromName(const QCString& name)
@@ -198,13 +198,13 @@ int subtypeFromName(const QCString& name)
     if (name.isEmpty())
         return SUBTYPE_UNKNOWN;
     const QCString lower = name.lower();
-    const int readOnly = numberOf(lower.view(), readOnlySpellings);
-    return readOnly != SUBTYPE_UNKNOWN ? readOnly : numberOf(lower.view(), subtypeNames);
+    const int readOnly = numberOf(lower.view(), kReadOnlySpellings);
+    return readOnly != SUBTYPE_UNKNOWN ? readOnly : numberOf(lower.view(), kSubtypeNames);
 }
 
 bool writeSubtypeName(int subtype, QCString& name)
 {
-    return writeName(subtype, subtypeNames, name);
+    return writeName(subtype, kSubtypeNames, name);
 }
 
 } // namespace tarvomime

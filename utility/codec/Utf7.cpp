@@ -17,7 +17,7 @@ unsigned digitValue(unsigned char byte)
     return kBase64Values[byte];
 }
 
-constexpr unsigned digitCount = kBase64Digits.size();
+constexpr unsigned kDigitCount = kBase64Digits.size();
 
 enum class State { Direct, AfterPlus, Shifted };
 
@@ -34,7 +34,7 @@ public:
             put(QChar::ReplacementCharacter);
         } else if (mState == State::Direct) {
             takeDirect(byte);
-        } else if (const unsigned value = digitValue(byte); value < digitCount) {
+        } else if (const unsigned value = digitValue(byte); value < kDigitCount) {
             takeDigit(value);
         } else {
             leaveRun(byte);

@@ -15,7 +15,7 @@ WholeFile::WholeFile(const QString& path)
         return;
     mSize = file.size();
     const auto length = static_cast<std::size_t>(mSize);
-    if (mSize <= longestRead)
+    if (mSize <= kLongestRead)
         mCopy.reset(new (std::nothrow) char[length]);
     // Without memory for a copy there may still be room for a mapping.
     if (mCopy != nullptr) {

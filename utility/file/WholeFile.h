@@ -15,7 +15,7 @@ class WholeFile
 {
 public:
     /// Files up to this size are read: their buffer is one that the allocator keeps.
-    static constexpr int longestRead = 96 * 1024;
+    static constexpr int kLongestRead = 96 * 1024;
 
     /// See `EMAIL_Util::openBuffer` for what is refused.
     explicit WholeFile(const QString& path);

@@ -7,18 +7,18 @@ namespace {
 
 // An array of its own: equal literals may lie in one place. Its first byte ends the text that shows
 // none of it, so that the text is never copied to be terminated.
-constexpr char refusal[2] = {'\0', '\0'};
+constexpr char kRefusal[2] = {'\0', '\0'};
 
 } // namespace
 
 QCString refusedText()
 {
-    return QCString::fromLiteral(refusal).left(0);
+    return QCString::fromLiteral(kRefusal).left(0);
 }
 
 bool isRefused(const QCString& text)
 {
-    return text.isEmpty() && text.begin() == refusal;
+    return text.isEmpty() && text.begin() == kRefusal;
 }
 
 } // namespace tarvomime

@@ -36,9 +36,9 @@ std::optional<std::tm> clockAt(std::time_t seconds)
 // looked for where mktime() looks: in steps of about a week, into the past first.
 std::optional<long> nearestStandardOffset(std::time_t seconds)
 {
-    constexpr std::time_t step = 601200;
-    constexpr std::time_t year = std::time_t{366} * 24 * 60 * 60;
-    for (std::time_t distance = step; distance < year; distance += step) {
+    constexpr std::time_t kStep = 601200;
+    constexpr std::time_t kYear = std::time_t{366} * 24 * 60 * 60;
+    for (std::time_t distance = kStep; distance < kYear; distance += kStep) {
         for (const std::time_t time : {seconds - distance, seconds + distance}) {
             const auto clock = clockAt(time);
             if (clock && clock->tm_isdst == 0)

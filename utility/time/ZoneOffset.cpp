@@ -24,7 +24,7 @@ struct NamedZone
 //    texts call a mistake; the letters that are missing count as UTC.
 // 2. Three characters decide: "cstx" is "cst", "gmt+1" is "gmt".
 // 3. A name that is not known counts as the military letter it begins with: "est" needs no row.
-constexpr std::array namedZones{
+constexpr std::array kNamedZones{
     NamedZone{"cst", -360}, NamedZone{"cdt", -300}, NamedZone{"c", -180},   NamedZone{"edt", -240},
     NamedZone{"e", -300},   NamedZone{"gmt", 0},    NamedZone{"g", -420},   NamedZone{"mst", -420},
     NamedZone{"mdt", -360}, NamedZone{"m", -720},   NamedZone{"pst", -480}, NamedZone{"pdt", -420},
@@ -38,10 +38,10 @@ int numericOffset(const QCString& token)
 {
     if (token.length() <= 2)
         return 0;
-    constexpr std::array weights{600, 60, 10, 1};
+    constexpr std::array kWeights{600, 60, 10, 1};
     int minutes = 0;
     int position = 1;
-    for (const int weight : weights) {
+    for (const int weight : kWeights) {
         const char digit = token[position++];
         if (!isDigit(digit))
             break;
@@ -62,8 +62,8 @@ int zoneOffset(const QCString& token)
     const auto begins = [&token](const NamedZone& zone) {
         return token.view().substr(0, zone.prefix.size()) == zone.prefix;
     };
-    const auto* found = std::find_if(namedZones.begin(), namedZones.end(), begins);
-    return found == namedZones.end() ? 0 : found->minutes;
+    const auto* found = std::find_if(kNamedZones.begin(), kNamedZones.end(), begins);
+    return found == kNamedZones.end() ? 0 : found->minutes;
 }
 
 } // namespace tarvomime

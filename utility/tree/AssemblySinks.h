@@ -23,7 +23,7 @@ namespace tarvomime {
 class MeasuringAssembly
 {
 public:
-    static constexpr bool inMemory = true;
+    static constexpr bool kInMemory = true;
 
     explicit MeasuringAssembly(int limit = QCString::longestLength) : mLimit(limit) {}
 
@@ -49,7 +49,7 @@ private:
 class MemoryAssembly
 {
 public:
-    static constexpr bool inMemory = true;
+    static constexpr bool kInMemory = true;
 
     explicit MemoryAssembly(int length) : mText(length) {}
 
@@ -74,7 +74,7 @@ class FileAssembly
 {
 public:
     /// No component's own `assemble` takes a file: all but headers and fields are walked.
-    static constexpr bool inMemory = false;
+    static constexpr bool kInMemory = false;
 
     explicit FileAssembly(QFile& file);
 

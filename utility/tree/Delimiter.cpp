@@ -10,8 +10,8 @@ namespace tarvomime {
 
 namespace {
 
-constexpr auto npos = std::string_view::npos;
-constexpr std::string_view dashes = "--";
+constexpr auto kNpos = std::string_view::npos;
+constexpr std::string_view kDashes = "--";
 
 bool startsWith(std::string_view text, std::size_t position, std::string_view beginning)
 {
@@ -20,17 +20,17 @@ bool startsWith(std::string_view text, std::size_t position, std::string_view be
 
 bool isDelimiterLine(std::string_view text, std::size_t position, std::string_view boundary)
 {
-    return startsWith(text, position, dashes) &&
-           startsWith(text, position + dashes.size(), boundary);
+    return startsWith(text, position, kDashes) &&
+           startsWith(text, position + kDashes.size(), boundary);
 }
 
 // The delimiter that starts at `start` and whose dashes are at `line`.
 Delimiter delimiterAt(std::string_view text, int start, std::size_t line, std::size_t boundarySize)
 {
-    const std::size_t behind = line + dashes.size() + boundarySize;
+    const std::size_t behind = line + kDashes.size() + boundarySize;
     const std::size_t lineFeed = text.find('\n', behind);
-    const std::size_t next = lineFeed == npos ? text.size() : lineFeed + 1;
-    return {start, static_cast<int>(next), startsWith(text, behind, dashes), true};
+    const std::size_t next = lineFeed == kNpos ? text.size() : lineFeed + 1;
+    return {start, static_cast<int>(next), startsWith(text, behind, kDashes), true};
 }
 
 } // namespace
@@ -69,11 +69,11 @@ int DelimiterFinder::findLine(TextRange range, std::string_view boundary,
         const std::size_t found =
             findDelimiterLine(text, static_cast<std::size_t>(range.start), boundary);
         mSearchBudget -= static_cast<long long>(std::min(found, text.size())) - range.start;
-        return found == npos ? -1 : static_cast<int>(found);
+        return found == kNpos ? -1 : static_cast<int>(found);
     }
     const int found = mIndex.find(cache, range.start);
-    const auto end =
-        static_cast<long long>(found) + 1 + static_cast<long long>(dashes.size() + boundary.size());
+    const auto end = static_cast<long long>(found) + 1 +
+                     static_cast<long long>(kDashes.size() + boundary.size());
     return end > range.end ? -1 : found;
 }
 

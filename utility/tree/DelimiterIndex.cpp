@@ -10,10 +10,10 @@ namespace tarvomime {
 
 namespace {
 
-constexpr std::string_view lineStart = "\n--";
+constexpr std::string_view kLineStart = "\n--";
 
 // Up to this many lines of one boundary are looked through one by one.
-constexpr int fewLines = 8;
+constexpr int kFewLines = 8;
 
 // The bytes behind the first `skipped` ones as a number that orders as they do; missing bytes count
 // as NUL.
@@ -38,7 +38,7 @@ std::size_t commonLength(std::string_view a, std::string_view b)
 
 bool DelimiterIndex::canHold(std::string_view boundary)
 {
-    return boundary.find(lineStart) == std::string_view::npos;
+    return boundary.find(kLineStart) == std::string_view::npos;
 }
 
 void DelimiterIndex::build()
@@ -72,12 +72,12 @@ bool DelimiterIndex::isLess(const Line& a, const Line& b) const
 std::string_view DelimiterIndex::behindDashes(int number) const
 {
     const auto index = static_cast<std::size_t>(number);
-    const std::size_t start = static_cast<std::size_t>(mStarts[index]) + lineStart.size();
+    const std::size_t start = static_cast<std::size_t>(mStarts[index]) + kLineStart.size();
     if (index + 1 == mStarts.size())
         return mText.substr(start);
     // All but the last byte of the next line's start: a boundary that has no such start in it can
     // reach that far.
-    const std::size_t end = static_cast<std::size_t>(mStarts[index + 1]) + lineStart.size() - 1;
+    const std::size_t end = static_cast<std::size_t>(mStarts[index + 1]) + kLineStart.size() - 1;
     return mText.substr(start, end - start);
 }
 
@@ -111,7 +111,7 @@ DelimiterIndex::Matches DelimiterIndex::linesOf(std::string_view boundary)
         first, mOrder.end(), [&](const Line& line) { return prefixOf(line) == boundary; });
     Matches matches{static_cast<int>(first - mOrder.begin()),
                     static_cast<int>(last - mOrder.begin()), true, nullptr};
-    if (matches.last - matches.first > fewLines)
+    if (matches.last - matches.first > kFewLines)
         matches.positions = &positionsOf(matches);
     return matches;
 }

@@ -9,7 +9,7 @@ namespace tarvomime {
 
 namespace {
 
-constexpr auto npos = std::string_view::npos;
+constexpr auto kNpos = std::string_view::npos;
 
 std::size_t skipLineBreaks(std::string_view text)
 {
@@ -21,7 +21,7 @@ std::size_t skipLineBreaks(std::string_view text)
 
 bool isHeaderLine(std::string_view line)
 {
-    return (!line.empty() && isBlank(line.front())) || line.find(':') != npos;
+    return (!line.empty() && isBlank(line.front())) || line.find(':') != kNpos;
 }
 
 // An unterminated last line stays in the header whatever it holds: only a line end lets a line be
@@ -31,7 +31,7 @@ std::size_t findHeaderEnd(std::string_view text, std::size_t start)
     std::size_t lineStart = start;
     for (;;) {
         const std::size_t lineFeed = text.find('\n', lineStart);
-        if (lineFeed == npos)
+        if (lineFeed == kNpos)
             return text.size();
         if (!isHeaderLine(text.substr(lineStart, lineFeed - lineStart)))
             return lineStart;

@@ -15,7 +15,7 @@ namespace tarvomime {
 class MemorySource
 {
 public:
-    static constexpr bool inMemory = true;
+    static constexpr bool kInMemory = true;
 
     explicit MemorySource(const QCString& text) : mText(text) {}
 
@@ -39,7 +39,7 @@ private:
 class FileSource
 {
 public:
-    static constexpr bool inMemory = false;
+    static constexpr bool kInMemory = false;
 
     /// `data` is the content of the whole file.
     FileSource(const QString& path, const char* data, TextRange range)

@@ -78,7 +78,7 @@ private:
     template <class Own, class Component>
     static bool isForeign(const Component& component)
     {
-        return Sink::inMemory && typeid(component) != typeid(Own);
+        return Sink::kInMemory && typeid(component) != typeid(Own);
     }
 
     bool enterEntity(EMAIL_Entity& entity)

@@ -23,8 +23,8 @@ namespace tarvomime {
 
 namespace {
 
-constexpr const char* bodySource = "utility/EMAIL_Body.cpp";
-constexpr const char* bodyParse = "void EMAIL_Body::parse(const char*, int, int, const QString&)";
+constexpr const char* kBodySource = "utility/EMAIL_Body.cpp";
+constexpr const char* kBodyParse = "void EMAIL_Body::parse(const char*, int, int, const QString&)";
 
 const EMAIL_ContentType* contentTypeOf(const EMAIL_Body& body)
 {
@@ -42,7 +42,7 @@ EMAIL_Message& createEnclosedMessage(EMAIL_Body& body)
 {
     delete std::exchange(body.mMessage, nullptr);
     body.mMessage = new (std::nothrow) EMAIL_Message(body.mString, &body);
-    TARVOMIME_CHECK_ALLOCATION(body.mMessage, "mMessage", bodySource, bodyParse);
+    TARVOMIME_CHECK_ALLOCATION(body.mMessage, "mMessage", kBodySource, kBodyParse);
     return *body.mMessage;
 }
 
@@ -50,7 +50,7 @@ EMAIL_BodyPart& createPart(EMAIL_Body& body, const QCString& text)
 {
     auto* bodyPart = new (std::nothrow) EMAIL_BodyPart(text, &body);
     TARVOMIME_CHECK_ALLOCATION(bodyPart != nullptr && body.mBodyParts.append(bodyPart), "bodyPart",
-                               bodySource, bodyParse);
+                               kBodySource, kBodyParse);
     return *bodyPart;
 }
 
@@ -126,7 +126,7 @@ private:
         EMAIL_Body& body = *entity.mBody;
         if (range.isEmpty())
             return;
-        if constexpr (Source::inMemory) {
+        if constexpr (Source::kInMemory) {
             body.setMessage(mSource.bodyText(range));
             if (typeid(body) != typeid(EMAIL_Body)) {
                 body.parse();
@@ -142,7 +142,7 @@ private:
         const EMAIL_ContentType* type = contentTypeOf(body);
         if (type == nullptr)
             return;
-        if (Source::inMemory && type->mTypeEnum == TYPE_MESSAGE) {
+        if (Source::kInMemory && type->mTypeEnum == TYPE_MESSAGE) {
             mPending = {&createEnclosedMessage(body), range};
         } else if (isContainerType(*type)) {
             body.mBoundary = type->mBoundary;
@@ -165,7 +165,7 @@ private:
             return;
         level.rest.start = first.next;
         // No part is made without a place for the rest of its body.
-        TARVOMIME_CHECK_ALLOCATION(mLevels.push(level), "bodyPart", bodySource, bodyParse);
+        TARVOMIME_CHECK_ALLOCATION(mLevels.push(level), "bodyPart", kBodySource, kBodyParse);
     }
 
     // Text behind the last delimiter is no part: the body may have been cut off anywhere.

@@ -60,8 +60,8 @@ TEST_P(WholeFiles, HoldAllBytesAndLeaveNothing)
 INSTANTIATE_TEST_SUITE_P(
     Rows, WholeFiles,
     testing::Values(WholeFileRow{"shortest", 1, false},
-                    WholeFileRow{"longest that is read", WholeFile::longestRead, false},
-                    WholeFileRow{"shortest that is mapped", WholeFile::longestRead + 1, true}));
+                    WholeFileRow{"longest that is read", WholeFile::kLongestRead, false},
+                    WholeFileRow{"shortest that is mapped", WholeFile::kLongestRead + 1, true}));
 
 TEST(WholeFile, RefusesWhatIsNoFile)
 {
