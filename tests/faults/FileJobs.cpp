@@ -224,14 +224,12 @@ const std::vector<FileJob>& streamingJobs()
     return jobs;
 }
 
-const std::vector<FileJob>& loadingJobs()
+const std::vector<FileJob>& mappingJobs()
 {
     static const std::vector<FileJob> jobs{
-        {"guess an encoding", raw, guessEncoding, false, false},
         {"parse a message", asMultipart, parse, false, false},
         {"convert a stored part", asTextMessage, convert, false, false},
         {"map a file", raw, map, false, false},
-        {"make an invitation", raw, invite, false, false},
     };
     return jobs;
 }
@@ -239,7 +237,9 @@ const std::vector<FileJob>& loadingJobs()
 std::vector<FileJob> allJobs()
 {
     std::vector<FileJob> jobs = streamingJobs();
-    jobs.insert(jobs.end(), loadingJobs().begin(), loadingJobs().end());
+    jobs.insert(jobs.end(), mappingJobs().begin(), mappingJobs().end());
+    jobs.push_back({"guess an encoding", raw, guessEncoding, false, false});
+    jobs.push_back({"make an invitation", raw, invite, false, false});
     return jobs;
 }
 

@@ -29,8 +29,10 @@ void PrintTo(const FileJob& job, std::ostream* out);
 
 /// Every operation that reads a stored body block by block.
 const std::vector<FileJob>& streamingJobs();
-/// Every operation that maps a file or reads all of it, and writes nothing.
-const std::vector<FileJob>& loadingJobs();
+/// Every operation that wants all of a file at once, and maps a big one.
+const std::vector<FileJob>& mappingJobs();
+/// The streaming ones, the mapping ones, and those that read a file for themselves and write
+/// nothing.
 std::vector<FileJob> allJobs();
 
 /// `size` bytes of content for a job, without NUL.
