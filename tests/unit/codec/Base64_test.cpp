@@ -4,6 +4,7 @@
 #include "tests/support/RecordingFile.h"
 #include "utility/EMAIL_Util.h"
 
+#include <limits>
 #include <map>
 
 namespace {
@@ -75,7 +76,8 @@ TEST(Base64EncodeArguments, NullDataGivesNothing)
 
 TEST(Base64EncodeArguments, AResultThatFitsNoArrayIsEmpty)
 {
-    for (const unsigned long length : {~0UL, ~0UL / 2, ~0UL / 8, ~0UL / 16})
+    constexpr unsigned long longestArray = std::numeric_limits<qsizetype>::max();
+    for (const unsigned long length : {~0UL, longestArray, longestArray / 4 * 3 + 3})
         EXPECT_EQ(EMAIL_Util::encB64("abc", length, 1), "") << length;
 }
 

@@ -5,6 +5,7 @@
 #include "utility/EMAIL_Cal.h"
 #include "utility/EMAIL_Util.h"
 
+#include <limits>
 #include <map>
 
 namespace {
@@ -93,7 +94,8 @@ TEST(QpEncodeArguments, NullDataGivesNothing)
 
 TEST(QpEncodeArguments, AResultThatFitsNoArrayIsEmpty)
 {
-    for (const unsigned long length : {~0UL, ~0UL / 2, ~0UL / 8})
+    constexpr unsigned long longestArray = std::numeric_limits<qsizetype>::max();
+    for (const unsigned long length : {~0UL, longestArray, longestArray / 2})
         EXPECT_EQ(EMAIL_Util::encQp("abc", length, 1), "") << length;
 }
 
