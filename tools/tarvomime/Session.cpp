@@ -40,6 +40,8 @@ int Session::finish()
         if (mStatus != ExitStatus::Interrupted)
             complain("standard output", mOutput.errorString().toStdString());
     }
+    if (mStatus == ExitStatus::Done && mHasFound)
+        mStatus = ExitStatus::Found;
     return static_cast<int>(mStatus);
 }
 

@@ -8,7 +8,7 @@
 namespace tarvomime::tool {
 
 /// What the exit status says, in the words of `runTool`.
-enum class ExitStatus { Done = 0, Failed = 1, WrongUsage = 2, Interrupted = 130 };
+enum class ExitStatus { Done = 0, Failed = 1, WrongUsage = 2, Found = 3, Interrupted = 130 };
 
 /// One run of the tool: its standard output, its complaints and the exit status they lead to.
 ///
@@ -32,6 +32,8 @@ public:
     void complain(const std::string& subject, const std::string& reason);
     /// The same for a command line that asks for something impossible: the exit status becomes 2.
     void refuse(const std::string& reason);
+    /// The exit status becomes 3 unless something failed.
+    void setFound() { mHasFound = true; }
     void setInterrupted() { mStatus = ExitStatus::Interrupted; }
 
     /// Writes what is left of the output and returns the exit status.
@@ -42,6 +44,7 @@ private:
 
     QFile mOutput;
     ExitStatus mStatus = ExitStatus::Done;
+    bool mHasFound = false;
 };
 
 } // namespace tarvomime::tool

@@ -17,14 +17,18 @@ void parseStored(const InputFile& file, EMAIL_Message& message)
         message.parse(file.data(), 0, file.size(), path);
 }
 
-void parseInMemory(const InputFile& file, EMAIL_Message& message)
+QByteArray bytesOf(const InputFile& file)
 {
     // The library may read the NUL that ends a byte array. Behind the mapping it is there unless
     // the file fills its last page.
     const bool terminated = file.size() % sysconf(_SC_PAGESIZE) != 0;
-    const QByteArray bytes = terminated ? QByteArray::fromRawData(file.data(), file.size())
-                                        : QByteArray(file.data(), file.size());
-    message.setMessage(QCString::fromBytes(bytes));
+    return terminated ? QByteArray::fromRawData(file.data(), file.size())
+                      : QByteArray(file.data(), file.size());
+}
+
+void parseInMemory(const InputFile& file, EMAIL_Message& message)
+{
+    message.setMessage(QCString::fromBytes(bytesOf(file)));
     message.parse();
 }
 

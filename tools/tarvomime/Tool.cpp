@@ -17,7 +17,7 @@ constexpr const char* kVersion = "tarvomime " TARVOMIME_VERSION;
 
 constexpr const char* kFooter =
     "Exit status: 0 when all went well, 1 when a file failed (the others are still\n"
-    "worked on), 2 for wrong usage, 130 after Ctrl-C.\n"
+    "worked on), 2 for wrong usage, 3 for findings of 'lint --strict', 130 after Ctrl-C.\n"
     "\n"
     "'tarvomime COMMAND --help' explains a command and shows an example.";
 

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "tools/tarvomime/LintFindings.h"
+#include "extra/PartExamination.h"
+#include "types/Ascii.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Header.h"
-#include "utility/EMAIL_Util.h"
+#include "utility/EMAIL_Numbers.h"
 
 #include <algorithm>
 #include <string>
 
-namespace tarvomime::tool {
+namespace tarvomime {
 
 namespace {
 
@@ -19,14 +20,28 @@ std::string_view withoutBlanksAtEnd(std::string_view line)
     return line.substr(0, line.find_last_not_of(kBlanks) + 1);
 }
 
-bool isBlank(std::string_view bytes)
+bool isBlankText(std::string_view bytes)
 {
     return bytes.find_first_not_of(" \t\r\n") == bytes.npos;
 }
 
-char lower(char c)
+/// Whether a text outside the parts is such as programs and mailing lists put there: short, and
+/// nothing in it looks like a part that readers might see or hide.
+bool isOrdinary(std::string_view text)
 {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    constexpr std::size_t longest = 4096;
+    if (text.size() > longest || text.find('\0') != text.npos)
+        return false;
+    while (!text.empty()) {
+        const std::string_view line = text.substr(0, text.find('\n'));
+        text.remove_prefix(std::min(line.size() + 1, text.size()));
+        const bool isField = equalIgnoringCase(line.substr(0, 8), "content-");
+        const bool isDelimiter =
+            line.substr(0, 2) == "--" && line.find_first_not_of(" \t\r-") != line.npos;
+        if (isField || isDelimiter)
+            return false;
+    }
+    return true;
 }
 
 /// What a line says apart from blanks around it, dashes in front and the two that close.
@@ -37,12 +52,6 @@ std::string_view core(std::string_view line)
     return line;
 }
 
-bool equalButForCase(std::string_view a, std::string_view b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lower(x) == lower(y); });
-}
-
 /// Whether a line looks as if it were meant to be a delimiter of `boundary`: other case, other
 /// dashes, blanks, or up to three characters short of it or longer.
 bool almostMatches(std::string_view line, std::string_view boundary)
@@ -51,11 +60,11 @@ bool almostMatches(std::string_view line, std::string_view boundary)
     const std::string_view meant = core(boundary);
     if (meant.empty() || said.size() + 3 < meant.size() || said.size() > meant.size() + 3)
         return false;
-    if (said.size() > meant.size() && equalButForCase(said.substr(0, meant.size()), meant))
+    if (said.size() > meant.size() && equalIgnoringCase(said.substr(0, meant.size()), meant))
         return true;
     if (said.size() < meant.size() && said.size() >= 4)
-        return equalButForCase(said, meant.substr(0, said.size()));
-    return equalButForCase(said, meant);
+        return equalIgnoringCase(said, meant.substr(0, said.size()));
+    return equalIgnoringCase(said, meant);
 }
 
 /// Reads the body of a container line by line, by the library's own rule for delimiters: a line
@@ -63,9 +72,9 @@ bool almostMatches(std::string_view line, std::string_view boundary)
 class BoundaryWalk
 {
 public:
-    BoundaryWalk(const Examination& part, std::string_view boundary,
+    BoundaryWalk(const PartExamination& part, std::string_view boundary,
                  const std::vector<std::string>& boundaries)
-        : mPart(part), mBytes(part.bodyBytes()), mDelimiter("--" + std::string(boundary)),
+        : mPart(part), mBytes(part.body()), mDelimiter("--" + std::string(boundary)),
           mBoundary(boundary), mBoundaries(boundaries)
     {
     }
@@ -92,7 +101,7 @@ private:
         if (isDelimiter(line))
             visitDelimiter(line, start, next);
         else
-            examineNearMiss(line, start);
+            examineNearMiss(line);
     }
 
     bool isDelimiter(std::string_view line) const
@@ -106,20 +115,21 @@ private:
         const bool closing = rest.substr(0, 2) == "--";
         const std::string_view surplus = closing ? rest.substr(2) : rest;
         if (!surplus.empty() && !isKnownLine(line))
-            report("boundary-near-miss",
-                   "a line is longer than the delimiter and still taken as one", start,
-                   line.size());
+            mPart.report(FindingKind::BoundaryNearMiss,
+                         QStringLiteral("a line is longer than the delimiter and still taken as "
+                                        "one"),
+                         line);
         if (mStage == Stage::Preamble)
-            reportUnread("in front of the first part", 0, start);
+            reportUnread("in front of the first part", FindingSeverity::Note, 0, start);
         mStage = closing ? Stage::Epilogue : Stage::Parts;
         mStageStart = next;
     }
 
-    void examineNearMiss(std::string_view line, std::size_t start)
+    void examineNearMiss(std::string_view line)
     {
         if (almostMatches(line, mBoundary) && !isKnownLine(line))
-            report("boundary-near-miss", "a line almost matches the delimiter and is none", start,
-                   line.size());
+            mPart.report(FindingKind::BoundaryNearMiss,
+                         QStringLiteral("a line almost matches the delimiter and is none"), line);
     }
 
     /// A delimiter of another container of the same message is no near miss, however alike their
@@ -142,34 +152,36 @@ private:
         const std::size_t end = mBytes.size();
         switch (mStage) {
         case Stage::Preamble:
-            report("no-delimiter", "the boundary never occurs: the body has no parts", 0, 0);
-            reportUnread("in a body without a delimiter", 0, end);
+            mPart.report(FindingKind::NoDelimiter,
+                         QStringLiteral("the boundary never occurs: the body has no parts"));
+            reportUnread("in a body without a delimiter", FindingSeverity::Error, 0, end);
             break;
         case Stage::Parts:
-            report("no-closing-delimiter", "the closing delimiter is missing", 0, 0);
-            reportUnread("behind the last delimiter, which does not close the body", mStageStart,
-                         end);
+            mPart.report(FindingKind::NoClosingDelimiter,
+                         QStringLiteral("the closing delimiter is missing"));
+            reportUnread("behind the last delimiter, which does not close the body",
+                         FindingSeverity::Error, mStageStart, end);
             break;
         case Stage::Epilogue:
-            reportUnread("behind the closing delimiter", mStageStart, end);
+            reportUnread("behind the closing delimiter", FindingSeverity::Note, mStageStart, end);
             break;
         }
     }
 
-    void reportUnread(const char* where, std::size_t start, std::size_t end)
+    /// `ordinary` is how much it matters where it is such a text as programs and mailing lists put
+    /// there.
+    void reportUnread(const char* where, FindingSeverity ordinary, std::size_t start,
+                      std::size_t end)
     {
-        if (start < end && !isBlank(mBytes.substr(start, end - start)))
-            report("bytes-in-no-part", QString("bytes %1 belong to no part").arg(where), start,
-                   end - start);
+        if (start >= end || isBlankText(mBytes.substr(start, end - start)))
+            return;
+        const std::string_view unread = mBytes.substr(start, end - start);
+        mPart.report(
+            FindingKind::BytesInNoPart, isOrdinary(unread) ? ordinary : FindingSeverity::Error,
+            QStringLiteral("bytes %1 belong to no part").arg(QLatin1String(where)), unread);
     }
 
-    void report(const char* code, const QString& explanation, std::size_t start, std::size_t length)
-    {
-        const qint64 base = mPart.entity.mBody->mOffset;
-        mPart.report(code, explanation, base + qint64(start), qint64(length));
-    }
-
-    const Examination& mPart;
+    const PartExamination& mPart;
     std::string_view mBytes;
     std::string mDelimiter;
     std::string_view mBoundary;
@@ -180,15 +192,15 @@ private:
 
 } // namespace
 
-void examineBoundaries(const Examination& part, const std::vector<std::string>& boundaries)
+void examineBoundaries(const PartExamination& part, const std::vector<std::string>& boundaries)
 {
-    const EMAIL_ContentType* type = part.entity.mHeader->getContentType();
-    const bool hasParts = part.entity.mBody->numBodyParts() > 0;
+    const EMAIL_ContentType* type = part.entity().mHeader->getContentType();
+    const bool hasParts = part.entity().mBody->numBodyParts() > 0;
     if (type == nullptr || (type->mTypeEnum != TYPE_MULTIPART && !hasParts))
         return;
     if (type->mBoundary.isEmpty())
-        part.report("no-boundary", "the container names no boundary");
+        part.report(FindingKind::NoBoundary, QStringLiteral("the container names no boundary"));
     BoundaryWalk(part, type->mBoundary.view(), boundaries).run();
 }
 
-} // namespace tarvomime::tool
+} // namespace tarvomime

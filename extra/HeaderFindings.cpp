@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "extra/EncodedWords.h"
+#include "extra/FieldParameter.h"
+#include "extra/PartExamination.h"
+#include "extra/PartHeader.h"
+#include "extra/SafeFileName.h"
+#include "extra/WordScanner.h"
+#include "types/Ascii.h"
+#include "utility/EMAIL_Field.h"
+#include "utility/EMAIL_Header.h"
+
+#include <QHash>
+#include <QSet>
+#include <algorithm>
+#include <array>
+
+namespace tarvomime {
+
+namespace {
+
+// What may stand once in the header of any part (RFC 2045, RFC 2183) ...
+constexpr std::array<std::string_view, 3> singleFields = {
+    {"content-disposition", "content-transfer-encoding", "content-type"}};
+
+// ... and once in the header of a message (RFC 5322, section 3.6).
+constexpr std::array<std::string_view, 11> singleMessageFields = {
+    {"bcc", "cc", "date", "from", "in-reply-to", "message-id", "references", "reply-to", "sender",
+     "subject", "to"}};
+
+template <std::size_t N>
+bool holds(const std::array<std::string_view, N>& names, const QByteArray& name)
+{
+    return std::find(names.begin(), names.end(),
+                     std::string_view(name.constData(), std::size_t(name.size()))) != names.end();
+}
+
+QString textOf(const QCString& text)
+{
+    return QString::fromUtf8(QByteArray(text));
+}
+
+bool isPrivate(const QByteArray& name)
+{
+    return name.startsWith("x-qrn-") || name == "x-message-partid";
+}
+
+bool isMessage(const PartExamination& part)
+{
+    const int parent = part.part().parent;
+    return parent < 0 || isMessageType(part.content.parts[parent].type);
+}
+
+bool holdsLineBreak(const QString& text)
+{
+    return text.contains('\n') || text.contains('\r');
+}
+
+/// An encoded word that holds a line break would start a field of its own wherever the value is
+/// written again.
+void examineWords(const PartExamination& part, const EMAIL_Field& field)
+{
+    const std::string_view body = field.mBody.view();
+    if (body.find("=?") == body.npos)
+        return;
+    bool breaks = false;
+    QSet<QByteArray> labels;
+    WordScanner words(body);
+    for (words.takePlain(); !words.atEnd(); words.takePlain()) {
+        const EncodedWord word = words.takeWord();
+        const QCString text(word.text.data(), int(word.text.size()));
+        breaks = breaks || holdsLineBreak(decodedWords(text, part.fallbackCharset));
+        labels.insert(QByteArray(word.charset.data(), int(word.charset.size())));
+    }
+    const QString name = textOf(field.mName);
+    if (breaks)
+        part.report(FindingKind::EncodedLineBreak,
+                    QStringLiteral("an encoded word of the field %1 holds a line break").arg(name),
+                    field.mString.view());
+    QList<QByteArray> sorted = labels.values();
+    std::sort(sorted.begin(), sorted.end());
+    for (const QByteArray& label : sorted) {
+        if (!isReadableCharset(label))
+            part.report(FindingKind::UnknownCharset,
+                        QStringLiteral("an encoded word of the field %1 names the unknown charset "
+                                       "\"%2\"")
+                            .arg(name, QString::fromLatin1(label)),
+                        field.mString.view());
+    }
+}
+
+void examineFields(const PartExamination& part)
+{
+    const bool inMessage = isMessage(part);
+    QHash<QByteArray, int> seen;
+    for (const EMAIL_Field* field : part.entity().mHeader->mFields) {
+        const QByteArray name = QByteArray(field->mName).toLower();
+        if (isPrivate(name))
+            part.report(FindingKind::PrivateField,
+                        QStringLiteral("the field %1 belongs to the mail store, not to mail")
+                            .arg(textOf(field->mName)),
+                        field->mString.view());
+        // One finding a name, however many there are.
+        const bool single =
+            holds(singleFields, name) || (inMessage && holds(singleMessageFields, name));
+        if (single && ++seen[name] == 2)
+            part.report(FindingKind::DuplicateField,
+                        QStringLiteral("there is more than one %1 field; readers differ in which "
+                                       "they believe")
+                            .arg(textOf(field->mName)),
+                        field->mString.view());
+        examineWords(part, *field);
+    }
+}
+
+QString parameterOf(const PartExamination& part, const char* field, std::string_view parameter)
+{
+    const EMAIL_Field* found = part.entity().mHeader->getField(field);
+    return found == nullptr ? QString()
+                            : fieldParameter(found->mBody, parameter, part.fallbackCharset);
+}
+
+void examineName(const PartExamination& part, const QString& name)
+{
+    const QString safe = name.isEmpty() ? name : safeFileName(name);
+    if (safe != name)
+        part.report(
+            FindingKind::UnsafeName,
+            QStringLiteral("the file name \"%1\" is not safe; it becomes \"%2\"").arg(name, safe));
+}
+
+void examineNames(const PartExamination& part)
+{
+    const QString fileName = parameterOf(part, "Content-Disposition", "filename");
+    const QString name = parameterOf(part, "Content-Type", "name");
+    examineName(part, fileName);
+    if (name != fileName)
+        examineName(part, name);
+}
+
+/// The line that `text` begins with, without its line end.
+std::string_view firstLine(std::string_view text)
+{
+    text = text.substr(0, text.find('\n'));
+    if (!text.empty() && text.back() == '\r')
+        text.remove_suffix(1);
+    return text;
+}
+
+/// Whether an empty line stands where the header should begin. From parts it is taken off: it stands
+/// between their text and the delimiter.
+bool beginsWithEmptyLine(const PartExamination& part)
+{
+    const std::string_view text = part.entity().mString.view();
+    if (isMessage(part))
+        return !text.empty() && isLineBreak(text.front());
+    std::string_view before = part.bytes.substr(0, std::size_t(text.data() - part.bytes.data()));
+    before = before.substr(0, before.find_last_not_of('\r') + 1);
+    if (before.empty() || before.back() != '\n')
+        return false;
+    before.remove_suffix(1);
+    before = before.substr(0, before.find_last_not_of('\r') + 1);
+    return !before.empty() && before.back() == '\n';
+}
+
+void examineEnd(const PartExamination& part)
+{
+    std::string_view rest = part.entity().mString.view();
+    const std::string_view header = part.entity().mHeader->mString.view();
+    rest.remove_prefix(std::min(rest.find_first_not_of("\r\n"), rest.size()));
+    rest.remove_prefix(std::min(header.size(), rest.size()));
+    if (beginsWithEmptyLine(part) || (header.empty() && rest.empty()))
+        return;
+    if (rest.empty())
+        part.report(FindingKind::UnfinishedHeader,
+                    QStringLiteral("the text ends inside the header"));
+    else if (!firstLine(rest).empty())
+        part.report(FindingKind::UnfinishedHeader,
+                    QStringLiteral("a line that is no field ends the header in place of an empty "
+                                   "one"),
+                    firstLine(rest));
+}
+
+} // namespace
+
+void examineHeader(const PartExamination& part)
+{
+    examineFields(part);
+    examineNames(part);
+    examineEnd(part);
+}
+
+void examineStart(const PartExamination& message)
+{
+    constexpr std::array<std::string_view, 3> marks = {{"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"}};
+    for (const std::string_view mark : marks) {
+        if (message.bytes.substr(0, mark.size()) == mark)
+            message.report(FindingKind::MarkBeforeHeader,
+                           QStringLiteral("a byte order mark hides the first field"),
+                           message.bytes.substr(0, mark.size()));
+    }
+    if (message.bytes.substr(0, 5) == "From " || message.bytes.substr(0, 6) == ">From ")
+        message.report(FindingKind::MarkBeforeHeader, FindingSeverity::Note,
+                       QStringLiteral("the separator line of an mbox stands before the first "
+                                      "field"),
+                       firstLine(message.bytes));
+}
+
+} // namespace tarvomime
