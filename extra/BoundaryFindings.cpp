@@ -29,8 +29,8 @@ bool isBlankText(std::string_view bytes)
 /// nothing in it looks like a part that readers might see or hide.
 bool isOrdinary(std::string_view text)
 {
-    constexpr std::size_t longest = 4096;
-    if (text.size() > longest || text.find('\0') != text.npos)
+    constexpr std::size_t kLongest = 4096;
+    if (text.size() > kLongest || text.find('\0') != text.npos)
         return false;
     while (!text.empty()) {
         const std::string_view line = text.substr(0, text.find('\n'));

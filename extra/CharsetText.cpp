@@ -2,6 +2,7 @@
 #include "extra/CharsetText.h"
 
 #include "extra/CharsetStatistics.h"
+#include "extra/CodecNames.h"
 #include "extra/Utf8.h"
 #include "types/Ascii.h"
 #include "utility/EMAIL_Util.h"
@@ -70,7 +71,8 @@ QTextCodec* codecOfName(const QByteArray& plain)
         return nullptr;
     const auto* alias = std::find_if(kAliases.begin(), kAliases.end(),
                                      [&](const Alias& row) { return row.name == viewOf(plain); });
-    return QTextCodec::codecForName(alias != kAliases.end() ? QByteArray(alias->codec) : plain);
+    const QByteArray name = alias != kAliases.end() ? QByteArray(alias->codec) : plain;
+    return isCodecName(name) ? QTextCodec::codecForName(name) : nullptr;
 }
 
 /// How a charset of some name is read: by a codec, or by the exact library's number.

@@ -19,11 +19,11 @@ namespace tarvomime {
 namespace {
 
 // What may stand once in the header of any part (RFC 2045, RFC 2183) ...
-constexpr std::array<std::string_view, 3> singleFields = {
+constexpr std::array<std::string_view, 3> kSingleFields = {
     {"content-disposition", "content-transfer-encoding", "content-type"}};
 
 // ... and once in the header of a message (RFC 5322, section 3.6).
-constexpr std::array<std::string_view, 11> singleMessageFields = {
+constexpr std::array<std::string_view, 11> kSingleMessageFields = {
     {"bcc", "cc", "date", "from", "in-reply-to", "message-id", "references", "reply-to", "sender",
      "subject", "to"}};
 
@@ -101,7 +101,7 @@ void examineFields(const PartExamination& part)
                         field->mString.view());
         // One finding a name, however many there are.
         const bool single =
-            holds(singleFields, name) || (inMessage && holds(singleMessageFields, name));
+            holds(kSingleFields, name) || (inMessage && holds(kSingleMessageFields, name));
         if (single && ++seen[name] == 2)
             part.report(FindingKind::DuplicateField,
                         QStringLiteral("there is more than one %1 field; readers differ in which "
@@ -146,8 +146,8 @@ std::string_view firstLine(std::string_view text)
     return text;
 }
 
-/// Whether an empty line stands where the header should begin. From parts it is taken off: it stands
-/// between their text and the delimiter.
+/// Whether an empty line stands where the header should begin. From parts it is taken off: it
+/// stands between their text and the delimiter.
 bool beginsWithEmptyLine(const PartExamination& part)
 {
     const std::string_view text = part.entity().mString.view();
@@ -191,8 +191,8 @@ void examineHeader(const PartExamination& part)
 
 void examineStart(const PartExamination& message)
 {
-    constexpr std::array<std::string_view, 3> marks = {{"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"}};
-    for (const std::string_view mark : marks) {
+    constexpr std::array<std::string_view, 3> kMarks = {{"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"}};
+    for (const std::string_view mark : kMarks) {
         if (message.bytes.substr(0, mark.size()) == mark)
             message.report(FindingKind::MarkBeforeHeader,
                            QStringLiteral("a byte order mark hides the first field"),

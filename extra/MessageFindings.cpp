@@ -30,7 +30,7 @@ constexpr auto kWarning = FindingSeverity::Warning;
 constexpr auto kError = FindingSeverity::Error;
 
 // In the order of the kinds.
-constexpr std::array<KindFacts, 20> kinds = {{
+constexpr std::array<KindFacts, 20> kKinds = {{
     {FindingKind::BytesInNoPart, "bytes-in-no-part", kError},
     {FindingKind::NoBoundary, "no-boundary", kError},
     {FindingKind::NoDelimiter, "no-delimiter", kError},
@@ -55,17 +55,17 @@ constexpr std::array<KindFacts, 20> kinds = {{
 
 constexpr bool isInOrder()
 {
-    for (std::size_t i = 0; i < kinds.size(); ++i) {
-        if (kinds[i].kind != static_cast<FindingKind>(i))
+    for (std::size_t i = 0; i < kKinds.size(); ++i) {
+        if (kKinds[i].kind != static_cast<FindingKind>(i))
             return false;
     }
-    return kinds.back().kind == FindingKind::TooDeep;
+    return kKinds.back().kind == FindingKind::TooDeep;
 }
 static_assert(isInOrder(), "the table is indexed by the kind");
 
 const KindFacts& factsOf(FindingKind kind)
 {
-    return kinds[static_cast<std::size_t>(kind)];
+    return kKinds[static_cast<std::size_t>(kind)];
 }
 
 std::vector<std::string> sortedBoundaries(const MessageContent& content)

@@ -65,7 +65,24 @@ class UnknownCharset : public testing::TestWithParam<UnknownRow>
 {
 };
 
+int messagesOfQt = 0;
+
+void countMessage(QtMsgType, const QMessageLogContext&, const QString&)
+{
+    ++messagesOfQt;
+}
+
 } // namespace
+
+// Qt's codecs print a line for each name that they are asked for in vain.
+TEST_P(UnknownCharset, IsNotAskedFor)
+{
+    messagesOfQt = 0;
+    const QtMessageHandler before = qInstallMessageHandler(countMessage);
+    EXPECT_FALSE(isReadableCharset(GetParam().charset));
+    qInstallMessageHandler(before);
+    EXPECT_EQ(messagesOfQt, 0);
+}
 
 TEST_P(UnknownCharset, SaysSo)
 {
