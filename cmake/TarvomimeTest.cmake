@@ -9,15 +9,19 @@ endfunction()
 # tarvomime_add_internal_test(name source...) does the same for tests of what the shared library
 # hides: the library's own object files become part of the program.
 function(tarvomime_add_internal_test name)
+  add_executable(${name} ${ARGN})
+  tarvomime_link_internals(${name})
+  tarvomime_register_test(${name})
+endfunction()
+
+function(tarvomime_link_internals name)
   if(NOT TARGET tarvomime_internals)
     add_library(tarvomime_internals STATIC $<TARGET_OBJECTS:tarvomime>)
     set_target_properties(tarvomime_internals PROPERTIES LINKER_LANGUAGE CXX)
     get_target_property(libraries tarvomime LINK_LIBRARIES)
     target_link_libraries(tarvomime_internals PUBLIC ${libraries})
   endif()
-  add_executable(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE tarvomime_internals)
-  tarvomime_register_test(${name})
 endfunction()
 
 # Leaves in `result` the path by which a program of this build is started from a script or from another

@@ -4,10 +4,7 @@
 #include <vector>
 
 #ifdef TARVOMIME_SIMD
-// First of all: it says which targets there are.
-#include "utility/codec/VectorTargets.h"
-
-#include <hwy/targets.h>
+#include "utility/vectors/Processor.h"
 #endif
 
 namespace {
@@ -15,10 +12,9 @@ namespace {
 // From here on the library takes this processor for one that has AVX2 and nothing newer.
 void useNoAvx512()
 {
-#if defined(TARVOMIME_SIMD) && HWY_ARCH_X86
-    // The newer a processor, the lower its bit.
-    hwy::DisableTargets(HWY_AVX2 - 1);
-    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+#ifdef TARVOMIME_SIMD
+    if (tarvomime::runsAs(tarvomime::Processor::Avx2))
+        tarvomime::useProcessor(tarvomime::Processor::Avx2);
 #endif
 }
 

@@ -16,7 +16,7 @@ from pathlib import Path
 ROOMS = [
     {"types": ["types/*"]},
     {"the numbers": ["utility/EMAIL_Numbers.h"]},
-    {"text": ["utility/text/*"]},
+    {"text": ["utility/text/*"], "vectors": ["utility/vectors/*"]},
     {"file": ["utility/file/*"], "time": ["utility/time/*"]},
     {"codec": ["utility/codec/*"]},
     {

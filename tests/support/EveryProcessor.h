@@ -5,23 +5,22 @@
 
 #ifdef TARVOMIME_SIMD
 
-// First of all: it says which targets there are.
-#include "utility/codec/VectorTargets.h"
-
-#include <hwy/targets.h>
+#include "utility/vectors/Processor.h"
 
 /// Calls `check` once for each kind of processor that this one can stand in for.
 template <class Check>
 void onEveryProcessor(Check check)
 {
-    for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
-        SCOPED_TRACE(hwy::TargetName(target));
-        hwy::SetSupportedTargetsForTest(target);
-        hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+    const tarvomime::Processor best = tarvomime::processor();
+    for (int kind = 0; kind < tarvomime::kProcessors; ++kind) {
+        const auto processor = static_cast<tarvomime::Processor>(kind);
+        if (!tarvomime::runsAs(processor))
+            continue;
+        SCOPED_TRACE(tarvomime::processorName(processor));
+        tarvomime::useProcessor(processor);
         check();
     }
-    hwy::SetSupportedTargetsForTest(0);
-    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+    tarvomime::useProcessor(best);
 }
 
 #else

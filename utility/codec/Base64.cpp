@@ -78,8 +78,9 @@ private:
     {
         if (next >= limit)
             return next;
-        const Stretch done = encode(mNext, static_cast<std::size_t>(mEnd - mNext), next,
-                                    static_cast<std::size_t>(limit - next));
+        const std::string_view in = rest();
+        const Stretch done =
+            encode(in.data(), in.size(), next, static_cast<std::size_t>(limit - next));
         mNext += done.read;
         return next + done.written;
     }

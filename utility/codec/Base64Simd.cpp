@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/Base64Stretch.h"
 #include "utility/codec/Base64Tables.h"
-#include "utility/codec/RawBytes.h"
-#include "utility/codec/VectorTargets.h"
+#include "utility/vectors/Forms.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -15,35 +14,13 @@
 #include <hwy/highway.h>
 
 #if TARVOMIME_HAS_VECTORS
+
 #include "utility/codec/Base64Vectors-inl.h"
-#endif
 
 HWY_BEFORE_NAMESPACE();
 namespace tarvomime {
 namespace HWY_NAMESPACE {
 namespace {
-
-#if !TARVOMIME_HAS_VECTORS
-
-// A processor without vectors leaves all to the plain walk.
-Stretch encodeRun(const std::uint8_t*, std::size_t, std::uint8_t*, std::size_t)
-{
-    return {};
-}
-Stretch encodeLines(const std::uint8_t*, std::size_t, std::uint8_t*, std::size_t)
-{
-    return {};
-}
-Stretch decodeRun(const std::uint8_t*, std::size_t, std::uint8_t*, std::size_t)
-{
-    return {};
-}
-Stretch decodeLines(const std::uint8_t*, std::size_t, std::uint8_t*, std::size_t)
-{
-    return {};
-}
-
-#else
 
 constexpr std::size_t kBytesInLine = 57;
 constexpr std::size_t kDigitsInLine = 76;
@@ -233,44 +210,20 @@ Stretch decodeRun(const std::uint8_t* in, std::size_t length, std::uint8_t* out,
     return done;
 }
 
-#endif
-
 } // namespace
 } // namespace HWY_NAMESPACE
 } // namespace tarvomime
 HWY_AFTER_NAMESPACE();
 
+#endif
+
 #if HWY_ONCE
 namespace tarvomime {
 
-namespace {
-
-HWY_EXPORT(encodeRun);
-HWY_EXPORT(encodeLines);
-HWY_EXPORT(decodeRun);
-HWY_EXPORT(decodeLines);
-
-} // namespace
-
-Stretch encodeBase64Run(const unsigned char* in, std::size_t length, char* out, std::size_t room)
-{
-    return HWY_DYNAMIC_DISPATCH(encodeRun)(in, length, rawBytes(out), room);
-}
-
-Stretch encodeBase64Lines(const unsigned char* in, std::size_t length, char* out, std::size_t room)
-{
-    return HWY_DYNAMIC_DISPATCH(encodeLines)(in, length, rawBytes(out), room);
-}
-
-Stretch decodeBase64Run(const char* in, std::size_t length, char* out, std::size_t room)
-{
-    return HWY_DYNAMIC_DISPATCH(decodeRun)(rawBytes(in), length, rawBytes(out), room);
-}
-
-Stretch decodeBase64Lines(const char* in, std::size_t length, char* out, std::size_t room)
-{
-    return HWY_DYNAMIC_DISPATCH(decodeLines)(rawBytes(in), length, rawBytes(out), room);
-}
+TARVOMIME_DEFINE_STRETCH(encodeBase64Run, encodeRun)
+TARVOMIME_DEFINE_STRETCH(encodeBase64Lines, encodeLines)
+TARVOMIME_DEFINE_STRETCH(decodeBase64Run, decodeRun)
+TARVOMIME_DEFINE_STRETCH(decodeBase64Lines, decodeLines)
 
 } // namespace tarvomime
 #endif

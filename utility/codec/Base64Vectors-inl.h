@@ -8,13 +8,12 @@
 #endif
 
 #include "utility/codec/Base64Tables.h"
-#include "utility/codec/RawBytes.h"
-#include "utility/codec/VectorTargets.h"
+#include "utility/vectors/Forms.h"
+#include "utility/vectors/OneVector-inl.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <hwy/highway.h>
 
 // Processors with AVX-512 VBMI look any of 64 bytes up in one step and cut eight 6-bit pieces out
 // of a word in another. The vector library has no name for either yet, so three small functions
@@ -24,16 +23,6 @@ HWY_BEFORE_NAMESPACE();
 namespace tarvomime {
 namespace HWY_NAMESPACE {
 namespace {
-
-namespace hn = hwy::HWY_NAMESPACE;
-
-/// 16 bytes: the smallest step, and the only one on processors without wider vectors.
-using Block = hn::Full128<std::uint8_t>;
-/// The processor's own width, 64 bytes at most.
-using Wide = hn::CappedTag<std::uint8_t, HWY_ARCH_X86 ? 64 : 16>;
-
-template <class D>
-using Bytes = hn::VFromD<D>;
 
 /// Repeats 16 bytes in each block of a vector.
 template <class D>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/QuotedPrintableStretch.h"
-#include "utility/codec/RawBytes.h"
-#include "utility/codec/VectorTargets.h"
+#include "utility/vectors/Forms.h"
 
 #include <algorithm>
 #include <array>
@@ -16,35 +15,13 @@
 #include <hwy/highway.h>
 
 #if TARVOMIME_HAS_VECTORS
+
 #include "utility/codec/QuotedPrintableVectors-inl.h"
-#endif
 
 HWY_BEFORE_NAMESPACE();
 namespace tarvomime {
 namespace HWY_NAMESPACE {
 namespace {
-
-#if !TARVOMIME_HAS_VECTORS
-
-// A processor without vectors leaves all to the plain walk.
-std::size_t countEscapes(const std::uint8_t* in, std::size_t length)
-{
-    return static_cast<std::size_t>(std::count_if(in, in + length, isQpEscaped));
-}
-Stretch encodeRun(const std::uint8_t*, std::size_t, std::uint8_t*, std::size_t)
-{
-    return {};
-}
-Stretch encodeLines(const std::uint8_t*, std::size_t, std::uint8_t*, std::size_t)
-{
-    return {};
-}
-Stretch decodeRun(const std::uint8_t*, std::size_t, std::uint8_t*, std::size_t)
-{
-    return {};
-}
-
-#else
 
 std::size_t countEscapes(const std::uint8_t* in, std::size_t length)
 {
@@ -54,7 +31,7 @@ std::size_t countEscapes(const std::uint8_t* in, std::size_t length)
     std::size_t done = 0;
     for (; length - done >= kVector; done += kVector)
         count += hn::CountTrue(d, isEscaped(d, hn::LoadU(d, in + done)));
-    return count + static_cast<std::size_t>(std::count_if(in + done, in + length, isQpEscaped));
+    return count + countQpEscapesPlainly(in + done, length - done);
 }
 
 // What a step of the encoder may store.
@@ -246,43 +223,26 @@ Stretch decodeRun(const std::uint8_t* in, std::size_t length, std::uint8_t* out,
     return done;
 }
 
-#endif
-
 } // namespace
 } // namespace HWY_NAMESPACE
 } // namespace tarvomime
 HWY_AFTER_NAMESPACE();
 
+#endif
+
 #if HWY_ONCE
 namespace tarvomime {
 
-namespace {
-
-HWY_EXPORT(countEscapes);
-HWY_EXPORT(encodeRun);
-HWY_EXPORT(encodeLines);
-HWY_EXPORT(decodeRun);
-
-} // namespace
+TARVOMIME_DEFINE_STRETCH(encodeQpRun, encodeRun)
+TARVOMIME_DEFINE_STRETCH(encodeQpLines, encodeLines)
+TARVOMIME_DEFINE_STRETCH(decodeQpRun, decodeRun)
 
 std::size_t countQpEscapes(const char* in, std::size_t length)
 {
-    return HWY_DYNAMIC_DISPATCH(countEscapes)(rawBytes(in), length);
-}
-
-Stretch encodeQpRun(const char* in, std::size_t length, char* out, std::size_t room)
-{
-    return HWY_DYNAMIC_DISPATCH(encodeRun)(rawBytes(in), length, rawBytes(out), room);
-}
-
-Stretch encodeQpLines(const char* in, std::size_t length, char* out, std::size_t room)
-{
-    return HWY_DYNAMIC_DISPATCH(encodeLines)(rawBytes(in), length, rawBytes(out), room);
-}
-
-Stretch decodeQpRun(const char* in, std::size_t length, char* out, std::size_t room)
-{
-    return HWY_DYNAMIC_DISPATCH(decodeRun)(rawBytes(in), length, rawBytes(out), room);
+    using Function = std::size_t(const std::uint8_t*, std::size_t);
+    static constexpr Forms<Function> kForms =
+        TARVOMIME_FORMS(countEscapes, countQpEscapesPlainly<std::uint8_t>);
+    return formHere(kForms)(rawBytes(in), length);
 }
 
 } // namespace tarvomime

@@ -2,49 +2,36 @@
 #pragma once
 
 #include "utility/codec/QuotedPrintableTables.h"
-#include "utility/codec/Stretch.h"
+#include "utility/vectors/Stretch.h"
 
 #include <algorithm>
 #include <cstddef>
 
-/// The vectorised side of quoted-printable: each function takes what it can from the start of its
-/// input and leaves the rest to the plain walk in QuotedPrintable.cpp. Nothing is read behind
-/// `length` and nothing written behind `room`.
-///
-/// Without TARVOMIME_SIMD no stretch is ever taken.
+/// The vectorised side of quoted-printable; the plain walk is in QuotedPrintable.cpp.
 namespace tarvomime {
 
-#ifdef TARVOMIME_SIMD
-
-/// How many bytes the encoder would escape.
-std::size_t countQpEscapes(const char* in, std::size_t length);
 /// Bytes and escapes, without line ends.
-Stretch encodeQpRun(const char* in, std::size_t length, char* out, std::size_t room);
+TARVOMIME_STRETCH(encodeQpRun);
 /// Whole lines from column 0 on, each with its soft break.
-Stretch encodeQpLines(const char* in, std::size_t length, char* out, std::size_t room);
+TARVOMIME_STRETCH(encodeQpLines);
 /// Bytes, escapes with two digits and soft line breaks, up to a NUL or the first other "=".
-Stretch decodeQpRun(const char* in, std::size_t length, char* out, std::size_t room);
+TARVOMIME_STRETCH(decodeQpRun);
 
-#else
-
-inline std::size_t countQpEscapes(const char* in, std::size_t length)
+/// How many bytes the encoder would escape, counted plainly.
+template <class Byte>
+std::size_t countQpEscapesPlainly(const Byte* in, std::size_t length)
 {
     return static_cast<std::size_t>(std::count_if(
-        in, in + length, [](char c) { return isQpEscaped(static_cast<unsigned char>(c)); }));
-}
-inline Stretch encodeQpRun(const char*, std::size_t, char*, std::size_t)
-{
-    return {};
-}
-inline Stretch encodeQpLines(const char*, std::size_t, char*, std::size_t)
-{
-    return {};
-}
-inline Stretch decodeQpRun(const char*, std::size_t, char*, std::size_t)
-{
-    return {};
+        in, in + length, [](Byte byte) { return isQpEscaped(static_cast<unsigned char>(byte)); }));
 }
 
+#ifdef TARVOMIME_SIMD
+std::size_t countQpEscapes(const char* in, std::size_t length);
+#else
+inline std::size_t countQpEscapes(const char* in, std::size_t length)
+{
+    return countQpEscapesPlainly(in, length);
+}
 #endif
 
 } // namespace tarvomime

@@ -9,29 +9,20 @@
 #endif
 
 #include "utility/codec/QuotedPrintableTables.h"
-#include "utility/codec/RawBytes.h"
-#include "utility/codec/VectorTargets.h"
+#include "utility/vectors/Forms.h"
+#include "utility/vectors/OneVector-inl.h"
 
 #include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <hwy/highway.h>
 
 HWY_BEFORE_NAMESPACE();
 namespace tarvomime {
 namespace HWY_NAMESPACE {
 namespace {
 
-namespace hn = hwy::HWY_NAMESPACE;
-
-using Block = hn::Full128<std::uint8_t>;
-/// The processor's own width, 64 bytes at most.
-using Wide = hn::CappedTag<std::uint8_t, HWY_ARCH_X86 ? 64 : 16>;
-
-template <class D>
-using Bytes = hn::VFromD<D>;
 template <class D>
 using ByteMask = decltype(hn::Eq(Bytes<D>(), Bytes<D>()));
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "utility/codec/RawBytes.h"
-#include "utility/codec/VectorTargets.h"
 #include "utility/tree/DelimiterSearch.h"
+#include "utility/vectors/Forms.h"
 
 #include <cstdint>
 
@@ -11,27 +10,19 @@
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
+#if TARVOMIME_HAS_VECTORS
+
+#include "utility/vectors/OneVector-inl.h"
+
 HWY_BEFORE_NAMESPACE();
 namespace tarvomime {
 namespace HWY_NAMESPACE {
 namespace {
 
-#if !TARVOMIME_HAS_VECTORS
-
-// A processor without vectors leaves all to the plain walk.
-std::size_t passOver(const std::uint8_t*, std::size_t, std::size_t, std::uint8_t)
-{
-    return 0;
-}
-
-#else
-
-namespace hn = hwy::HWY_NAMESPACE;
-
 std::size_t passOver(const std::uint8_t* text, std::size_t count, std::size_t distance,
                      std::uint8_t last)
 {
-    const hn::CappedTag<std::uint8_t, HWY_ARCH_X86 ? 64 : 16> d;
+    const Wide d;
     const std::size_t lanes = hn::Lanes(d);
     const auto lineFeeds = hn::Set(d, '\n');
     const auto hyphens = hn::Set(d, '-');
@@ -48,26 +39,30 @@ std::size_t passOver(const std::uint8_t* text, std::size_t count, std::size_t di
     return place;
 }
 
-#endif
-
 } // namespace
 } // namespace HWY_NAMESPACE
 } // namespace tarvomime
 HWY_AFTER_NAMESPACE();
+
+#endif
 
 #if HWY_ONCE
 namespace tarvomime {
 
 namespace {
 
-HWY_EXPORT(passOver);
+std::size_t passOverNothing(const std::uint8_t*, std::size_t, std::size_t, std::uint8_t)
+{
+    return 0;
+}
 
 } // namespace
 
 std::size_t placesWithout(const char* text, std::size_t count, std::size_t distance, char last)
 {
-    return HWY_DYNAMIC_DISPATCH(passOver)(rawBytes(text), count, distance,
-                                          static_cast<std::uint8_t>(last));
+    static constexpr Forms<decltype(passOverNothing)> kForms =
+        TARVOMIME_FORMS(passOver, passOverNothing);
+    return formHere(kForms)(rawBytes(text), count, distance, static_cast<std::uint8_t>(last));
 }
 
 } // namespace tarvomime
