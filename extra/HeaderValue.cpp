@@ -2,6 +2,7 @@
 #include "extra/HeaderValue.h"
 
 #include "types/Ascii.h"
+#include "utility/EMAIL_Util.h"
 
 #include <algorithm>
 
@@ -12,6 +13,8 @@ namespace {
 constexpr int kLongestLine = 998;
 /// Leaves room for the colon, a blank and something to say.
 constexpr int kLongestName = 200;
+/// RFC 5322 wishes for 78.
+constexpr int kPreferredLine = 76;
 
 Failure because(const char* reason)
 {
@@ -42,6 +45,29 @@ Result<void> checkLine(const QByteArray& line, bool isFirst)
             return because("it holds a control character");
     }
     return {};
+}
+
+/// Breaks a line before a blank wherever the next word would make it longer than preferred.
+QByteArray folded(const QByteArray& line)
+{
+    QByteArray out;
+    int lineStart = 0;
+    int wordStart = 0;
+    while (wordStart < line.size()) {
+        int end = wordStart;
+        while (end < line.size() && isBlank(line[end]))
+            ++end;
+        const bool hasWord = end < line.size();
+        while (end < line.size() && !isBlank(line[end]))
+            ++end;
+        if (hasWord && wordStart > lineStart && end - lineStart > kPreferredLine) {
+            out += "\r\n";
+            lineStart = wordStart;
+        }
+        out += line.mid(wordStart, end - wordStart);
+        wordStart = end;
+    }
+    return out;
 }
 
 } // namespace
@@ -75,6 +101,23 @@ Result<void> checkRawHeaderValue(const QByteArray& value)
         at = end + 1;
     }
     return {};
+}
+
+Result<QCString> writeHeaderValue(const QString& value, int charset)
+{
+    const Result<void> text = checkHeaderValue(value);
+    if (!text)
+        return text.failure();
+    QCString encoded;
+    EMAIL_Util::encode_2047_String(value, charset, encoded);
+    QByteArray bytes = encoded;
+    // Encoded words are folded already.
+    if (!bytes.contains('\n'))
+        bytes = folded(bytes);
+    const Result<void> raw = checkRawHeaderValue(bytes);
+    if (!raw)
+        return raw.failure();
+    return QCString(bytes);
 }
 
 Result<void> checkHeaderName(const QByteArray& name)

@@ -3,6 +3,8 @@
 
 #include "extra/Result.h"
 #include "extra/TarvomimeExtraExport.h"
+#include "types/QCString.h"
+#include "utility/EMAIL_Numbers.h"
 
 #include <QByteArray>
 #include <QString>
@@ -18,6 +20,11 @@ TARVOMIME_EXTRA_EXPORT Result<void> checkHeaderValue(const QString& value);
 /// bytes, folded so that each continuation begins with a blank and holds more than blanks, and no
 /// line above 998 bytes (RFC 5322, section 2.1.1).
 TARVOMIME_EXTRA_EXPORT Result<void> checkRawHeaderValue(const QByteArray& value);
+
+/// A text as the body of a field: encoded words where it is not plain ASCII, in `charset` or else in
+/// UTF-8, and folded at its blanks. Fails for what the checks above refuse.
+TARVOMIME_EXTRA_EXPORT Result<QCString> writeHeaderValue(const QString& value,
+                                                         int charset = CHARSET_UTF_8);
 
 /// Whether a text may be the name of a field: printable ASCII without a colon (RFC 5322, section
 /// 2.2), and not too long for a line.

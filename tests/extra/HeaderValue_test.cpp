@@ -82,3 +82,20 @@ TEST(HeaderName, IsChecked)
                                    QByteArray("é"), QByteArray("a\n"), QByteArray(201, 'x')})
         EXPECT_FALSE(checkHeaderName(name)) << name.toStdString();
 }
+
+TEST(HeaderValue, IsWritten)
+{
+    const QByteArray words("0123456789 ");
+    EXPECT_EQ(QByteArray(writeHeaderValue("plain, (as) it \"is\"").valueOr({})),
+              "plain, (as) it \"is\"");
+    EXPECT_EQ(QByteArray(writeHeaderValue("").valueOr("x")), "");
+    const QByteArray folded = writeHeaderValue(words.repeated(200).trimmed()).valueOr({});
+    EXPECT_TRUE(checkRawHeaderValue(folded)) << folded.constData();
+    EXPECT_TRUE(folded.startsWith(words.repeated(6) + "0123456789\r\n 0123456789 "));
+    EXPECT_EQ(QByteArray(folded).replace("\r\n", ""), words.repeated(200).trimmed());
+    const QByteArray encoded =
+        writeHeaderValue(QString::fromUtf8("Grüße ").repeated(50)).valueOr({});
+    EXPECT_TRUE(checkRawHeaderValue(encoded)) << encoded.constData();
+    EXPECT_EQ(writeHeaderValue("a\nb").reason(), "it holds a line break");
+    EXPECT_EQ(writeHeaderValue(QString(999, 'a')).reason(), "a line is longer than 998 bytes");
+}

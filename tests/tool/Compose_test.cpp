@@ -155,15 +155,23 @@ INSTANTIATE_TEST_SUITE_P(
         InjectionRow{"To", {"compose", "--from", "a@b", "--to", "c@d\nBcc: x@y"}},
         InjectionRow{"SecondTo", {"compose", "--from", "a@b", "--to", "c@d", "--to", "e\rf"}},
         InjectionRow{"Cc", {"compose", "--from", "a@b", "--to", "c@d", "--cc", "x\r\n\r\nbody"}},
-        InjectionRow{"Subject", {"compose", "--from", "a", "--to", "b", "--subject", "x\nBcc: y"}},
+        InjectionRow{"Bcc", {"compose", "--from", "a@b", "--bcc", "c@d\nBcc: x@y"}},
+        InjectionRow{"ReplyTo",
+                     {"compose", "--from", "a@b", "--to", "c@d", "--reply-to", "c@d\nX: y"}},
+        InjectionRow{"Header",
+                     {"compose", "--from", "a@b", "--to", "c@d", "--header", "X: y\r\nBcc: x@y"}},
+        InjectionRow{"Subject",
+                     {"compose", "--from", "a@b", "--to", "c@d", "--subject", "x\nBcc: y"}},
         InjectionRow{"SubjectWithEscape",
-                     {"compose", "--from", "a", "--to", "b", "--subject", "x\x1By"}},
+                     {"compose", "--from", "a@b", "--to", "c@d", "--subject", "x\x1By"}},
         InjectionRow{"AttachmentName",
-                     {"compose", "--from", "a", "--to", "b", "--attach", "x\r\nBcc: y"}},
-        InjectionRow{"InviteSubject",
-                     {"invite", "--from", "a", "--to", "b", "--ics", "x.ics", "--subject", "x\ny"}},
-        InjectionRow{"InviteMethod",
-                     {"invite", "--from", "a", "--to", "b", "--ics", "x.ics", "--method", "x\ny"}}),
+                     {"compose", "--from", "a@b", "--to", "c@d", "--attach", "x\r\nBcc: y"}},
+        InjectionRow{
+            "InviteSubject",
+            {"invite", "--from", "a@b", "--to", "c@d", "--ics", "x.ics", "--subject", "x\ny"}},
+        InjectionRow{
+            "InviteMethod",
+            {"invite", "--from", "a@b", "--to", "c@d", "--ics", "x.ics", "--method", "x\ny"}}),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Invite, CarriesTextAndCalendar)

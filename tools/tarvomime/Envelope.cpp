@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tools/tarvomime/Envelope.h"
 
+#include "extra/AddressList.h"
+#include "extra/HeaderValue.h"
+#include "extra/MessageId.h"
 #include "tools/tarvomime/Commands.h"
-#include "tools/tarvomime/StandardInput.h"
+#include "utility/EMAIL_Field.h"
+#include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_MIME.h"
 
 #include <CLI/CLI.hpp>
@@ -13,33 +17,110 @@ namespace tarvomime::tool {
 
 namespace {
 
-/// The list splits at commas, so that one option may hold several addresses.
-QString addressList(const std::vector<std::string>& addresses)
+QString textOf(const std::string& value)
 {
-    std::string list;
-    for (const std::string& address : addresses)
-        list += list.empty() ? address : ',' + address;
-    return QString::fromUtf8(list.c_str());
+    return QString::fromUtf8(value.c_str());
 }
 
-/// The bare address of "Name <address>": receipt fields carry no encoded words.
-QString bareAddress(const std::string& address)
+std::string addressProblem(const std::string& value)
 {
-    const QString text = QString::fromUtf8(address.c_str());
-    const int open = static_cast<int>(text.lastIndexOf('<'));
-    const int close = static_cast<int>(text.lastIndexOf('>'));
-    return open >= 0 && close > open ? text.mid(open + 1, close - open - 1) : text;
+    std::string problem = headerValueProblem(value);
+    if (!problem.empty())
+        return problem;
+    const QList<Mailbox> people = readTypedAddressList(textOf(value));
+    if (people.isEmpty())
+        return "there is no address";
+    return writeAddressList(people).reason().toStdString();
 }
 
-std::string withWireLineEnds(const std::string& text)
+std::string senderProblem(const std::string& value)
 {
-    std::string out;
-    for (const char c : text) {
-        if (c == '\n' && (out.empty() || out.back() != '\r'))
-            out += '\r';
-        out += c;
+    std::string problem = addressProblem(value);
+    if (!problem.empty())
+        return problem;
+    const QList<Mailbox> people = readTypedAddressList(textOf(value));
+    return people.size() == 1 && people.first().isAddress() ? "" : "one address is needed";
+}
+
+std::string textProblem(const std::string& value)
+{
+    std::string problem = headerValueProblem(value);
+    return problem.empty() ? writeHeaderValue(textOf(value)).reason().toStdString() : problem;
+}
+
+/// The fields that have options, or that the message's form decides.
+bool isOwnField(const QByteArray& name)
+{
+    static const char* const own[] = {"from",        "to",          "cc",   "bcc",
+                                      "reply-to",    "subject",     "date", "message-id",
+                                      "in-reply-to", "mime-version"};
+    return name.startsWith("content-") || std::any_of(std::begin(own), std::end(own),
+                                                      [&](const char* one) { return name == one; });
+}
+
+QByteArray fieldName(const std::string& header)
+{
+    return QByteArray::fromStdString(header.substr(0, header.find(':')));
+}
+
+std::string fieldValue(const std::string& header)
+{
+    return header.substr(std::min(header.find(':') + 1, header.size()));
+}
+
+std::string headerProblem(const std::string& header)
+{
+    std::string problem = headerValueProblem(header);
+    if (!problem.empty())
+        return problem;
+    if (header.find(':') == std::string::npos)
+        return "it has no colon behind the field's name";
+    const QByteArray name = fieldName(header);
+    const Result<void> checked = checkHeaderName(name);
+    if (!checked)
+        return checked.reason().toStdString();
+    if (isOwnField(name.toLower()))
+        return "the field " + name.toStdString() + " is not written by hand";
+    if (textOf(fieldValue(header)).trimmed().isEmpty())
+        return "it has no value behind the colon";
+    return textProblem(fieldValue(header));
+}
+
+/// Ids are taken with and without their brackets.
+QCString messageIdOf(const std::string& value)
+{
+    const QByteArray id = textOf(value).trimmed().toUtf8();
+    return QCString(id.startsWith('<') ? id : '<' + id + '>');
+}
+
+std::string messageIdProblem(const std::string& value)
+{
+    const QCString id = messageIdOf(value);
+    const bool isId =
+        readMessageIds(id) == QList<QCString>{id} && id.find('@') > 1 && checkRawHeaderValue(id);
+    return isId ? "" : "a message id looks like <unique@domain>";
+}
+
+void setField(EMAIL_MIME& message, const char* name, const QCString& body)
+{
+    message.getHeader()->field(name)->mBody = body;
+}
+
+void addFields(const Envelope& envelope, EMAIL_MIME& message)
+{
+    EMAIL_Header* header = message.getHeader();
+    for (const std::string& given : envelope.headers) {
+        // A field may stand there more than once.
+        EMAIL_Field* field = header->createField(QCString(fieldName(given)));
+        const QString value = textOf(fieldValue(given)).trimmed();
+        field->mBody = writeHeaderValue(value, envelope.charset).valueOr({});
+        header->mFields.append(field);
     }
-    return out;
+}
+
+QString addressList(const QList<Mailbox>& people)
+{
+    return writeAddressList(people).valueOr({});
 }
 
 } // namespace
@@ -55,50 +136,102 @@ std::string headerValueProblem(const std::string& value)
 
 void addEnvelope(CLI::App& command, Envelope& envelope)
 {
-    envelope.charset = CHARSET_UTF_8;
-    const auto header = [](CLI::Option* option, const char* type) {
-        option->type_name(type)->check(headerValueProblem);
-        return option;
+    const auto several = [&command](const char* name, std::vector<std::string>& values,
+                                    const char* type, const char* description) {
+        return command.add_option(name, values, description)
+            ->type_name(type)
+            ->allow_extra_args(false);
     };
-    header(command.add_option("--from", envelope.from, "The sender"), "ADDRESS")->required();
-    header(command.add_option("--to", envelope.to, "A recipient; may be repeated"), "ADDRESS")
-        ->required()
-        ->allow_extra_args(false);
-    header(command.add_option("--cc", envelope.cc, "A further recipient; may be repeated"),
-           "ADDRESS")
-        ->allow_extra_args(false);
-    header(command.add_option("--subject", envelope.subject, "The subject"), "TEXT");
-    command.add_option("--text", envelope.text, "The text; \"-\" reads it from standard input")
-        ->type_name("TEXT");
+    command.add_option("--from", envelope.from, "The sender")
+        ->type_name("ADDRESS")
+        ->check(senderProblem)
+        ->required();
+    several("--cc", envelope.cc, "ADDRESS", "A further recipient; may be repeated")
+        ->check(addressProblem);
+    several("--bcc", envelope.bcc, "ADDRESS",
+            "A recipient whom the others do not see; 'sendable' takes the field out")
+        ->check(addressProblem);
+    several("--reply-to", envelope.replyTo, "ADDRESS", "Where answers shall go; may be repeated")
+        ->check(addressProblem);
+    command.add_option("--subject", envelope.subject, "The subject")
+        ->type_name("TEXT")
+        ->check(textProblem);
+    several("--header", envelope.headers, "FIELD",
+            "A further field, 'NAME: VALUE'; may be repeated")
+        ->check(headerProblem);
+    command.add_option("--message-id", envelope.messageId, "The message's id (default: a new one)")
+        ->type_name("ID")
+        ->check(messageIdProblem);
     command.add_flag("--receipt", envelope.receipt, "Ask for a read receipt");
     addOut(command, envelope.out);
 }
 
-void applyEnvelope(const Envelope& envelope, EMAIL_MIME& message)
+void addRecipients(CLI::App& command, Envelope& envelope)
 {
-    message.mCharset = envelope.charset;
-    message.setDefaultFileds();
-    message.setFrom(QString::fromUtf8(envelope.from.c_str()));
-    message.setTo(addressList(envelope.to));
-    if (!envelope.cc.empty())
-        message.setCc(addressList(envelope.cc));
-    message.setDate(static_cast<unsigned long>(std::time(nullptr)));
-    message.setSubject(QString::fromUtf8(envelope.subject.c_str()));
-    if (envelope.receipt)
-        message.addReceiptRequest(bareAddress(envelope.from));
+    command.add_option("--to", envelope.to, "A recipient; may be repeated")
+        ->type_name("ADDRESS")
+        ->check(addressProblem)
+        ->allow_extra_args(false);
 }
 
-bool readText(const Envelope& envelope, std::string& text, Session& session)
+void addInReplyTo(CLI::App& command, Envelope& envelope)
 {
-    text = envelope.text;
-    if (envelope.text == "-") {
-        QByteArray input;
-        if (!readStandardInput(input, session))
-            return false;
-        text = input.toStdString();
+    command.add_option("--in-reply-to", envelope.inReplyTo, "The id of the message answered")
+        ->type_name("ID")
+        ->check(messageIdProblem);
+}
+
+void requireRecipient(const Envelope& envelope)
+{
+    if (envelope.to.empty() && envelope.cc.empty() && envelope.bcc.empty())
+        throw CLI::RequiredError("--to, --cc or --bcc");
+}
+
+Mailbox senderOf(const Envelope& envelope)
+{
+    return readTypedAddressList(textOf(envelope.from)).value(0);
+}
+
+QList<Mailbox> peopleIn(const std::vector<std::string>& values)
+{
+    QList<Mailbox> people;
+    for (const std::string& value : values)
+        people += readTypedAddressList(textOf(value));
+    return people;
+}
+
+void applyEnvelope(const Envelope& envelope, EMAIL_MIME& message)
+{
+    message.setFrom(addressList({senderOf(envelope)}));
+    if (!envelope.to.empty())
+        message.setTo(addressList(peopleIn(envelope.to)));
+    message.setDate(static_cast<unsigned long>(std::time(nullptr)));
+    setField(message, "Message-ID", makeMessageId(senderOf(envelope).address));
+    if (!envelope.inReplyTo.empty()) {
+        setField(message, "In-Reply-To", messageIdOf(envelope.inReplyTo));
+        setField(message, "References", messageIdOf(envelope.inReplyTo));
     }
-    text = withWireLineEnds(text);
-    return true;
+    applyAdditions(envelope, message);
+}
+
+void applyAdditions(const Envelope& envelope, EMAIL_MIME& message)
+{
+    const QList<Mailbox> cc = readAddressList(*message.getHeader(), "Cc") + peopleIn(envelope.cc);
+    if (!cc.isEmpty())
+        message.setCc(addressList(cc));
+    if (!envelope.bcc.empty())
+        message.setBcc(addressList(peopleIn(envelope.bcc)));
+    if (!envelope.replyTo.empty())
+        message.setReplyTo(addressList(peopleIn(envelope.replyTo)));
+    if (!envelope.subject.empty())
+        message.getHeader()->setSubject(
+            writeHeaderValue(textOf(envelope.subject), envelope.charset).valueOr({}));
+    if (!envelope.messageId.empty())
+        setField(message, "Message-ID", messageIdOf(envelope.messageId));
+    // Receipt fields carry no encoded words.
+    if (envelope.receipt)
+        message.addReceiptRequest(senderOf(envelope).address);
+    addFields(envelope, message);
 }
 
 } // namespace tarvomime::tool

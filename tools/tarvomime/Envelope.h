@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "extra/Mailbox.h"
+#include "utility/EMAIL_Numbers.h"
+
+#include <QList>
 #include <string>
 #include <vector>
 
@@ -12,33 +16,49 @@ class App;
 
 namespace tarvomime::tool {
 
-class Session;
-
-/// What every new message has: addresses, subject and text, from the command line.
+/// What the header of a new message says, from the command line.
 struct Envelope
 {
     std::string from;
     std::vector<std::string> to;
     std::vector<std::string> cc;
+    std::vector<std::string> bcc;
+    std::vector<std::string> replyTo;
+    std::vector<std::string> headers;
     std::string subject;
-    std::string text;
+    std::string messageId;
+    std::string inReplyTo;
     bool receipt = false;
     std::string out;
-    int charset;
+    int charset = CHARSET_UTF_8;
 };
 
-/// Adds the options. Values that go into the header are refused when they hold line breaks or other
-/// control characters: they could bring header fields of their own.
+// Values that go into the header are refused when they hold line breaks or other control
+// characters, which could bring header fields of their own, and addresses when they are none.
+
+/// Adds what every new message may have: --from, --cc, --bcc, --reply-to, --subject, --header,
+/// --message-id, --receipt and --out.
 void addEnvelope(CLI::App& command, Envelope& envelope);
+/// Adds --to.
+void addRecipients(CLI::App& command, Envelope& envelope);
+/// Adds --in-reply-to.
+void addInReplyTo(CLI::App& command, Envelope& envelope);
+
+/// Throws CLI11's error when nobody would get the message.
+void requireRecipient(const Envelope& envelope);
 
 /// Refuses control characters in a value for the header, as a check for CLI11: the problem, or an
 /// empty text.
 std::string headerValueProblem(const std::string& value);
 
-/// Fills the header of a new message, whose type is set already.
-void applyEnvelope(const Envelope& envelope, EMAIL_MIME& message);
+/// The person who writes.
+Mailbox senderOf(const Envelope& envelope);
+/// The people in the values of an option.
+QList<Mailbox> peopleIn(const std::vector<std::string>& values);
 
-/// The text with CR LF at its line ends; "-" stands for standard input. False after a complaint.
-bool readText(const Envelope& envelope, std::string& text, Session& session);
+/// Fills the header of a new message.
+void applyEnvelope(const Envelope& envelope, EMAIL_MIME& message);
+/// Adds what an answer or a forwarded message does not get from its original.
+void applyAdditions(const Envelope& envelope, EMAIL_MIME& message);
 
 } // namespace tarvomime::tool

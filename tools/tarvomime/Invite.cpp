@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "tools/tarvomime/BodyOptions.h"
+#include "tools/tarvomime/CalendarFile.h"
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/Envelope.h"
 #include "tools/tarvomime/InputFile.h"
@@ -15,62 +17,68 @@ namespace tarvomime::tool {
 
 namespace {
 
-constexpr int kAlternative = 22;
-
 struct InviteOptions
 {
     Envelope envelope;
+    BodyOptions body;
     std::string calendar;
     std::string method;
 };
 
-/// The METHOD line of the calendar (RFC 5546, section 1.4), "REQUEST" where it has none.
-QByteArray methodOf(const InputFile& calendar)
+std::string methodProblem(const std::string& method)
 {
-    std::string_view rest = calendar.bytes();
-    while (!rest.empty()) {
-        const std::string_view line = rest.substr(0, rest.find('\n'));
-        rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-        const QByteArray text = QByteArray(line.data(), static_cast<int>(line.size())).trimmed();
-        if (text.left(7).toUpper() != "METHOD:")
-            continue;
-        QByteArray method = text.mid(7).trimmed();
-        if (headerValueProblem(method.toStdString()).empty() && !method.contains(';'))
-            return method;
+    const std::string problem = headerValueProblem(method);
+    if (!problem.empty())
+        return problem;
+    return isCalendarMethod(method) ? "" : "a method is one word, such as REQUEST";
+}
+
+/// The method to write, or an empty text after a complaint. Programs that see two of them follow
+/// the one or the other (RFC 6047, section 2.4).
+QByteArray methodFor(const InviteOptions& options, const InputFile& file, Session& session)
+{
+    const CalendarFile calendar = readCalendar(file.bytes());
+    if (!calendar.problem.empty()) {
+        session.complain(options.calendar, calendar.problem);
+        return {};
     }
-    return "REQUEST";
+    const QByteArray wanted = QByteArray::fromStdString(options.method);
+    if (calendar.method.isEmpty())
+        return wanted.isEmpty() ? "REQUEST" : wanted;
+    if (!wanted.isEmpty() && wanted.toUpper() != calendar.method.toUpper()) {
+        session.complain(options.calendar, "its METHOD is " + calendar.method.toStdString() +
+                                               ", not " + options.method);
+        return {};
+    }
+    return calendar.method;
 }
 
 void invite(const InviteOptions& options, Session& session)
 {
+    requireRecipient(options.envelope);
     const InputFile calendar(options.calendar);
     if (!calendar.isOpen()) {
         session.complain(options.calendar, calendar.problem());
         return;
     }
-    std::string bytes;
-    if (!readText(options.envelope, bytes, session))
+    const QByteArray method = methodFor(options, calendar, session);
+    NewBody body;
+    if (method.isEmpty() || !readBody(options.body, body, session))
         return;
-    const QString text = QString::fromUtf8(bytes.c_str(), static_cast<int>(bytes.size()));
-    const QString method = options.method.empty() ? QString::fromUtf8(methodOf(calendar))
-                                                  : QString::fromUtf8(options.method.c_str());
-    EMAIL_MIME message;
-    message.setType(TYPE_MULTIPART);
-    message.setSubType(kAlternative);
-    applyEnvelope(options.envelope, message);
-    EMAIL_MultiPart textPart;
-    EMAIL_MultiPart calendarPart;
+    EMAIL_MultiPart unused;
+    EMAIL_MultiPart part;
     const QString path = QFile::decodeName(options.calendar.c_str());
-    if (EMAIL_MIME::getIcsPart(path, text, method, &textPart, &calendarPart) != 0) {
+    if (EMAIL_MIME::getIcsPart(path, {}, QString::fromLatin1(method), &unused, &part) != 0) {
         session.complain(options.calendar, "cannot be read");
         return;
     }
     // Calendars are utf-8 unless they say otherwise (RFC 5545, section 3.1.4).
-    calendarPart.setCharset(CHARSET_UTF_8);
-    for (EMAIL_MultiPart* part : {&textPart, &calendarPart}) {
-        part->setAttSize(-1);
-        message.addMultiPart(*part, -1);
-    }
+    part.setCharset(CHARSET_UTF_8);
+    part.setAttSize(-1);
+    body.alternatives.append(part);
+    EMAIL_MIME message;
+    setNewBody(body, message);
+    applyEnvelope(options.envelope, message);
     writeNewMessage(message, options.envelope.out, calendar.size(), session);
 }
 
@@ -82,18 +90,22 @@ void addInvite(CLI::App& tool, Session& session)
     CLI::App* command = addCommand(
         tool, "invite", "Write a message that carries a meeting invitation",
         "The message holds the text and the calendar as alternatives. The method is the\n"
-        "calendar's own, or REQUEST.\n"
+        "calendar's own, or REQUEST where it names none; another one is refused, and so is\n"
+        "a file that is no calendar.\n"
         "\n"
         "Example:\n"
         "  tarvomime invite --from mira@a.example --to joern@b.example \\\n"
         "    --subject 'Treffen' --text 'Passt das?' --ics meeting.ics --out mail.eml");
     addEnvelope(*command, options->envelope);
+    addRecipients(*command, options->envelope);
+    addInReplyTo(*command, options->envelope);
+    addTextOption(*command, options->body);
     command->add_option("--ics", options->calendar, "The calendar file")
         ->required()
         ->type_name("FILE");
     command->add_option("--method", options->method, "REQUEST, REPLY, CANCEL, ...")
         ->type_name("NAME")
-        ->check(headerValueProblem);
+        ->check(methodProblem);
     command->callback([options, &session] { invite(*options, session); });
 }
 

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "extra/NewBody.h"
+
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace tarvomime::tool {
+
+class Session;
+
+/// What the body of a new message holds, from the command line.
+struct BodyOptions
+{
+    std::string text;
+    std::string html;
+    std::vector<std::string> inlineFiles;
+    std::vector<std::string> attachments;
+};
+
+/// Adds --text.
+void addTextOption(CLI::App& command, BodyOptions& options);
+/// Adds --html and --inline.
+void addHtmlOptions(CLI::App& command, BodyOptions& options);
+/// Adds --attach.
+void addAttachOption(CLI::App& command, BodyOptions& options);
+
+/// Reads the text that --text gives, "-" from standard input, with "\n" at its line ends. False
+/// after a complaint.
+bool readTextOption(const BodyOptions& options, QString& text, Session& session);
+
+/// Adds what the options name to `body`. Attachments stay in their files. False after a complaint.
+bool readBody(const BodyOptions& options, NewBody& body, Session& session);
+
+/// Roughly how many bytes it takes to write, for a progress bar.
+qint64 expectedSize(const NewBody& body);
+
+} // namespace tarvomime::tool
