@@ -13,8 +13,9 @@ namespace {
 constexpr int kLongestLine = 998;
 /// Leaves room for the colon, a blank and something to say.
 constexpr int kLongestName = 200;
-/// RFC 5322 wishes for 78.
+/// RFC 5322 wishes for 78, and the field's name stands on the first line.
 constexpr int kPreferredLine = 76;
+constexpr int kPreferredFirstLine = 60;
 
 Failure because(const char* reason)
 {
@@ -60,7 +61,8 @@ QByteArray folded(const QByteArray& line)
         const bool hasWord = end < line.size();
         while (end < line.size() && !isBlank(line[end]))
             ++end;
-        if (hasWord && wordStart > lineStart && end - lineStart > kPreferredLine) {
+        const int room = lineStart == 0 ? kPreferredFirstLine : kPreferredLine;
+        if (hasWord && wordStart > lineStart && end - lineStart > room) {
             out += "\r\n";
             lineStart = wordStart;
         }

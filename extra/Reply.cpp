@@ -2,8 +2,11 @@
 #include "extra/Reply.h"
 
 #include "extra/AddressList.h"
+#include "extra/AttachmentName.h"
 #include "extra/EncodedWords.h"
+#include "extra/MessageContent.h"
 #include "extra/MessageId.h"
+#include "extra/PartHeader.h"
 #include "extra/Quoting.h"
 #include "extra/ReplySubject.h"
 #include "extra/SafeFileName.h"
@@ -11,8 +14,8 @@
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
+#include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_Message.h"
-#include "utility/EMAIL_MultiPart.h"
 #include "utility/EMAIL_Util.h"
 
 #include <algorithm>
@@ -94,6 +97,40 @@ void setFlowedBody(EMAIL_BasicMsg& message, const QString& text)
     message.setCharset(CHARSET_UTF_8);
     message.setBody(flowedText(text).replace('\n', "\r\n"), true);
     message.getHeader()->contentType()->setParameter("format", "flowed");
+}
+
+Result<QString> quotableText(const MessageContent& original)
+{
+    const QList<ShownBody>& bodies = original.messages.first().bodies;
+    if (bodies.size() == 1 && bodies.first().plain.size() == 1) {
+        const ContentPart& part = original.parts[bodies.first().plain.first()];
+        const bool flows = typeParameter(*part.entity, "format").toLower() == "flowed";
+        const bool delSp = typeParameter(*part.entity, "delsp").toLower() == "yes";
+        const Result<ReadText> read = flows ? partText(part) : Result<ReadText>(ReadText());
+        if (!read)
+            return read.failure();
+        if (!read->text.trimmed().isEmpty())
+            return textFromFlowed(read->text, delSp);
+    }
+    return shownText(original);
+}
+
+QList<EMAIL_MultiPart> forwardedAttachments(const MessageContent& original)
+{
+    QList<EMAIL_MultiPart> parts;
+    for (const int index : original.messages.first().attachments) {
+        const EMAIL_Entity& entity = *original.parts[index].entity;
+        EMAIL_MultiPart part;
+        EMAIL_MIME::entityToMulitPart(&entity, part);
+        // A double quote would end the quoted string that it is written in.
+        const QString name = attachmentName(*entity.mHeader).replace('"', '\'');
+        part.setName(name);
+        part.setDispFileName(name);
+        part.setDispType(1);
+        part.makeHeaderSendable();
+        parts.append(part);
+    }
+    return parts;
 }
 
 QString forwardedText(const EMAIL_Header& original, const QString& text, const QString& title)

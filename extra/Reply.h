@@ -5,15 +5,18 @@
 #include "extra/ReplyPeople.h"
 #include "extra/Result.h"
 #include "types/QCString.h"
+#include "utility/EMAIL_MultiPart.h"
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QList>
 
 class EMAIL_BasicMsg;
 class EMAIL_Header;
-class EMAIL_MultiPart;
 
 namespace tarvomime {
+
+struct MessageContent;
 
 /// What a new message needs to know beside its original.
 struct ReplyOptions
@@ -43,6 +46,14 @@ startForward(const EMAIL_Header& original, const ReplyOptions& options, EMAIL_Ba
 
 /// Makes `text` the message's body: plain text that flows (RFC 3676), in UTF-8 or plain ASCII.
 TARVOMIME_EXTRA_EXPORT void setFlowedBody(EMAIL_BasicMsg& message, const QString& text);
+
+/// The text of a message as an answer quotes it: what `shownText` gives, with the paragraphs of
+/// text that flows (RFC 3676) in one line each.
+TARVOMIME_EXTRA_EXPORT Result<QString> quotableText(const MessageContent& original);
+
+/// The attachments of a message as they are, for one that forwards its text. Bodies in a file stay
+/// there.
+TARVOMIME_EXTRA_EXPORT QList<EMAIL_MultiPart> forwardedAttachments(const MessageContent& original);
 
 /// A text below `title` ("Forwarded message") and the original's From, To, Cc, Date and Subject.
 TARVOMIME_EXTRA_EXPORT QString forwardedText(const EMAIL_Header& original, const QString& text,

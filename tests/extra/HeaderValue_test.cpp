@@ -91,7 +91,7 @@ TEST(HeaderValue, IsWritten)
     EXPECT_EQ(QByteArray(writeHeaderValue("").valueOr("x")), "");
     const QByteArray folded = writeHeaderValue(words.repeated(200).trimmed()).valueOr({});
     EXPECT_TRUE(checkRawHeaderValue(folded)) << folded.constData();
-    EXPECT_TRUE(folded.startsWith(words.repeated(6) + "0123456789\r\n 0123456789 "));
+    EXPECT_TRUE(folded.startsWith(words.repeated(4) + "0123456789\r\n 0123456789 "));
     EXPECT_EQ(QByteArray(folded).replace("\r\n", ""), words.repeated(200).trimmed());
     const QByteArray encoded =
         writeHeaderValue(QString::fromUtf8("Grüße ").repeated(50)).valueOr({});

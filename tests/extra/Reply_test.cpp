@@ -3,11 +3,13 @@
 
 #include "extra/AddressList.h"
 #include "extra/FieldParameter.h"
+#include "extra/MessageContent.h"
 #include "extra/Quoting.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_MIME.h"
+#include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
 
 #include <gtest/gtest.h>
@@ -115,4 +117,38 @@ TEST(Forward, AttachesTheOriginalAsItIs)
         EXPECT_TRUE(text.contains(bytes)) << text.constData();
         EXPECT_FALSE(text.contains("X-QRN")) << text.constData();
     }
+}
+
+TEST(Reply, QuotesFlowedParagraphsInOneLine)
+{
+    struct Row
+    {
+        const char* header;
+        const char* expected;
+    };
+    const Row rows[] = {{"Content-Type: text/plain", "one \ntwo\n"},
+                        {"Content-Type: text/plain; format=Flowed", "one two"},
+                        {"Content-Type: text/plain; format=flowed; delsp=yes", "onetwo"},
+                        {"Content-Type: text/html", "one two\n"}};
+    for (const Row& row : rows) {
+        const EMAIL_MIME letter(QByteArray(row.header) + "\r\n\r\none \r\ntwo\r\n");
+        EXPECT_EQ(*quotableText(readContent(*letter.mMessage)), row.expected) << row.header;
+    }
+}
+
+TEST(Forward, CarriesAttachmentsAsTheyAre)
+{
+    const EMAIL_MIME letter(
+        QByteArray("Content-Type: multipart/mixed; boundary=b\r\n\r\n--b\r\n\r\ntext\r\n"
+                   "--b\r\nContent-Type: application/pdf\r\nX-QRN-AS-Attn-Size: 3\r\n"
+                   "Content-Disposition: attachment; filename*=utf-8''%C3%A4%22.pdf\r\n"
+                   "Content-Transfer-Encoding: base64\r\n\r\nUERG\r\n"
+                   "--b\r\nContent-Type: message/rfc822\r\n\r\nSubject: x\r\n\r\ny\r\n"
+                   "--b--\r\n"));
+    const QList<EMAIL_MultiPart> parts = forwardedAttachments(readContent(*letter.mMessage));
+    ASSERT_EQ(parts.size(), 2);
+    EXPECT_EQ(parts[0].getDispFileName(), QString::fromUtf8("ä'.pdf"));
+    EXPECT_EQ(parts[0].getBody(), "PDF");
+    EXPECT_EQ(parts[0].getAttSize(), -1);
+    EXPECT_EQ(parts[1].getBody(), "Subject: x\r\n\r\ny");
 }

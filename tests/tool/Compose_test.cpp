@@ -126,6 +126,149 @@ TEST(Compose, MissingAttachmentLeavesNoMessage)
     EXPECT_EQ(tool.files(), QStringList());
 }
 
+struct WrongValueRow
+{
+    const char* name;
+    QStringList arguments;
+    std::string problem;
+};
+
+class WrongValue : public testing::TestWithParam<WrongValueRow>
+{
+};
+
+TEST_P(WrongValue, IsRefusedWithTheReason)
+{
+    const ToolRunner tool;
+    const ToolResult result = tool.run(QStringList("compose") + GetParam().arguments);
+    EXPECT_EQ(result.status, 2) << testing::PrintToString(result);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err.toStdString(),
+              "tarvomime: " + GetParam().problem + "\nTry 'tarvomime compose --help'.\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tool, WrongValue,
+    testing::Values(
+        WrongValueRow{"Nobody", {"--from", "a@b"}, "--to, --cc or --bcc is required"},
+        WrongValueRow{
+            "NoAddress", {"--from", "a@b", "--to", "x"}, "--to: \"x\": the address has no \"@\""},
+        WrongValueRow{"NameWithBareComma",
+                      {"--from", "a@b", "--to", "Smith, John <j@c>"},
+                      "--to: \"Smith\": the address has no \"@\""},
+        WrongValueRow{"EmptyAddress", {"--from", "a@b", "--cc", ""}, "--cc: there is no address"},
+        WrongValueRow{
+            "TwoSenders", {"--from", "a@b, c@d", "--to", "e@f"}, "--from: one address is needed"},
+        WrongValueRow{"OwnField",
+                      {"--from", "a@b", "--to", "c@d", "--header", "subject: x"},
+                      "--header: the field subject is not written by hand"},
+        WrongValueRow{"FieldOfTheForm",
+                      {"--from", "a@b", "--to", "c@d", "--header", "Content-Type: text/plain"},
+                      "--header: the field Content-Type is not written by hand"},
+        WrongValueRow{"FieldWithoutColon",
+                      {"--from", "a@b", "--to", "c@d", "--header", "x"},
+                      "--header: it has no colon behind the field's name"},
+        WrongValueRow{"FieldWithoutValue",
+                      {"--from", "a@b", "--to", "c@d", "--header", "X: "},
+                      "--header: it has no value behind the colon"},
+        WrongValueRow{"FieldNameWithBlank",
+                      {"--from", "a@b", "--to", "c@d", "--header", "X y: z"},
+                      "--header: a name is printable ASCII without blanks and colons"},
+        WrongValueRow{"EndlessWord",
+                      {"--from", "a@b", "--to", "c@d", "--subject", QString(1000, 'a')},
+                      "--subject: a line is longer than 998 bytes"},
+        WrongValueRow{"NoMessageId",
+                      {"--from", "a@b", "--to", "c@d", "--message-id", "x"},
+                      "--message-id: a message id looks like <unique@domain>"},
+        WrongValueRow{"TwoIds",
+                      {"--from", "a@b", "--to", "c@d", "--in-reply-to", "<a@b> <c@d>"},
+                      "--in-reply-to: a message id looks like <unique@domain>"},
+        WrongValueRow{"InlineWithoutHtml",
+                      {"--from", "a@b", "--to", "c@d", "--inline", "x.png"},
+                      "--inline requires --html"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(Compose, WritesEveryField)
+{
+    const ToolRunner tool;
+    const ToolResult result =
+        tool.run({"compose", "--from", "\"Okafor, Mira\" <m@a.example>", "--to",
+                  "\"Smith \\\"Jo\\\" (x)\" <j@b.example>, undisclosed:;", "--bcc", "s@b.example",
+                  "--reply-to", "Müller <l@a.example>", "--header", "X-A: 1", "--header",
+                  "x-a:  Gärten ", "--in-reply-to", "1@a.example", "--message-id", "<2@a.example>",
+                  "--subject", QString("word ").repeated(300)});
+    EXPECT_EQ(result.status, 0) << testing::PrintToString(result);
+    const std::string mail = result.out.toStdString();
+    EXPECT_THAT(mail, HasSubstr("From: =?utf-8?Q?Okafor=2C_Mira?= <m@a.example>\r\n"));
+    EXPECT_THAT(mail, HasSubstr("To: =?utf-8?B?U21pdGggIkpvIiAoeCk=?= <j@b.example>\r\n"));
+    EXPECT_THAT(mail, HasSubstr("Bcc: s@b.example\r\n"));
+    EXPECT_THAT(mail, HasSubstr("Reply-To: =?utf-8?Q?M=C3=BCller?= <l@a.example>\r\n"));
+    EXPECT_THAT(mail, HasSubstr("X-A: 1\r\n"));
+    EXPECT_THAT(mail, HasSubstr("x-a: =?utf-8?b?R8OkcnRlbg==?=\r\n"));
+    EXPECT_THAT(mail, HasSubstr("In-Reply-To: <1@a.example>\r\nReferences: <1@a.example>\r\n"));
+    EXPECT_THAT(mail, HasSubstr("Message-ID: <2@a.example>\r\n"));
+    for (const QByteArray& line : result.out.split('\n'))
+        EXPECT_LE(line.size(), 79) << line.constData();
+}
+
+TEST(Compose, MakesAnIdThatIsNew)
+{
+    const ToolRunner tool;
+    QByteArrayList ids;
+    for (int i = 0; i < 2; ++i) {
+        const QByteArray mail = tool.run(QStringList("compose") + kEnvelope).out;
+        const auto start = mail.indexOf("Message-ID: <");
+        ids.append(mail.mid(start, mail.indexOf('\n', start) - start).trimmed());
+        EXPECT_TRUE(ids.last().endsWith("@a.example>")) << mail.constData();
+    }
+    EXPECT_NE(ids[0], ids[1]);
+}
+
+TEST(Compose, WritesHtmlWithWhatItRefersTo)
+{
+    const ToolRunner tool;
+    tool.write("l.html", "<h1>Gr\xC3\xBC\xC3\x9F</h1><img src='cid:my_map.png'>\n");
+    tool.write("my map.png", everyByte());
+    tool.write("x.bin", "x");
+    const ToolResult result = tool.run(QStringList("compose") + kEnvelope +
+                                       QStringList{"--html", "l.html", "--inline", "my map.png",
+                                                   "--attach", "x.bin", "--out", "a.eml"});
+    ASSERT_EQ(result.status, 0) << testing::PrintToString(result);
+    const std::string tree = tool.run({"tree", "a.eml"}).out.toStdString();
+    EXPECT_THAT(tree,
+                testing::ContainsRegex("1\\.1 .*alternative(.|\n)*1\\.1\\.1 .*text/plain(.|\n)*"
+                                       "1\\.1\\.2 .*related(.|\n)*1\\.1\\.2\\.1 .*text/html"
+                                       "(.|\n)*1\\.1\\.2\\.2 .*image/png(.|\n)*1\\.2 .*x.bin"));
+    EXPECT_EQ(tool.run({"text", "a.eml"}).out, "Grüß\n");
+    EXPECT_EQ(tool.run({"extract", "a.eml", "--part=1.1.2.2", "--out", "out"}).status, 0);
+    EXPECT_EQ(tool.read("out/my map.png"), everyByte());
+    EXPECT_THAT(tool.read("a.eml").toStdString(), HasSubstr("Content-Id: <my_map.png>\r\n"));
+}
+
+TEST(Compose, ReadsOneTextFromStandardInput)
+{
+    const ToolRunner tool;
+    const ToolResult html =
+        tool.run(QStringList("compose") + kEnvelope + QStringList{"--html", "-"}, "<b>x</b>");
+    EXPECT_THAT(html.out.toStdString(), HasSubstr("\r\n\r\n<b>x</b>"));
+    const ToolResult both = tool.run(
+        QStringList("compose") + kEnvelope + QStringList{"--html", "-", "--text", "-"}, "x");
+    EXPECT_EQ(both.status, 2) << testing::PrintToString(both);
+    EXPECT_EQ(both.out, "");
+}
+
+TEST(Compose, WritesNoLineThatIsTooLong)
+{
+    const ToolRunner tool;
+    const QByteArray text = QByteArray("word ").repeated(300) + "\n" + QByteArray(3000, 'x') + "\n";
+    const ToolResult result =
+        tool.run(QStringList("compose") + kEnvelope + QStringList{"--text", "-"}, text);
+    EXPECT_EQ(result.status, 0) << testing::PrintToString(result);
+    EXPECT_TRUE(result.out.contains("format=flowed"));
+    for (const QByteArray& line : result.out.split('\n'))
+        EXPECT_LE(line.size(), 79) << line.constData();
+}
+
 struct InjectionRow
 {
     const char* name;
@@ -189,6 +332,58 @@ TEST(Invite, CarriesTextAndCalendar)
     EXPECT_THAT(tool.read("a.eml").toStdString(), HasSubstr("method=cancel"));
     EXPECT_EQ(tool.run({"lint", "a.eml"}).out, "");
 }
+
+struct CalendarRow
+{
+    const char* name;
+    QByteArray calendar;
+    QString method;
+    std::string problem;
+};
+
+void PrintTo(const CalendarRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class WrongCalendar : public testing::TestWithParam<CalendarRow>
+{
+};
+
+TEST_P(WrongCalendar, IsRefused)
+{
+    const ToolRunner tool;
+    tool.write("x.ics", GetParam().calendar);
+    QStringList arguments = QStringList("invite") + kEnvelope + QStringList{"--ics", "x.ics"};
+    if (!GetParam().method.isEmpty())
+        arguments += QStringList{"--method", GetParam().method};
+    const ToolResult result = tool.run(arguments);
+    EXPECT_EQ(result.status, GetParam().problem.empty() ? 0 : 1) << testing::PrintToString(result);
+    EXPECT_EQ(result.err.toStdString(),
+              GetParam().problem.empty() ? "" : "tarvomime: x.ics: " + GetParam().problem + "\n");
+    EXPECT_EQ(result.out.isEmpty(), !GetParam().problem.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tool, WrongCalendar,
+    testing::Values(
+        CalendarRow{"Text", "Dear John\n", "",
+                    "is no calendar: it does not begin with BEGIN:VCALENDAR"},
+        CalendarRow{"Contact", "BEGIN:VCARD\nEND:VCARD\n", "",
+                    "is no calendar: it does not begin with BEGIN:VCALENDAR"},
+        CalendarRow{"CutShort", "BEGIN:VCALENDAR\nMETHOD:REQUEST\n", "",
+                    "is no whole calendar: END:VCALENDAR is missing"},
+        CalendarRow{"OtherMethod", "BEGIN:VCALENDAR\nMETHOD:CANCEL\nEND:VCALENDAR\n", "REQUEST",
+                    "its METHOD is CANCEL, not REQUEST"},
+        CalendarRow{"MethodThatIsNoWord", "BEGIN:VCALENDAR\nMETHOD:a;b\nEND:VCALENDAR\n", "",
+                    "its METHOD is no word"},
+        CalendarRow{"SameMethod", "BEGIN:VCALENDAR\nMETHOD:CANCEL\nEND:VCALENDAR\n", "cancel", ""},
+        CalendarRow{"NoMethod", "begin:vcalendar\r\nend:vcalendar\r\n", "PUBLISH", ""},
+        CalendarRow{"MarkInFront",
+                    "\xEF\xBB\xBF"
+                    "BEGIN:VCALENDAR\nEND:VCALENDAR",
+                    "", ""}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Invite, MissingCalendarIsAnErrorLine)
 {

@@ -26,6 +26,8 @@ void addCalendar(CLI::App& tool, Session& session);
 void addList(CLI::App& tool, Session& session);
 void addExtract(CLI::App& tool, Session& session);
 void addCompose(CLI::App& tool, Session& session);
+void addReply(CLI::App& tool, Session& session);
+void addForward(CLI::App& tool, Session& session);
 void addInvite(CLI::App& tool, Session& session);
 void addSendable(CLI::App& tool, Session& session);
 void addLint(CLI::App& tool, Session& session);

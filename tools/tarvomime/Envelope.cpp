@@ -134,31 +134,33 @@ std::string headerValueProblem(const std::string& value)
     return control ? "line breaks and control characters do not belong into a header" : "";
 }
 
+CLI::Option* addAddresses(CLI::App& command, const char* name, std::vector<std::string>& values,
+                          const char* description)
+{
+    return command.add_option(name, values, description)
+        ->type_name("ADDRESS")
+        ->check(addressProblem)
+        ->allow_extra_args(false);
+}
+
 void addEnvelope(CLI::App& command, Envelope& envelope)
 {
-    const auto several = [&command](const char* name, std::vector<std::string>& values,
-                                    const char* type, const char* description) {
-        return command.add_option(name, values, description)
-            ->type_name(type)
-            ->allow_extra_args(false);
-    };
     command.add_option("--from", envelope.from, "The sender")
         ->type_name("ADDRESS")
         ->check(senderProblem)
         ->required();
-    several("--cc", envelope.cc, "ADDRESS", "A further recipient; may be repeated")
-        ->check(addressProblem);
-    several("--bcc", envelope.bcc, "ADDRESS",
-            "A recipient whom the others do not see; 'sendable' takes the field out")
-        ->check(addressProblem);
-    several("--reply-to", envelope.replyTo, "ADDRESS", "Where answers shall go; may be repeated")
-        ->check(addressProblem);
+    addAddresses(command, "--cc", envelope.cc, "A further recipient; may be repeated");
+    addAddresses(command, "--bcc", envelope.bcc,
+                 "A recipient whom the others do not see; 'sendable' takes the field out");
+    addAddresses(command, "--reply-to", envelope.replyTo,
+                 "Where answers shall go; may be repeated");
     command.add_option("--subject", envelope.subject, "The subject")
         ->type_name("TEXT")
         ->check(textProblem);
-    several("--header", envelope.headers, "FIELD",
-            "A further field, 'NAME: VALUE'; may be repeated")
-        ->check(headerProblem);
+    command.add_option("--header", envelope.headers, "A further field; may be repeated")
+        ->type_name("'NAME: VALUE'")
+        ->check(headerProblem)
+        ->allow_extra_args(false);
     command.add_option("--message-id", envelope.messageId, "The message's id (default: a new one)")
         ->type_name("ID")
         ->check(messageIdProblem);
@@ -168,10 +170,7 @@ void addEnvelope(CLI::App& command, Envelope& envelope)
 
 void addRecipients(CLI::App& command, Envelope& envelope)
 {
-    command.add_option("--to", envelope.to, "A recipient; may be repeated")
-        ->type_name("ADDRESS")
-        ->check(addressProblem)
-        ->allow_extra_args(false);
+    addAddresses(command, "--to", envelope.to, "A recipient; may be repeated");
 }
 
 void addInReplyTo(CLI::App& command, Envelope& envelope)
@@ -203,8 +202,7 @@ QList<Mailbox> peopleIn(const std::vector<std::string>& values)
 void applyEnvelope(const Envelope& envelope, EMAIL_MIME& message)
 {
     message.setFrom(addressList({senderOf(envelope)}));
-    if (!envelope.to.empty())
-        message.setTo(addressList(peopleIn(envelope.to)));
+    applyRecipients(envelope, message);
     message.setDate(static_cast<unsigned long>(std::time(nullptr)));
     setField(message, "Message-ID", makeMessageId(senderOf(envelope).address));
     if (!envelope.inReplyTo.empty()) {
@@ -212,6 +210,12 @@ void applyEnvelope(const Envelope& envelope, EMAIL_MIME& message)
         setField(message, "References", messageIdOf(envelope.inReplyTo));
     }
     applyAdditions(envelope, message);
+}
+
+void applyRecipients(const Envelope& envelope, EMAIL_MIME& message)
+{
+    if (!envelope.to.empty())
+        message.setTo(addressList(peopleIn(envelope.to)));
 }
 
 void applyAdditions(const Envelope& envelope, EMAIL_MIME& message)
@@ -225,7 +229,7 @@ void applyAdditions(const Envelope& envelope, EMAIL_MIME& message)
         message.setReplyTo(addressList(peopleIn(envelope.replyTo)));
     if (!envelope.subject.empty())
         message.getHeader()->setSubject(
-            writeHeaderValue(textOf(envelope.subject), envelope.charset).valueOr({}));
+            writeHeaderValue(textOf(envelope.subject).trimmed(), envelope.charset).valueOr({}));
     if (!envelope.messageId.empty())
         setField(message, "Message-ID", messageIdOf(envelope.messageId));
     // Receipt fields carry no encoded words.

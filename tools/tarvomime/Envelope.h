@@ -12,7 +12,8 @@ class EMAIL_MIME;
 
 namespace CLI {
 class App;
-}
+class Option;
+} // namespace CLI
 
 namespace tarvomime::tool {
 
@@ -39,6 +40,9 @@ struct Envelope
 /// Adds what every new message may have: --from, --cc, --bcc, --reply-to, --subject, --header,
 /// --message-id, --receipt and --out.
 void addEnvelope(CLI::App& command, Envelope& envelope);
+/// Adds an option whose values are people.
+CLI::Option* addAddresses(CLI::App& command, const char* name, std::vector<std::string>& values,
+                          const char* description);
 /// Adds --to.
 void addRecipients(CLI::App& command, Envelope& envelope);
 /// Adds --in-reply-to.
@@ -58,6 +62,8 @@ QList<Mailbox> peopleIn(const std::vector<std::string>& values);
 
 /// Fills the header of a new message.
 void applyEnvelope(const Envelope& envelope, EMAIL_MIME& message);
+/// Fills To.
+void applyRecipients(const Envelope& envelope, EMAIL_MIME& message);
 /// Adds what an answer or a forwarded message does not get from its original.
 void applyAdditions(const Envelope& envelope, EMAIL_MIME& message);
 

@@ -34,6 +34,8 @@ void addCommands(CLI::App& tool, Session& session)
     addReassemble(tool, session);
     addSendable(tool, session);
     addCompose(tool, session);
+    addReply(tool, session);
+    addForward(tool, session);
     addInvite(tool, session);
     addEncode(tool, session);
     addDecode(tool, session);
