@@ -2,8 +2,10 @@
 #include "extra/MessageContent.h"
 
 #include "extra/ContentWalk.h"
+#include "extra/EnrichedText.h"
 #include "extra/HtmlText.h"
 #include "extra/PartHeader.h"
+#include "extra/Quoting.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Util.h"
@@ -83,6 +85,25 @@ bool isBlank(const QString& text)
     return text.trimmed().isEmpty();
 }
 
+bool saysParameter(const ContentPart& part, const char* name, const char* value)
+{
+    return typeParameter(*part.entity, name).toLower() == value;
+}
+
+/// What a part's text looks like to a person.
+QString readableText(const ContentPart& part, const QString& text)
+{
+    if (isHtml(part))
+        return textFromHtml(text);
+    if (part.type == "text/enriched")
+        return textFromEnriched(text);
+    if (part.type == "text/richtext")
+        return textFromRichText(text);
+    if (part.type == "text/plain" && saysParameter(part, "format", "flowed"))
+        return textFromFlowed(text, saysParameter(part, "delsp", "yes"));
+    return text;
+}
+
 /// The texts of parts, one after the other, each ending its last line.
 Result<QString> joinedText(const MessageContent& content, const QList<int>& parts,
                            const QByteArray& fallback)
@@ -92,8 +113,7 @@ Result<QString> joinedText(const MessageContent& content, const QList<int>& part
         const Result<ReadText> read = partText(content.parts[index], fallback);
         if (!read)
             return read.failure();
-        const bool html = isHtml(content.parts[index]);
-        QString text = html ? textFromHtml(read->text) : read->text;
+        QString text = readableText(content.parts[index], read->text);
         if (!text.isEmpty() && !text.endsWith(u'\n'))
             text += u'\n';
         joined += text;

@@ -124,7 +124,8 @@ TARVOMIME_EXTRA_EXPORT Result<ReadText> partText(const ContentPart& part,
                                                  const QByteArray& fallback = "windows-1252");
 
 /// The text to show of a message, by its index in `messages`: plain where the sender offers it,
-/// else made of HTML. A message without a text of its own shows that of the first message enclosed
+/// else made of HTML; lines that flow (RFC 3676) are joined, text/enriched and text/richtext become
+/// plain. A message without a text of its own shows that of the first message enclosed
 /// in it which has one. Empty where there is none.
 TARVOMIME_EXTRA_EXPORT Result<QString> shownText(const MessageContent& content, int message = 0,
                                                  const QByteArray& fallback = "windows-1252");
