@@ -18,7 +18,10 @@ namespace {
 QString parameterOf(const EMAIL_Field* field, std::string_view name,
                     const QByteArray& fallbackCharset)
 {
-    return field == nullptr ? QString() : fieldParameter(field->mBody, name, fallbackCharset);
+    const QString value =
+        field == nullptr ? QString() : fieldParameter(field->mBody, name, fallbackCharset);
+    // Blanks name nothing.
+    return value.trimmed().isEmpty() ? QString() : value;
 }
 
 } // namespace

@@ -25,13 +25,18 @@ struct Alias
     const char* codec;
 };
 
-// Names that mail uses and Qt's codecs do not answer to.
-constexpr std::array<Alias, 8> kAliases = {{
+// Names that mail uses and Qt's codecs do not answer to. Its own codec of ISO-2022-JP stumbles
+// where one piece of Japanese follows another, as it does in every folded subject: ICU's superset
+// does not.
+constexpr std::array<Alias, 11> kAliases = {{
+    {"cp50220", "ISO-2022-JP-2"},
+    {"cp50221", "ISO-2022-JP-2"},
     {"cp949", "windows-949"},
     {"gbk", "GB18030"},
     {"gb2312", "GB18030"},
     {"gb_2312-80", "GB18030"},
     {"uhc", "windows-949"},
+    {"iso-2022-jp", "ISO-2022-JP-2"},
     {"unicode", "UTF-16"},
     {"x-gbk", "GB18030"},
     {"437", "IBM437"},
@@ -71,8 +76,8 @@ QTextCodec* codecOfName(const QByteArray& plain)
         return nullptr;
     const auto* alias = std::find_if(kAliases.begin(), kAliases.end(),
                                      [&](const Alias& row) { return row.name == viewOf(plain); });
-    const QByteArray name = alias != kAliases.end() ? QByteArray(alias->codec) : plain;
-    return isCodecName(name) ? QTextCodec::codecForName(name) : nullptr;
+    QTextCodec* codec = alias == kAliases.end() ? nullptr : QTextCodec::codecForName(alias->codec);
+    return codec == nullptr && isCodecName(plain) ? QTextCodec::codecForName(plain) : codec;
 }
 
 /// How a charset of some name is read: by a codec, or by the exact library's number.
@@ -162,16 +167,18 @@ bool isBroken(QChar c)
     return c == QChar::ReplacementCharacter || (c >= QChar(0xE000) && c <= QChar(0xF8FF));
 }
 
-/// Whether so much of the text is whole that its label is right and some bytes are damaged.
-bool isMostlyWhole(const QString& text)
+/// Whether so much of the text is whole that its label is right and some bytes are damaged: text of
+/// other charsets is UTF-8 in hardly any of its characters.
+bool isMostlyWhole(const QString& text, const Reader& reader)
 {
+    const int share = reader.number == CHARSET_UTF_8 ? 2 : 10;
     qsizetype broken = 0;
     qsizetype foreign = 0;
     for (const QChar c : text) {
         broken += isBroken(c) ? 1 : 0;
         foreign += c.unicode() >= 0x80 ? 1 : 0;
     }
-    return broken * 10 <= foreign;
+    return broken * share <= foreign;
 }
 
 bool isSingleByteLabel(const Reader& reader)
@@ -217,7 +224,7 @@ ProposedCharset proposeCharset(const QByteArray& bytes, const QByteArray& fallba
         return {"utf-8", CharsetBasis::ValidUtf8};
     const QByteArray guessed = charsetByStatistics(bytes);
     const Reader reader = readerOf(guessed);
-    if (reader.isKnown() && isMostlyWhole(readBy(reader, bytes)))
+    if (reader.isKnown() && isMostlyWhole(readBy(reader, bytes), reader))
         return {guessed, CharsetBasis::Statistics};
     return {fallback, CharsetBasis::Fallback};
 }
@@ -233,7 +240,7 @@ Result<ReadText> readDeclaredText(const QByteArray& bytes, const QByteArray& dec
     const bool mayBe = reader.isKnown() && (ascii || reader.number != CHARSET_US_ASCII);
     if (mayBe) {
         const QString text = readBy(reader, bytes);
-        if (isSingleByteLabel(reader) || isMostlyWhole(text))
+        if (isSingleByteLabel(reader) || isMostlyWhole(text, reader))
             return ReadText{text, {plainName(declared), CharsetBasis::Declared}};
     }
     return Failure{QStringLiteral("the text cannot be in the charset \"%1\"")

@@ -65,8 +65,9 @@ TARVOMIME_EXTRA_EXPORT ProposedCharset proposeCharset(const QByteArray& bytes,
 /// or cannot be (8-bit bytes in us-ascii, text that is no UTF-8, or that a multi-byte charset gives
 /// no meaning to).
 ///
-/// A declared UTF-8 or multi-byte charset is believed as long as nine of ten of its characters are
-/// whole. ISO 8859-1 with bytes that it keeps for controls is read as windows-1252, its superset.
+/// A declared UTF-8 is believed as long as half of its characters are whole, another multi-byte
+/// charset as long as nine of ten are. ISO 8859-1 with bytes that it keeps for controls is read as
+/// windows-1252, its superset.
 TARVOMIME_EXTRA_EXPORT Result<ReadText> readDeclaredText(const QByteArray& bytes,
                                                          const QByteArray& declared);
 

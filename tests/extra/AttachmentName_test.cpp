@@ -39,6 +39,10 @@ INSTANTIATE_TEST_SUITE_P(
         NameRow{"None", "Subject: x\r\n", ""},
         NameRow{"Disposition", "Content-Disposition: attachment; filename=a\r\n", "a"},
         NameRow{"Type", "Content-Type: image/png; name=a\r\n", "a"},
+        NameRow{
+            "BlankNamesNothing",
+            "Content-Type: image/png; name=a\r\nContent-Disposition: inline; filename=\"\t\"\r\n",
+            "a"},
         NameRow{"DispositionBeforeType",
                 "Content-Type: image/png; name=b\r\nContent-Disposition: inline; filename=a\r\n",
                 "a"},
