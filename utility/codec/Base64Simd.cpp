@@ -110,38 +110,27 @@ HWY_INLINE bool isLineEnd(const std::uint8_t* in)
     return std::memcmp(in, kLineEnd == 1 ? "\n" : "\r\n", kLineEnd) == 0;
 }
 
-// Decodes the first 64 digits of a line for each block of `lasts` and puts the block behind what
-// they give. Line by line: each store ends in bytes that the next one overwrites.
-template <std::size_t kLineEnd, class D, class Lasts>
-HWY_INLINE bool decodeFirsts(D d, Lasts dLasts, Bytes<Lasts> lasts, const std::uint8_t* in,
-                             std::uint8_t* out, Bytes<D>& errors)
-{
-    if constexpr (hn::MaxLanes(Lasts()) == 16) {
-        for (std::size_t digit = 0; digit < 64; digit += hn::MaxLanes(D()))
-            decodeVector(d, in + digit, out + digit / 4 * 3, errors);
-        hn::StoreU(lasts, dLasts, out + kBytesInLine - 12);
-        return isLineEnd<kLineEnd>(in + kDigitsInLine);
-    } else {
-        const hn::Half<Lasts> half;
-        const std::size_t lines = hn::MaxLanes(half) / 16;
-        const bool lower =
-            decodeFirsts<kLineEnd>(d, half, hn::LowerHalf(half, lasts), in, out, errors);
-        const bool upper = decodeFirsts<kLineEnd>(d, half, hn::UpperHalf(half, lasts),
-                                                  in + lines * (kDigitsInLine + kLineEnd),
-                                                  out + lines * kBytesInLine, errors);
-        return lower && upper;
-    }
-}
-
 // Decodes as many lines as a vector has blocks; whether all were regular is told at the end only.
+// The last 12 digits of all lines are decoded at one go: with a step of its own for each line, the
+// whole takes 18 to 60 % longer.
 template <std::size_t kLineEnd, class D>
 HWY_INLINE bool decodeBatch(D d, const std::uint8_t* in, std::uint8_t* out)
 {
     auto errors = hn::Zero(d);
-    // The last 12 digits of each line; the 4 before them give the same 3 bytes again.
-    const auto lasts = loadBlocks(d, in + kDigitsInLine - 16, kDigitsInLine + kLineEnd);
-    const auto bytes = joinBlocks(d, sextetsFromDigits(d, lasts, errors));
-    const bool linesEnd = decodeFirsts<kLineEnd>(d, d, bytes, in, out, errors);
+    // The 4 digits before them give the same 3 bytes again.
+    const auto lastDigits = loadBlocks(d, in + kDigitsInLine - 16, kDigitsInLine + kLineEnd);
+    alignas(64) std::uint8_t lasts[hn::MaxLanes(D())];
+    hn::Store(joinBlocks(d, sextetsFromDigits(d, lastDigits, errors)), d, lasts);
+    bool linesEnd = true;
+    // Line by line: each store ends in bytes that the next one overwrites.
+    for (std::size_t block = 0; block < hn::MaxLanes(D()); block += 16) {
+        for (std::size_t digit = 0; digit < 64; digit += hn::MaxLanes(D()))
+            decodeVector(d, in + digit, out + digit / 4 * 3, errors);
+        hn::StoreU(hn::Load(Block(), lasts + block), Block(), out + kBytesInLine - 12);
+        linesEnd &= isLineEnd<kLineEnd>(in + kDigitsInLine);
+        in += kDigitsInLine + kLineEnd;
+        out += kBytesInLine;
+    }
     return linesEnd && isClean(d, errors);
 }
 

@@ -8,16 +8,13 @@
 #endif
 
 #include "utility/codec/Base64Tables.h"
+#include "utility/vectors/Avx512-inl.h"
 #include "utility/vectors/Forms.h"
 #include "utility/vectors/OneVector-inl.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-
-// Processors with AVX-512 VBMI look any of 64 bytes up in one step and cut eight 6-bit pieces out
-// of a word in another. The vector library has no name for either yet, so three small functions
-// below name the instructions; the portable form of the same stands beside each.
 
 HWY_BEFORE_NAMESPACE();
 namespace tarvomime {
@@ -40,30 +37,6 @@ alignas(16) constexpr std::uint8_t kSpread[16] = {1, 0, 2, 1, 4,  3, 5,  4,
 // The same for groups at bytes 4 to 15.
 alignas(16) constexpr std::uint8_t kSpreadLast[16] = {5,  4,  6,  5,  8,  7,  9,  8,
                                                       11, 10, 12, 11, 14, 13, 15, 14};
-
-/// Sextets of lanes that kSpread has made.
-template <class D>
-HWY_INLINE Bytes<D> sextetsOf(D d, Bytes<D> spread)
-{
-#if TARVOMIME_HAS_VBMI
-    // Each byte takes the 8 bits from its own position on; the digits' table ignores the upper two.
-    const auto shifts = hn::BitCast(
-        d, hn::Set(hn::Repartition<std::uint64_t, D>(), std::uint64_t{0x3036242A1016040A}));
-    if constexpr (hn::MaxLanes(D()) == 64)
-        return Bytes<D>{_mm512_multishift_epi64_epi8(shifts.raw, spread.raw)};
-    else
-        return Bytes<D>{_mm_multishift_epi64_epi8(shifts.raw, spread.raw)};
-#else
-    const hn::Repartition<std::uint32_t, D> d32;
-    const hn::Repartition<std::uint16_t, D> d16;
-    const auto lanes = hn::BitCast(d32, spread);
-    const auto odd = hn::MulHigh(hn::BitCast(d16, hn::And(lanes, hn::Set(d32, 0x0FC0FC00U))),
-                                 hn::BitCast(d16, hn::Set(d32, 0x04000040U)));
-    const auto even = hn::Mul(hn::BitCast(d16, hn::And(lanes, hn::Set(d32, 0x003F03F0U))),
-                              hn::BitCast(d16, hn::Set(d32, 0x01000010U)));
-    return hn::BitCast(d, hn::Or(odd, even));
-#endif
-}
 
 /// The sextets of the groups at the vector's start: 12 bytes of input for each block.
 template <class D>
@@ -154,13 +127,7 @@ template <class D>
 HWY_INLINE Bytes<D> digitsFromSextets(D d, Bytes<D> sextets)
 {
 #if TARVOMIME_HAS_VBMI
-    const hn::Full512<std::uint8_t> whole;
-    const auto table = hn::LoadU(whole, rawBytes(kBase64Digits.data()));
-    if constexpr (hn::MaxLanes(D()) == 64)
-        return Bytes<D>{_mm512_permutexvar_epi8(sextets.raw, table.raw)};
-    else
-        return Bytes<D>{_mm512_castsi512_si128(
-            _mm512_permutexvar_epi8(_mm512_castsi128_si512(sextets.raw), table.raw))};
+    return lookUp64(d, hn::LoadU(Wide(), rawBytes(kBase64Digits.data())), sextets);
 #else
     // The distance from a sextet to its digit is the same within "A-Z", "a-z" and "0-9": 26 to 51
     // go to entry 0, 52 to 63 to entries 1 to 12, 0 to 25 to entry 13.
@@ -192,15 +159,7 @@ template <class D>
 HWY_INLINE Bytes<D> sextetsFromDigits(D d, Bytes<D> digits, Bytes<D>& errors)
 {
 #if TARVOMIME_HAS_VBMI
-    const hn::Full512<std::uint8_t> whole;
-    const auto low = hn::Load(whole, kSextets.data());
-    const auto high = hn::Load(whole, kSextets.data() + 64);
-    Bytes<D> values;
-    if constexpr (hn::MaxLanes(D()) == 64)
-        values = Bytes<D>{_mm512_permutex2var_epi8(low.raw, digits.raw, high.raw)};
-    else
-        values = Bytes<D>{_mm512_castsi512_si128(
-            _mm512_permutex2var_epi8(low.raw, _mm512_castsi128_si512(digits.raw), high.raw))};
+    const auto values = lookUp128(d, kSextets, digits);
     // Bytes from 0x80 on have found the entry of another byte.
     errors = hn::Or3(errors, values, digits);
     return values;
@@ -226,31 +185,6 @@ HWY_INLINE bool isClean(D d, Bytes<D> errors)
     return hn::AllFalse(d, hn::TestBit(errors, hn::Set(d, 0x80)));
 #else
     return hn::AllTrue(d, hn::Eq(errors, hn::Zero(d)));
-#endif
-}
-
-/// The 24 bits of each four sextets, in the lower three bytes of their 32-bit lane, first bits in
-/// the highest of them.
-template <class D>
-HWY_INLINE Bytes<D> bitsOfGroups(D d, Bytes<D> sextets)
-{
-#if TARVOMIME_HAS_VBMI
-    const hn::Repartition<std::uint16_t, D> d16;
-    const hn::Repartition<std::uint32_t, D> d32;
-    const auto pairs = hn::Set(d16, 0x0140).raw;
-    const auto groups = hn::Set(d32, 0x00011000U).raw;
-    if constexpr (hn::MaxLanes(D()) == 64)
-        return Bytes<D>{_mm512_madd_epi16(_mm512_maddubs_epi16(sextets.raw, pairs), groups)};
-    else
-        return Bytes<D>{_mm_madd_epi16(_mm_maddubs_epi16(sextets.raw, pairs), groups)};
-#else
-    const hn::Repartition<std::uint16_t, D> d16;
-    const hn::Repartition<std::uint32_t, D> d32;
-    const auto s = hn::BitCast(d16, sextets);
-    const auto firsts = hn::And(s, hn::Set(d16, 0x00FF));
-    const auto pairs = hn::BitCast(d32, hn::Or(hn::ShiftLeft<6>(firsts), hn::ShiftRight<8>(s)));
-    const auto firstPairs = hn::And(pairs, hn::Set(d32, 0x0000FFFFU));
-    return hn::BitCast(d, hn::Or(hn::ShiftLeft<12>(firstPairs), hn::ShiftRight<16>(pairs)));
 #endif
 }
 
@@ -291,8 +225,7 @@ HWY_INLINE Bytes<D> joinGroups(D d, Bytes<D> sextets)
 {
 #if TARVOMIME_HAS_VBMI
     if constexpr (hn::MaxLanes(D()) == 64)
-        return Bytes<D>{_mm512_permutexvar_epi8(hn::Load(d, kByteOrder.data()).raw,
-                                                bitsOfGroups(d, sextets).raw)};
+        return lookUp64(d, bitsOfGroups(d, sextets), hn::Load(d, kByteOrder.data()));
 #endif
     if constexpr (hn::MaxLanes(D()) == 16) {
         return joinBlocks(d, sextets);

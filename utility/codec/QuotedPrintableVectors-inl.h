@@ -9,6 +9,7 @@
 #endif
 
 #include "utility/codec/QuotedPrintableTables.h"
+#include "utility/vectors/Avx512-inl.h"
 #include "utility/vectors/Forms.h"
 #include "utility/vectors/OneVector-inl.h"
 
@@ -64,16 +65,41 @@ HWY_INLINE Bytes<D> lowerDigit(D d, Bytes<D> bytes)
     return hn::TableLookupBytes(table, hn::And(bytes, hn::Set(d, 0x0F)));
 }
 
-/// The values of hexadecimal digits of either case, and which bytes are such digits.
+/// What two hexadecimal digits of either case stand for, and where both are digits.
 template <class D>
-struct HexDigits
+struct HexPair
 {
     Bytes<D> value;
     ByteMask<D> valid;
 };
 
+#if TARVOMIME_HAS_VBMI
+
+/// The value of each byte below 0x80; 0x80 for what is no digit.
+constexpr std::array<std::uint8_t, 128> makeNibbles()
+{
+    std::array<std::uint8_t, 128> nibbles{};
+    for (std::size_t byte = 0; byte < nibbles.size(); ++byte)
+        nibbles[byte] = kQpHexValues[byte] < 16 ? kQpHexValues[byte] : 0x80;
+    return nibbles;
+}
+
+alignas(64) constexpr std::array<std::uint8_t, 128> kNibbles = makeNibbles();
+
 template <class D>
-HWY_INLINE HexDigits<D> hexDigits(D d, Bytes<D> bytes)
+HWY_INLINE HexPair<D> hexPair(D d, Bytes<D> first, Bytes<D> second)
+{
+    const auto high = lookUp128(d, kNibbles, first);
+    const auto low = lookUp128(d, kNibbles, second);
+    // Bytes from 0x80 on have found the entry of another byte.
+    const auto marks = hn::Or3(hn::Or(high, low), first, second);
+    return {hn::Or(hn::ShiftLeft<4>(high), low), hn::Lt(marks, hn::Set(d, 0x80))};
+}
+
+#else
+
+template <class D>
+HWY_INLINE HexPair<D> hexDigit(D d, Bytes<D> bytes)
 {
     const auto number = hn::Sub(bytes, hn::Set(d, '0'));
     const auto letter = hn::Sub(hn::Or(bytes, hn::Set(d, 0x20)), hn::Set(d, 'a'));
@@ -82,6 +108,16 @@ HWY_INLINE HexDigits<D> hexDigits(D d, Bytes<D> bytes)
     return {hn::IfThenElse(isNumber, number, hn::Add(letter, hn::Set(d, 10))),
             hn::Or(isNumber, isLetter)};
 }
+
+template <class D>
+HWY_INLINE HexPair<D> hexPair(D d, Bytes<D> first, Bytes<D> second)
+{
+    const auto high = hexDigit(d, first);
+    const auto low = hexDigit(d, second);
+    return {hn::Or(hn::ShiftLeft<4>(high.value), low.value), hn::And(high.valid, low.valid)};
+}
+
+#endif
 
 // Processors with AVX-512 VBMI2 drop any of 64 bytes in one step. The others do it for 8 bytes by a
 // table.
@@ -141,10 +177,10 @@ HWY_INLINE std::size_t expand(const std::uint8_t* in, std::uint8_t* out)
     const auto load = hn::LoadU(hn::Half<Wide>(), in);
     const auto tripled = hn::Load(d, kTripled.data());
     const auto digits = hn::Load(d, kDigits.data());
-    const Bytes<Wide> bytes{_mm512_permutexvar_epi8(tripled.raw, _mm512_castsi256_si512(load.raw))};
+    const auto bytes = lookUp64(d, hn::ZeroExtendVector(d, load), tripled);
     const auto uppers = hn::BitCast(d, hn::ShiftRight<4>(hn::BitCast(d16, bytes)));
     const auto halves = hn::IfThenElse(maskOf(d, kMiddles), uppers, bytes);
-    const Bytes<Wide> inHex{_mm512_permutexvar_epi8(halves.raw, digits.raw)};
+    const auto inHex = lookUp64(d, digits, halves);
     const auto escapes = hn::IfThenElse(maskOf(d, kFirsts), hn::Set(d, '='), inHex);
     const auto escaped = isEscaped(d, bytes);
     const auto units = hn::IfThenElse(escaped, escapes, bytes);
