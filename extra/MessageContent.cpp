@@ -3,6 +3,7 @@
 
 #include "extra/ContentWalk.h"
 #include "extra/EnrichedText.h"
+#include "extra/HeadlessPart.h"
 #include "extra/HtmlText.h"
 #include "extra/PartHeader.h"
 #include "extra/Quoting.h"
@@ -205,6 +206,8 @@ Result<QByteArray> partBytes(const ContentPart& part)
 {
     const EMAIL_Body& body = *part.entity->mBody;
     Result<QByteArray> stored = storedBytes(body);
+    if (stored && isHeadless(*part.entity))
+        return headlessText(*part.entity, *stored);
     if (!stored || !body.mEncoded)
         return stored;
     return decoded(*stored, part.entity->mHeader->getCte());

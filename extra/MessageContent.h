@@ -105,7 +105,9 @@ struct MessageContent
 /// 3. Of multipart/report the first part is text; the rest is attached, for programs.
 /// 4. Text is shown unless it says to be an attachment. With a file name it is an attachment too,
 ///    unless it comes first.
-/// 5. A multipart body without a single delimiter is shown as it stands.
+/// 5. A part that an empty line begins and that does not say what it is has no header, whatever its
+///    first line looks like, as far as that line's words can tell.
+/// 6. A multipart body without a single delimiter is shown as it stands.
 ///
 /// Messages that take turns with containers for more than about a hundred levels in a file, which
 /// only an attacker writes, stay in one piece below that.
