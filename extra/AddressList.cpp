@@ -8,6 +8,9 @@
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace tarvomime {
 
 namespace {
@@ -190,9 +193,30 @@ private:
             mWords.append(shown);
             mAddress.clear();
         }
-        const bool isFirst = !mHadAngle;
+        if (mHadAngle) {
+            // A "," was forgotten; what follows the first address is the name of the second.
+            const Words name = std::exchange(mTrailing, Words());
+            finishMailbox();
+            mWords = name;
+        }
         mHadAngle = true;
-        mState = isFirst ? State::Angle : State::BehindAddress;
+        mState = State::Angle;
+    }
+
+    /// Addresses that only blanks divide. Where anything else is among them, all are words.
+    QList<QByteArray> takeForgottenAddresses()
+    {
+        if (mHadAngle || mTrailing.isEmpty())
+            return {};
+        const QList<QByteArray> pieces = mTrailing.raw().split(' ');
+        const bool areAddresses =
+            std::all_of(pieces.begin(), pieces.end(), [this](const QByteArray& piece) {
+                return addressProblem(ShortTextReader(mFallback).read(piece)).isEmpty();
+            });
+        if (!areAddresses)
+            return {};
+        mTrailing = Words();
+        return pieces;
     }
 
     QString decoded(const QByteArray& bytes) const { return decodedWords(bytes, mFallback); }
@@ -213,17 +237,24 @@ private:
     void finishMailbox()
     {
         if (!isNothing()) {
+            const QList<QByteArray> forgotten = takeForgottenAddresses();
             const bool hasAddress = mHadAngle || mState != State::Name;
-            Mailbox mailbox;
-            const QByteArray address = hasAddress ? mAddress : mWords.raw();
-            mailbox.address =
-                ShortTextReader(mFallback).read(withoutBlanksAtDots(address.trimmed()));
-            mailbox.name = hasAddress ? name() : decoded(mComment);
-            mailbox.group = mGroup;
-            mailbox.problem = addressProblem(mailbox.address);
-            mMailboxes.append(mailbox);
+            appendMailbox(hasAddress ? name() : decoded(mComment),
+                          hasAddress ? mAddress : mWords.raw());
+            for (const QByteArray& address : forgotten)
+                appendMailbox(QString(), address);
         }
         startMailbox();
+    }
+
+    void appendMailbox(const QString& name, const QByteArray& address)
+    {
+        Mailbox mailbox;
+        mailbox.address = ShortTextReader(mFallback).read(withoutBlanksAtDots(address.trimmed()));
+        mailbox.name = name;
+        mailbox.group = mGroup;
+        mailbox.problem = addressProblem(mailbox.address);
+        mMailboxes.append(mailbox);
     }
 
     void startMailbox()

@@ -22,6 +22,7 @@ namespace tarvomime {
 ///    beside it, and a group that nobody stands in is an entry of its own.
 /// 5. A quote, comment or bracket that is never closed is an ordinary character; a missing ">" ends
 ///    the address at the next ",".
+/// 6. A "," that was forgotten behind "<address>", or between bare addresses, is there.
 TARVOMIME_EXTRA_EXPORT QList<Mailbox>
 readAddressList(const QCString& body, const QByteArray& fallbackCharset = "windows-1252");
 

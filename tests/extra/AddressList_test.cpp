@@ -63,6 +63,11 @@ INSTANTIATE_TEST_SUITE_P(
         ListRow{"Literal", "J <j@[IPv6:2001:db8::1]>", "J|j@[IPv6:2001:db8::1]"},
         ListRow{"AddressAsName", "j@a.example <k@b.example>", "j@a.example|k@b.example"},
         ListRow{"QuotedAddressAsName", "\"j@a.example\" <k@b.example>", "j@a.example|k@b.example"},
+        ListRow{"CommaForgottenBehindBrackets", "A <a@x.example> B C <b@x.example>",
+                "A|a@x.example  B C|b@x.example"},
+        ListRow{"CommaForgotten", "a@x.example b@x.example\tc@x.example, d@x.example",
+                "|a@x.example  |b@x.example  |c@x.example  |d@x.example"},
+        ListRow{"WordsBehindAddress", "a@x.example or b@x.example", "or b@x.example|a@x.example"},
         ListRow{"Folded", "a@x.example,\r\n\tB\r\n <b@x.example>", "|a@x.example  B|b@x.example"},
         ListRow{"RawUtf8", "Jörg <j@a.example>", "Jörg|j@a.example"},
         ListRow{"RawLatin1", "J\xF6rg <j@a.example>", "Jörg|j@a.example"}),
@@ -116,7 +121,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "Müller, Jörg|j@a.example"},
         ListRow{"NoBlankBehindWord", "=?utf-8?Q?J=C3=B6rg?=<j@a.example>", "Jörg|j@a.example"},
         ListRow{"AddressInWord", "=?utf-8?Q?a <b@c>?= <j@a.example>, k@b.example",
-                "=?utf-8?Q?a|b@c  |k@b.example"}),
+                "=?utf-8?Q?a|b@c  ?=|j@a.example  |k@b.example"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(

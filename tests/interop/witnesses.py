@@ -113,4 +113,46 @@ def read_with_gmime(path):
     }
 
 
+def people_and_names_by_gmime(raw):
+    """From, To and Cc as [name, address], None where there is none, and [type, name] of each part."""
+    try:
+        import gi
+
+        gi.require_version("GMime", "3.0")
+        from gi.repository import GMime
+    except (ImportError, ValueError) as error:
+        raise Missing(f"GMime for Python is not installed ({error})") from error
+    GMime.init()
+
+    def people(addresses):
+        for i in range(addresses.length()):
+            address = addresses.get_address(i)
+            if isinstance(address, GMime.InternetAddressGroup):
+                yield from people(address.get_members())
+            else:
+                yield [address.get_name() or "", address.get_addr() or ""]
+
+    def parts(part):
+        if part is None:
+            return
+        name = ""
+        if isinstance(part, GMime.Part):
+            name = part.get_filename() or ""
+        yield [part.get_content_type().get_mime_type().lower(), name]
+        if isinstance(part, GMime.Multipart):
+            for i in range(part.get_count()):
+                yield from parts(part.get_part(i))
+        elif isinstance(part, GMime.MessagePart) and part.get_message() is not None:
+            yield from parts(part.get_message().get_mime_part())
+
+    message = GMime.Parser.new_with_stream(GMime.StreamMem.new_with_buffer(raw)).construct_message(None)
+    if message is None:
+        raise ValueError("no message")
+    found = {"parts": list(parts(message.get_mime_part()))}
+    for field, addresses in (("from", message.get_from()), ("to", message.get_to()),
+                             ("cc", message.get_cc())):
+        found[field] = list(people(addresses)) if addresses.length() else None
+    return found
+
+
 READERS = {"email": read_with_email, "gmime": read_with_gmime}
