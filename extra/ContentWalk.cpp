@@ -59,12 +59,7 @@ bool isShownText(const QByteArray& type)
 /// Forms that only some programs can show: not taken where there is plain text or HTML.
 bool isOtherForm(const QByteArray& type)
 {
-    return type != "text/plain" && type != "text/html" && type != "application/xhtml+xml";
-}
-
-bool isHtml(const QByteArray& type)
-{
-    return type == "text/html" || type == "application/xhtml+xml";
+    return type != "text/plain" && !isHtmlType(type);
 }
 
 bool hasBody(const EMAIL_Entity& entity)
@@ -248,7 +243,7 @@ void ContentWalk::visitLeaf(const Pending& next, int index)
 
 void ContentWalk::visitText(const Pending& next, int index)
 {
-    const bool html = isHtml(part(index).type);
+    const bool html = isHtmlType(part(index).type);
     if (next.body >= 0) {
         addToAlternative(next, index, html);
         return;

@@ -47,11 +47,6 @@ QByteArray decoded(const QByteArray& bytes, int cte)
     return out;
 }
 
-bool isHtml(const ContentPart& part)
-{
-    return part.type == "text/html" || part.type == "application/xhtml+xml";
-}
-
 /// The charset that HTML names for itself; empty where it names none.
 QByteArray labelInHtml(const QByteArray& html)
 {
@@ -74,7 +69,7 @@ ReadText decodedText(const ContentPart& part, const QByteArray& bytes, const QBy
 {
     const QByteArray declared = typeParameter(*part.entity, "charset");
     const QByteArray inHtml =
-        isHtml(part) && declared.isEmpty() ? labelInHtml(bytes) : QByteArray();
+        isHtmlPart(part) && declared.isEmpty() ? labelInHtml(bytes) : QByteArray();
     ReadText read = readText(bytes, inHtml.isEmpty() ? declared : inHtml, fallback);
     if (!inHtml.isEmpty() && read.charset.basis == CharsetBasis::Declared)
         read.charset.basis = CharsetBasis::DeclaredInHtml;
@@ -94,7 +89,7 @@ bool saysParameter(const ContentPart& part, const char* name, const char* value)
 /// What a part's text looks like to a person.
 QString readableText(const ContentPart& part, const QString& text)
 {
-    if (isHtml(part))
+    if (isHtmlPart(part))
         return textFromHtml(text);
     if (part.type == "text/enriched")
         return textFromEnriched(text);
@@ -200,6 +195,28 @@ QByteArray partNumber(const MessageContent& content, int part)
         number.prepend(QByteArray::number(content.parts[at].ordinal));
     }
     return number;
+}
+
+// Children follow their parent: one walk through the list is enough for all levels.
+int findPart(const MessageContent& content, const QByteArray& number)
+{
+    const QList<QByteArray> ordinals = number.split('.');
+    int level = 0;
+    int parent = -1;
+    for (int i = 0; i < content.parts.size(); ++i) {
+        const ContentPart& part = content.parts[i];
+        if (part.parent != parent || QByteArray::number(part.ordinal) != ordinals[level])
+            continue;
+        parent = i;
+        if (++level == ordinals.size())
+            return i;
+    }
+    return -1;
+}
+
+bool isHtmlPart(const ContentPart& part)
+{
+    return isHtmlType(part.type);
 }
 
 Result<QByteArray> partBytes(const ContentPart& part)

@@ -117,6 +117,12 @@ TARVOMIME_EXTRA_EXPORT MessageContent readContent(const EMAIL_Entity& message);
 /// levels, where numbers would outgrow the message.
 TARVOMIME_EXTRA_EXPORT QByteArray partNumber(const MessageContent& content, int part);
 
+/// The part of that number; -1 where the message has none.
+TARVOMIME_EXTRA_EXPORT int findPart(const MessageContent& content, const QByteArray& number);
+
+/// Whether the text of a part is HTML.
+TARVOMIME_EXTRA_EXPORT bool isHtmlPart(const ContentPart& part);
+
 /// The bytes of a part that holds no others, with the transfer encoding undone.
 TARVOMIME_EXTRA_EXPORT Result<QByteArray> partBytes(const ContentPart& part);
 

@@ -51,6 +51,11 @@ bool isContainerType(const QByteArray& type)
            type == "application/vnd.wap.multipart.mixed";
 }
 
+bool isHtmlType(const QByteArray& type)
+{
+    return type == "text/html" || type == "application/xhtml+xml";
+}
+
 bool isMessageType(const QByteArray& type)
 {
     return type == "message/rfc822" || type == "message/global" || type == "message/news";

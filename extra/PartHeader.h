@@ -25,6 +25,9 @@ bool isNamed(const EMAIL_Entity& entity);
 /// Whether the part's type lets it hold parts: multipart, or one of the two WAP containers.
 bool isContainerType(const QByteArray& type);
 
+/// Whether text of this type is HTML.
+bool isHtmlType(const QByteArray& type);
+
 /// Whether the part's type lets it enclose a whole message.
 bool isMessageType(const QByteArray& type);
 

@@ -225,7 +225,7 @@ TEST(Extract, InterruptRemovesTheHalfWrittenFile)
 {
     const ToolRunner tool;
     QFile large(tool.write("a.eml", "Content-Type: application/x-zero; name=z\r\n\r\nx"));
-    ASSERT_TRUE(large.resize((qint64(1) << 31) - 1));
+    ASSERT_TRUE(large.resize((qint64(1) << 31) - 100));
     const auto process = tool.start({"extract", "a.eml", "--out", "out"});
     ASSERT_TRUE(ToolRunner::waitUntilInterruptible(*process));
     kill(static_cast<pid_t>(process->processId()), SIGINT);

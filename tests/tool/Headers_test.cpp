@@ -53,7 +53,7 @@ TEST(HeadersOfSeveralFiles, StandUnderTheirNames)
     tool.write("a.eml", "A: 1\n\n");
     tool.write("b.eml", "B: 2\n\n");
     EXPECT_EQ(tool.run({"headers", "a.eml", "b.eml"}).out,
-              "==> a.eml <==\nA: 1\n==> b.eml <==\nB: 2\n");
+              "==> a.eml <==\nA: 1\n\n==> b.eml <==\nB: 2\n");
 }
 
 TEST(HeadersOfAReadOnlyFile, ArePrinted)

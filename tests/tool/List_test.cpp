@@ -40,8 +40,8 @@ TEST(List, PrintsALineAMessage)
     tool.write("b.eml", kTwoAttachments);
     const ToolResult result = tool.run({"list", "a.eml", "b.eml"});
     EXPECT_EQ(result.status, 0) << testing::PrintToString(result);
-    EXPECT_EQ(result.out, "10:15 am 06/03   Jörn <j@b.example>                     Grüße\n"
-                          "                                                 @2!    two\n");
+    EXPECT_EQ(result.out, "2024-06-03 10:15  Jörn <j@b.example>                     Grüße\n"
+                          "                                                  @2!    two\n");
 }
 
 TEST(List, PrintsJson)
@@ -76,6 +76,7 @@ TEST(List, ReadsMboxes)
     const ToolResult result = tool.run({"list", "--json", "mbox"});
     EXPECT_EQ(subjects(result), QStringList({"one", "two"}));
     const QJsonObject second = QJsonDocument::fromJson(result.out.split('\n')[1]).object();
+    EXPECT_EQ(second.value("message").toInt(), 2);
     EXPECT_EQ(second.value("offset").toInt(), 2 * from.size() + mail("one").size() + 1);
     EXPECT_EQ(second.value("size").toInt(), mail("two").size());
 }
@@ -85,13 +86,13 @@ TEST(List, ReadsMaildirsAndTheirSubfolders)
     const ToolRunner tool;
     for (const char* folder : {"M/cur", "M/new", "M/tmp", "M/.Sent/cur", "M/.Sent/new", "M/notes"})
         QDir(tool.path("")).mkpath(folder);
-    tool.write("M/cur/1:2,S", mail("read"));
+    tool.write("M/cur/1.a:2,S", mail("read"));
     tool.write("M/new/2", mail("new"));
     tool.write("M/tmp/3", mail("not there yet"));
     tool.write("M/.Sent/cur/4", mail("sent"));
     tool.write("M/dovecot-uidlist", "3 V1");
     tool.write("M/notes/5", mail("no mail"));
-    EXPECT_EQ(subjects(tool.run({"list", "--json", "M"})), QStringList({"sent", "read", "new"}));
+    EXPECT_EQ(subjects(tool.run({"list", "--json", "M"})), QStringList({"read", "new", "sent"}));
 }
 
 TEST(List, ReadsFoldersButFollowsNoLoop)

@@ -15,6 +15,8 @@ const QByteArray kInvitation =
     "QkVHSU46VkNBTEVOREFSDQo=\r\n"
     "--b--\r\n";
 
+const QByteArray kImage = "Subject: s\r\nContent-Type: image/png\r\n\r\nx\r\n";
+
 const QByteArray kHtml = "Subject: s\r\nContent-Type: text/html\r\n\r\n<p>x</p>\r\n";
 
 } // namespace
@@ -40,11 +42,12 @@ TEST(Show, PrintsHeaderTreeAndText)
 TEST(Show, SaysThatThereIsNoText)
 {
     const ToolRunner tool;
-    tool.write("a.eml", kHtml);
+    tool.write("a.eml", kImage);
     const ToolResult result = tool.run({"show", "a.eml", "a.eml"});
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.out.count("==> a.eml <=="), 2);
     EXPECT_EQ(result.out.count("(no message text)\n"), 2);
+    EXPECT_TRUE(result.out.startsWith("==> a.eml <==\nSubject: s\n")) << result.out.constData();
+    EXPECT_TRUE(result.out.contains(")\n\n==> a.eml <==\n")) << result.out.constData();
 }
 
 TEST(Show, ReadsReadOnlyFiles)
@@ -98,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(TextErrors, MessageWithoutText)
 {
     const ToolRunner tool;
-    tool.write("a.eml", kHtml);
+    tool.write("a.eml", kImage);
     const ToolResult result = tool.run({"text", "a.eml"});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, "tarvomime: a.eml: has no message text\n");

@@ -151,7 +151,7 @@ TEST(Tree, DeepMessagesHaveBoundedLines)
     EXPECT_FALSE(parts.at(20000).toObject().contains("number"));
 }
 
-TEST(Tree, MessagesAndContainersByTurnsAreFollowedForAHundredLevels)
+TEST(Tree, MessagesAndContainersByTurnsAreFollowedToTheEnd)
 {
     constexpr int levels = 3000;
     QByteArray text;
@@ -166,9 +166,5 @@ TEST(Tree, MessagesAndContainersByTurnsAreFollowedForAHundredLevels)
     tool.write("a.eml", text + "A: b\n\nx" + ends);
     const ToolResult result = tool.run({"tree", "--json", "a.eml"});
     EXPECT_EQ(result.status, 0);
-    const auto parts = partsOf(result).size();
-    EXPECT_GE(parts, 200);
-    EXPECT_LE(parts, 220);
-    EXPECT_EQ(partsOf(result).at(int(parts) - 1).toObject().value("type").toString(),
-              "message/rfc822");
+    EXPECT_EQ(partsOf(result).size(), 2 * levels + 1);
 }

@@ -2,6 +2,7 @@
 #include "tools/tarvomime/InputFile.h"
 
 #include "tools/tarvomime/Descriptor.h"
+#include "tools/tarvomime/StandardInput.h"
 
 #include <QFile>
 #include <cerrno>
@@ -24,43 +25,61 @@ std::string problemOf(const struct stat& status, EmptyFile empty)
         return "is not a regular file";
     if (status.st_size == 0 && empty == EmptyFile::Refused)
         return "is empty";
-    if (status.st_size > std::numeric_limits<int>::max())
+    // The library refuses texts that are so long.
+    if (status.st_size >= std::numeric_limits<int>::max() - 64)
         return "is too large (2 GiB or more)";
     return {};
 }
 
 } // namespace
 
-InputFile::InputFile(const std::string& path, EmptyFile empty) : mPath(path)
+InputFile::InputFile(const std::string& path, EmptyFile empty)
+    : mPath(path), mName(path == "-" ? "standard input" : path)
 {
-    map(empty);
+    open(empty);
 }
 
 InputFile::~InputFile()
 {
-    if (mSize > 0)
-        munmap(const_cast<char*>(mData), static_cast<std::size_t>(mSize));
+    if (mMapped > 0)
+        munmap(const_cast<char*>(mData), mMapped);
 }
 
-void InputFile::map(EmptyFile empty)
+void InputFile::open(EmptyFile empty)
 {
-    const Descriptor descriptor(open(mPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    const Descriptor descriptor(mPath == "-" ? openStandardInput() : ::open(mPath.c_str(), flags));
+    if (descriptor.isOpen())
+        map(descriptor.number(), empty);
+    else
+        mProblem = std::strerror(errno);
+}
+
+void InputFile::map(int descriptor, EmptyFile empty)
+{
     struct stat status;
-    if (!descriptor.isOpen() || fstat(descriptor.number(), &status) != 0) {
+    if (fstat(descriptor, &status) != 0) {
         mProblem = std::strerror(errno);
         return;
     }
     mProblem = problemOf(status, empty);
     if (!mProblem.empty() || status.st_size == 0)
         return;
+    // Zeros follow the file in its last page. A file that fills that page gets another one.
     const auto size = static_cast<std::size_t>(status.st_size);
-    void* start = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, descriptor.number(), 0);
+    const bool fills = size % static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) == 0;
+    void* room =
+        fills ? mmap(nullptr, size + 1, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0) : nullptr;
+    void* start = room == MAP_FAILED ? room
+                                     : mmap(room, size, PROT_READ,
+                                            MAP_PRIVATE | (fills ? MAP_FIXED : 0), descriptor, 0);
     if (start == MAP_FAILED) {
         mProblem = std::strerror(errno);
         return;
     }
     mData = static_cast<const char*>(start);
     mSize = static_cast<int>(size);
+    mMapped = fills ? size + 1 : size;
 }
 
 QString InputFile::reopenPath() const

@@ -9,9 +9,10 @@ namespace tarvomime::tool {
 
 enum class EmptyFile { Refused, Accepted };
 
-/// A whole file, mapped for reading and never changed.
+/// A whole file, mapped for reading and never changed; "-" is standard input, read to its end.
 ///
-/// Only regular files below 2 GiB open; a FIFO is refused at once instead of being waited for.
+/// Only regular files below 2 GiB open; a FIFO is refused at once instead of being waited for. A
+/// NUL follows the last byte.
 class InputFile
 {
 public:
@@ -24,6 +25,8 @@ public:
     /// Why the file did not open, in words for its user.
     const std::string& problem() const { return mProblem; }
     const std::string& path() const { return mPath; }
+    /// The path, or "standard input".
+    const std::string& name() const { return mName; }
     const char* data() const { return mData; }
     int size() const { return mSize; }
     std::string_view bytes() const { return {mData, static_cast<std::size_t>(mSize)}; }
@@ -36,12 +39,16 @@ public:
     void release(qint64 length) const;
 
 private:
-    void map(EmptyFile empty);
+    void open(EmptyFile empty);
+    void map(int descriptor, EmptyFile empty);
 
     std::string mPath;
+    std::string mName;
     std::string mProblem;
     const char* mData = "";
     int mSize = 0;
+    /// How much is mapped: the file and what follows it.
+    std::size_t mMapped = 0;
 };
 
 } // namespace tarvomime::tool

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "extra/MessageFindings.h"
+#include "tools/tarvomime/Arguments.h"
 #include "tools/tarvomime/Commands.h"
-#include "tools/tarvomime/InputFile.h"
-#include "tools/tarvomime/Json.h"
+#include "tools/tarvomime/Mail.h"
+#include "tools/tarvomime/PlaceJson.h"
 #include "tools/tarvomime/Printable.h"
 #include "tools/tarvomime/Session.h"
-#include "tools/tarvomime/StoredMessage.h"
-#include "utility/EMAIL_Util.h"
 
-#include <CLI/CLI.hpp>
 #include <QJsonArray>
 #include <algorithm>
 #include <memory>
@@ -19,15 +17,14 @@ namespace {
 
 struct LintOptions
 {
-    std::vector<std::string> files;
+    MailInputs inputs;
     bool json = false;
     bool strict = false;
-    int charset = CHARSET_UTF_8;
 };
 
-QByteArray lineFor(const std::string& path, const MessageFinding& finding)
+QByteArray lineFor(const std::string& name, const MessageFinding& finding)
 {
-    QByteArray line = printableLine(path) + ": " + severityName(finding.severity) + ": ";
+    QByteArray line = printableLine(name) + ": " + severityName(finding.severity) + ": ";
     if (!finding.part.isEmpty())
         line += "part " + finding.part + ": ";
     line += printableLine(finding.text);
@@ -52,22 +49,24 @@ QJsonObject objectFor(const MessageFinding& finding)
     return object;
 }
 
-QByteArray jsonFor(const std::string& path, const QList<MessageFinding>& findings)
+QByteArray jsonFor(const MailPlace& place, const QList<MessageFinding>& findings)
 {
     QJsonArray array;
     for (const MessageFinding& finding : findings)
         array.append(objectFor(finding));
-    return compactJson({{"file", jsonPath(path)}, {"findings", array}}) + '\n';
+    QJsonObject object = placeAsJson(place);
+    object.insert("findings", array);
+    return compactJson(object) + '\n';
 }
 
-void print(const std::string& path, const QList<MessageFinding>& findings, bool json,
+void print(const MailPlace& place, const QList<MessageFinding>& findings, bool json,
            Session& session)
 {
     if (json)
-        session.print(jsonFor(path, findings));
+        session.print(jsonFor(place, findings));
     else
         for (const MessageFinding& finding : findings)
-            session.print(lineFor(path, finding));
+            session.print(lineFor(place.name(), finding));
 }
 
 bool isMoreThanNote(const MessageFinding& finding)
@@ -77,18 +76,12 @@ bool isMoreThanNote(const MessageFinding& finding)
 
 void lint(const LintOptions& options, Session& session)
 {
-    QCString charset;
-    EMAIL_Util::charsetEnumToStr(options.charset, charset);
-    for (const std::string& path : options.files) {
-        if (!session.isOutputOpen())
-            return;
-        const InputFile file(path);
-        if (!file.isOpen()) {
-            session.complain(path, file.problem());
-            continue;
-        }
-        const QList<MessageFinding> findings = messageFindings(bytesOf(file), charset);
-        print(path, findings, options.json, session);
+    MailSource source(options.inputs, session);
+    MailPlace place;
+    while (source.next(place)) {
+        const QList<MessageFinding> findings =
+            messageFindings(bytesAt(place), fallbackCharset(options.inputs.charset));
+        print(place, findings, options.json, session);
         if (options.strict && std::any_of(findings.begin(), findings.end(), isMoreThanNote))
             session.setFound();
     }
@@ -99,7 +92,7 @@ void lint(const LintOptions& options, Session& session)
 void addLint(CLI::App& tool, Session& session)
 {
     const auto options = std::make_shared<LintOptions>();
-    CLI::App* command = addCommand(
+    Arguments arguments(
         tool, "lint", "Name what a careful reader of messages should know",
         "A finding is an error (readers lose something, differ, or are deceived), a\n"
         "warning (a broken rule that readers cope with) or a note. Findings change the\n"
@@ -128,12 +121,12 @@ void addLint(CLI::App& tool, Session& session)
         "  tarvomime lint *.eml\n"
         "  tarvomime lint --strict mail.eml || echo 'do not send this'\n"
         "  tarvomime lint --json mail.eml | jq '.findings[].code'");
-    addFiles(*command, options->files);
-    addJson(*command, options->json);
-    command->add_flag("--strict", options->strict,
-                      "Exit with status 3 when there is an error or a warning");
-    addCharset(*command, options->charset);
-    command->callback([options, &session] { lint(*options, session); });
+    addMailInputs(arguments, options->inputs);
+    arguments.charset(options->inputs.charset);
+    arguments.json(options->json);
+    arguments.flag("--strict", options->strict,
+                   "Exit with status 3 when there is an error or a warning");
+    arguments.run([options, &session] { lint(*options, session); });
 }
 
 } // namespace tarvomime::tool

@@ -1,125 +1,126 @@
 // SPDX-License-Identifier: MIT
+#include "tools/tarvomime/Arguments.h"
 #include "tools/tarvomime/Commands.h"
-#include "tools/tarvomime/InputFile.h"
 #include "tools/tarvomime/Interrupt.h"
-#include "tools/tarvomime/Json.h"
-#include "tools/tarvomime/MailFiles.h"
-#include "tools/tarvomime/Mbox.h"
-#include "tools/tarvomime/Printable.h"
+#include "tools/tarvomime/ListRow.h"
+#include "tools/tarvomime/Mail.h"
+#include "tools/tarvomime/OrderedJobs.h"
 #include "tools/tarvomime/ProgressBar.h"
 #include "tools/tarvomime/Session.h"
-#include "tools/tarvomime/StoredMessage.h"
-#include "utility/EMAIL_MIME.h"
+#include "tools/tarvomime/Style.h"
+#include "tools/tarvomime/Terminal.h"
 
-#include <CLI/CLI.hpp>
-#include <QDateTime>
+#include <QThread>
+#include <algorithm>
 #include <memory>
 
 namespace tarvomime::tool {
 
 namespace {
 
+constexpr std::size_t kMostMessagesOfAJob = 32;
+constexpr qint64 kMostBytesOfAJob = 1 << 20;
+
 struct ListOptions
 {
-    std::vector<std::string> paths;
-    bool json = false;
-    int charset = CHARSET_UTF_8;
+    MailInputs inputs;
+    ListFormat format;
+    qint64 jobs = 0;
 };
 
-/// Where a message lies: the file, and the bytes in it.
-struct Place
+/// The lines of a job's messages, and the bytes that they are about.
+struct ListedMessages
 {
-    const InputFile& file;
-    int offset;
-    int length;
-    bool isInMbox;
+    std::vector<ListRow> rows;
+    qint64 bytes = 0;
 };
 
-QString column(const QString& text, int width)
+ListedMessages listMessages(const std::vector<MailPlace>& places, const ListOptions& options)
 {
-    if (text.size() > width)
-        return text.left(width - 1) + QChar(0x2026);
-    return text.leftJustified(width);
-}
-
-/// "@2" for two attachments, "!" for a message that was not downloaded completely.
-QString marks(const EMAIL_MIME& message)
-{
-    const QString attachments =
-        message.hasAttachment() ? '@' + QString::number(message.getAttachNum()) : QString();
-    return message.isCompleteMessage() ? attachments : attachments + '!';
-}
-
-QByteArray lineFor(const EMAIL_MIME& message, int charset)
-{
-    const QString from = readableAddresses(message.getFrom(charset));
-    const QString line = column(message.getDateStr(), 15) + "  " + column(from, 30) + "  " +
-                         column(marks(message), 5) + "  " +
-                         message.getSubject(charset).simplified();
-    return printableLine(line);
-}
-
-QByteArray jsonFor(const EMAIL_MIME& message, const Place& place, int charset)
-{
-    QJsonObject object{{"file", jsonPath(place.file.path())},
-                       {"size", place.length},
-                       {"displayDate", message.getDateStr()},
-                       {"from", readableAddresses(message.getFrom(charset))},
-                       {"to", readableAddresses(message.getTo(charset))},
-                       {"subject", message.getSubject(charset)},
-                       {"hasAttachment", message.hasAttachment()},
-                       {"attachments", message.getAttachNum()},
-                       {"complete", message.isCompleteMessage()}};
-    if (place.isInMbox)
-        object.insert("offset", place.offset);
-    const unsigned long date = message.getDate();
-    if (date != 0) {
-        const QDateTime moment = QDateTime::fromSecsSinceEpoch(qint64(date), Qt::UTC);
-        object.insert("date", moment.toString(Qt::ISODate));
+    ListedMessages listed;
+    for (const MailPlace& place : places) {
+        if (wasInterrupted())
+            break;
+        Mail mail(place, options.inputs.charset);
+        listed.rows.push_back(listRow(mail, options.format));
+        listed.bytes += place.length;
     }
-    return compactJson(object);
+    return listed;
 }
 
-void listMessage(const Place& place, const ListOptions& options, Session& session)
+class Listing
 {
-    EMAIL_MIME message;
-    parseRange(place.file, place.offset, place.length, *message.mMessage);
-    session.print((options.json ? jsonFor(message, place, options.charset)
-                                : lineFor(message, options.charset)) +
-                  '\n');
-}
-
-void listFile(const MailFile& found, const ListOptions& options, ProgressBar& bar, Session& session)
-{
-    const InputFile file(found.path);
-    if (!file.isOpen()) {
-        session.complain(found.path, file.problem());
-        bar.advance(found.size);
-        return;
+public:
+    Listing(const ListOptions& options, Session& session)
+        : mOptions(options), mSession(session), mSource(options.inputs, session),
+          mBar("Reading", mSource.totalSize()),
+          mJobs(threadsFor(options), [this](ListedMessages listed) { take(std::move(listed)); })
+    {
     }
-    MboxReader messages(file.bytes());
-    std::string_view message;
-    while (session.isOutputOpen() && !wasInterrupted() && messages.next(message)) {
-        const int offset = static_cast<int>(message.data() - file.data());
-        const int length = static_cast<int>(message.size());
-        listMessage({file, offset, length, messages.isMbox()}, options, session);
-        bar.advance(length);
-    }
-}
 
-void list(const ListOptions& options, Session& session)
+    void run()
+    {
+        MailPlace place;
+        while (mSource.next(place)) {
+            mBytes += place.length;
+            mPlaces.push_back(place);
+            if (mPlaces.size() >= kMostMessagesOfAJob || mBytes >= kMostBytesOfAJob)
+                handIn();
+        }
+        handIn();
+        mJobs.finish();
+        if (!wasInterrupted())
+            printSorted();
+    }
+
+private:
+    static int threadsFor(const ListOptions& options)
+    {
+        return options.jobs > 0 ? static_cast<int>(options.jobs) : QThread::idealThreadCount();
+    }
+
+    void handIn()
+    {
+        mJobs.add([places = std::move(mPlaces), this] { return listMessages(places, mOptions); });
+        mPlaces.clear();
+        mBytes = 0;
+    }
+
+    void take(ListedMessages listed)
+    {
+        mBar.advance(listed.bytes);
+        for (ListRow& row : listed.rows) {
+            if (mOptions.format.sort.empty() && !mOptions.format.reverse)
+                mSession.print(row.line);
+            else
+                mRows.push_back(std::move(row));
+        }
+    }
+
+    void printSorted()
+    {
+        std::stable_sort(mRows.begin(), mRows.end(), isBefore);
+        if (mOptions.format.reverse)
+            std::reverse(mRows.begin(), mRows.end());
+        for (const ListRow& row : mRows)
+            mSession.print(row.line);
+    }
+
+    const ListOptions& mOptions;
+    Session& mSession;
+    MailSource mSource;
+    ProgressBar mBar;
+    std::vector<MailPlace> mPlaces;
+    qint64 mBytes = 0;
+    std::vector<ListRow> mRows;
+    OrderedJobs<ListedMessages> mJobs;
+};
+
+void list(ListOptions& options, Session& session)
 {
     const InterruptGuard guard;
-    const std::vector<MailFile> files = findMailFiles(options.paths, session);
-    qint64 total = 0;
-    for (const MailFile& file : files)
-        total += file.size;
-    ProgressBar bar("Reading", total);
-    for (const MailFile& file : files) {
-        if (!session.isOutputOpen() || wasInterrupted())
-            break;
-        listFile(file, options, bar, session);
-    }
+    options.format.width = outputWidth();
+    Listing(options, session).run();
     if (wasInterrupted())
         session.setInterrupted();
 }
@@ -129,21 +130,27 @@ void list(const ListOptions& options, Session& session)
 void addList(CLI::App& tool, Session& session)
 {
     const auto options = std::make_shared<ListOptions>();
-    CLI::App* command = addCommand(
+    Arguments arguments(
         tool, "list", "Print a line for each message of files, folders, Maildirs and mboxes",
-        "A line holds date, sender, marks and subject: \"@2\" marks two attachments, \"!\" a\n"
-        "message that is not complete. With --json it is one object, so that any tool that\n"
-        "splits work can spread a large mail store over many processes.\n"
+        "A line holds date (in local time), sender, marks and subject: \"@2\" marks two\n"
+        "attachments, \"!\" a message that is not complete. It fits into the terminal. With\n"
+        "--json it is one object.\n"
         "\n"
         "Example:\n"
-        "  tarvomime list ~/Maildir\n"
-        "  tarvomime list --json archive.mbox | jq -r 'select(.attachments > 3) | .subject'");
-    command->add_option("PATH", options->paths, "Files, folders, Maildirs and mboxes")
-        ->required()
-        ->type_name("");
-    addJson(*command, options->json);
-    addCharset(*command, options->charset);
-    command->callback([options, &session] { list(*options, session); });
+        "  tarvomime list ~/Maildir --sort date\n"
+        "  tarvomime list --json archive.mbox | jq -r 'select(.attachments > 3) | .subject'\n"
+        "  tarvomime list --files ~/Maildir | grep Rechnung");
+    ListFormat& format = options->format;
+    addMailInputs(arguments, options->inputs);
+    arguments.charset(options->inputs.charset);
+    arguments.json(format.json);
+    arguments.flag("--files", format.files, "Name the file of each message");
+    arguments.choice("--sort", format.sort, {"date", "from", "subject", "size"},
+                     "Sort (subjects without \"Re:\"); without it, as messages are found");
+    arguments.flag("--reverse", format.reverse, "Turn the order round");
+    arguments.number("--jobs", options->jobs, 1, "Threads to work with (default: one a processor)");
+    addColor(arguments, format.color);
+    arguments.run([options, &session] { list(*options, session); });
 }
 
 } // namespace tarvomime::tool

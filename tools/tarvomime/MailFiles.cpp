@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "tools/tarvomime/MailFiles.h"
 
+#include "extra/Maildir.h"
 #include "tools/tarvomime/Session.h"
 
+#include <QFile>
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <dirent.h>
 #include <memory>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace tarvomime::tool {
 
@@ -19,15 +22,14 @@ struct FolderCloser
     void operator()(DIR* folder) const { closedir(folder); }
 };
 
-bool isFolder(const std::string& path)
+/// Links to folders are not followed, so that no loop is walked.
+bool belongsToFolder(const std::string& name, const std::string& entry)
 {
-    struct stat status;
-    return lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
-bool isMaildir(const std::string& path)
-{
-    return isFolder(path + "/cur") && isFolder(path + "/new");
+    struct stat link;
+    struct stat target;
+    const bool linkToFolder = lstat(entry.c_str(), &link) == 0 && S_ISLNK(link.st_mode) &&
+                              stat(entry.c_str(), &target) == 0 && S_ISDIR(target.st_mode);
+    return name[0] != '.' && !linkToFolder;
 }
 
 class Search
@@ -50,27 +52,47 @@ public:
 private:
     void visit(const std::string& path)
     {
-        struct stat status;
-        if (stat(path.c_str(), &status) != 0)
-            mSession.complain(path, std::strerror(errno));
-        else if (S_ISDIR(status.st_mode))
-            openFolder(path);
-        else
+        struct stat status = {};
+        const QString name = QFile::decodeName(path.c_str());
+        if (path == "-")
+            (void)fstat(STDIN_FILENO, &status);
+        else if (stat(path.c_str(), &status) != 0)
+            return mSession.complain(path, std::strerror(errno));
+        if (path == "-" || !S_ISDIR(status.st_mode))
             mFound.push_back({path, status.st_size});
+        else if (isMaildir(name))
+            addMaildirs(name);
+        else
+            openFolder(path);
+    }
+
+    /// Sub-folders of a Maildir have none of their own.
+    void addMaildirs(const QString& path)
+    {
+        addMaildir(path);
+        for (const QString& folder : maildirFolders(path))
+            addMaildir(folder);
+    }
+
+    void addMaildir(const QString& path)
+    {
+        const Result<QList<MaildirMessage>> messages = readMaildir(path);
+        if (!messages)
+            return mSession.complain(QFile::encodeName(path).toStdString(),
+                                     messages.reason().toStdString());
+        for (const MaildirMessage& message : *messages)
+            mFound.push_back({QFile::encodeName(message.path).toStdString(), message.size});
     }
 
     void openFolder(const std::string& path)
     {
         std::vector<std::string> names;
-        if (!readNames(path, names)) {
-            mSession.complain(path, std::strerror(errno));
-            return;
-        }
-        const bool maildir = isMaildir(path);
+        if (!readNames(path, names))
+            return mSession.complain(path, std::strerror(errno));
         std::sort(names.begin(), names.end());
         for (auto name = names.rbegin(); name != names.rend(); ++name) {
             const std::string entry = path + '/' + *name;
-            if (maildir ? belongsToMaildir(*name, entry) : belongsToFolder(*name, entry))
+            if (belongsToFolder(*name, entry))
                 mPending.push_back(entry);
         }
     }
@@ -83,22 +105,6 @@ private:
         while (const dirent* entry = readdir(folder.get()))
             names.emplace_back(entry->d_name);
         return true;
-    }
-
-    /// "tmp" holds messages that are not there yet; sub-folders begin with a dot.
-    static bool belongsToMaildir(const std::string& name, const std::string& entry)
-    {
-        const bool subfolder = name.size() > 1 && name[0] == '.' && name != "..";
-        return name == "cur" || name == "new" || (subfolder && isMaildir(entry));
-    }
-
-    static bool belongsToFolder(const std::string& name, const std::string& entry)
-    {
-        struct stat link;
-        struct stat target;
-        const bool linkToFolder = lstat(entry.c_str(), &link) == 0 && S_ISLNK(link.st_mode) &&
-                                  stat(entry.c_str(), &target) == 0 && S_ISDIR(target.st_mode);
-        return name[0] != '.' && !linkToFolder;
     }
 
     Session& mSession;

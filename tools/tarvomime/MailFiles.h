@@ -16,10 +16,10 @@ struct MailFile
     qint64 size;
 };
 
-/// All mail files that `paths` name, in order: a file is itself, a folder stands for the files in
-/// it and below, sorted by name. Of a Maildir only the messages are taken ("new" and "cur"), its
-/// sub-folders included. In other folders hidden files are left out; links to folders are not
-/// followed, so that no loop is walked. What cannot be read is complained about.
+/// All mail files that `paths` name, in order: a file is itself, "-" standard input, and a folder
+/// stands for the files in it and below, sorted by name, a Maildir for its messages in the order of
+/// their delivery and then those of its sub-folders. In other folders hidden files are left out,
+/// and links to folders are not followed. What cannot be read is complained about.
 std::vector<MailFile> findMailFiles(const std::vector<std::string>& paths, Session& session);
 
 } // namespace tarvomime::tool

@@ -25,6 +25,8 @@ void writeResult(const std::string& out, qint64 expectedSize, Session& session,
         return;
     if (wasInterrupted())
         session.setInterrupted();
+    else if (out.empty())
+        session.complainOfOutput(target.problem());
     else
         session.complain(target.name(), target.problem());
 }

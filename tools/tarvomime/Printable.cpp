@@ -122,15 +122,4 @@ QByteArray printableLine(const QString& text)
     return printableLine({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
-QString readableAddresses(const QString& addresses)
-{
-    QString out;
-    for (const QChar c : addresses.simplified()) {
-        if (c == '<' && !out.isEmpty() && out.back() != ' ' && out.back() != ',')
-            out += ' ';
-        out += c;
-    }
-    return out;
-}
-
 } // namespace tarvomime::tool

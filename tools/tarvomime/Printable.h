@@ -19,8 +19,4 @@ QByteArray printableText(const QString& text);
 QByteArray printableLine(std::string_view text);
 QByteArray printableLine(const QString& text);
 
-/// Addresses as a reader wants them: on one line, and with the blank in front of "<" that decoding
-/// an encoded word takes away.
-QString readableAddresses(const QString& addresses);
-
 } // namespace tarvomime::tool

@@ -5,9 +5,21 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <poll.h>
 #include <unistd.h>
 
 namespace tarvomime::tool {
+
+namespace {
+
+/// Whether standard output is a pipe that nobody reads any more.
+bool isReaderGone()
+{
+    pollfd output = {STDOUT_FILENO, 0, 0};
+    return poll(&output, 1, 0) == 1 && (output.revents & POLLERR) != 0;
+}
+
+} // namespace
 
 Session::Session()
 {
@@ -33,13 +45,26 @@ void Session::printErrorLine(const std::string& line)
     std::fprintf(stderr, "tarvomime: %s\n", printableLine(line).constData());
 }
 
+void Session::complainOfOutput(const std::string& reason)
+{
+    if (isReaderGone())
+        mStatus = std::max(mStatus, ExitStatus::ReaderGone);
+    else
+        complain("standard output", reason);
+}
+
+void Session::endOutput()
+{
+    mOutput.flush();
+    mOutputEnded = true;
+}
+
 int Session::finish()
 {
-    if (!mOutput.flush() || !isOutputOpen()) {
-        // An interrupted command has had its output cut off on purpose.
-        if (mStatus != ExitStatus::Interrupted)
-            complain("standard output", mOutput.errorString().toStdString());
-    }
+    const bool complete = mOutputEnded || (mOutput.flush() && isOutputOpen());
+    // An interrupted command has had its output cut off on purpose.
+    if (!complete && mStatus != ExitStatus::Interrupted)
+        complainOfOutput(mOutput.errorString().toStdString());
     if (mStatus == ExitStatus::Done && mHasFound)
         mStatus = ExitStatus::Found;
     return static_cast<int>(mStatus);

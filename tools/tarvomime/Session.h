@@ -7,8 +7,16 @@
 
 namespace tarvomime::tool {
 
-/// What the exit status says, in the words of `runTool`.
-enum class ExitStatus { Done = 0, Failed = 1, WrongUsage = 2, Found = 3, Interrupted = 130 };
+/// What the exit status says, in the words of `runTool`. 141 is what a shell says of a program that
+/// nobody listens to any more.
+enum class ExitStatus {
+    Done = 0,
+    Failed = 1,
+    WrongUsage = 2,
+    Found = 3,
+    Interrupted = 130,
+    ReaderGone = 141
+};
 
 /// One run of the tool: its standard output, its complaints and the exit status they lead to.
 ///
@@ -34,6 +42,11 @@ public:
     void refuse(const std::string& reason);
     /// The exit status becomes 3 unless something failed.
     void setFound() { mHasFound = true; }
+    /// The same for standard output. That its reader had enough ("| head") is no news to anybody:
+    /// it changes nothing but the exit status.
+    void complainOfOutput(const std::string& reason);
+    /// Writes what is left to a reader that may leave when it likes, as a pager does.
+    void endOutput();
     void setInterrupted() { mStatus = ExitStatus::Interrupted; }
 
     /// Writes what is left of the output and returns the exit status.
@@ -43,6 +56,7 @@ private:
     void printErrorLine(const std::string& line);
 
     QFile mOutput;
+    bool mOutputEnded = false;
     ExitStatus mStatus = ExitStatus::Done;
     bool mHasFound = false;
 };

@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "tools/tarvomime/Arguments.h"
 #include "tools/tarvomime/Commands.h"
-#include "tools/tarvomime/InputFile.h"
-#include "tools/tarvomime/MessageText.h"
-#include "tools/tarvomime/PartTree.h"
-#include "tools/tarvomime/Printable.h"
-#include "tools/tarvomime/Session.h"
-#include "tools/tarvomime/StoredMessage.h"
+#include "tools/tarvomime/Heading.h"
+#include "tools/tarvomime/Pager.h"
 #include "tools/tarvomime/TreeDrawing.h"
-#include "utility/EMAIL_MIME.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 
 namespace tarvomime::tool {
 
@@ -18,64 +14,68 @@ namespace {
 
 struct ShowOptions
 {
-    std::vector<std::string> files;
-    int charset = CHARSET_UTF_8;
+    MailInputs inputs;
+    std::string color;
+    bool noPager = false;
 };
 
-QByteArray headerLine(const char* name, const QString& value)
+QByteArray headerLine(const Style& style, const char* name, const QString& value)
 {
-    return value.isEmpty() ? QByteArray()
-                           : QByteArray(name) + ": " + printableLine(value.simplified()) + '\n';
-}
-
-QByteArray addressLine(const char* name, const QString& addresses)
-{
-    return headerLine(name, readableAddresses(addresses));
+    if (value.isEmpty())
+        return {};
+    return style.label(QByteArray(name) + ':') + ' ' + printableLine(value.simplified()) + '\n';
 }
 
 /// The header fields that a reader wants to see, decoded.
-QByteArray readerHeader(const EMAIL_MIME& message, int charset)
+QByteArray readerHeader(const Mail& mail, const EMAIL_MIME& message, const Style& style)
 {
-    return addressLine("From", message.getFrom(charset)) +
-           addressLine("To", message.getTo(charset)) + addressLine("Cc", message.getCc(charset)) +
-           addressLine("Reply-To", message.getReplyTo(charset)) +
-           headerLine("Date", message.getRawDateStr()) +
-           headerLine("Subject", message.getSubject(charset)) +
-           (message.isCompleteMessage() ? "" : "Incomplete: a part of it was left on the server\n");
+    QByteArray header;
+    for (const char* field : {"From", "To", "Cc", "Reply-To"})
+        header += headerLine(style, field, mail.people(field));
+    for (const char* field : {"Date", "Subject"})
+        header += headerLine(style, field, mail.text(field));
+    if (!message.isCompleteMessage())
+        header += headerLine(style, "Incomplete", "a part of it was left on the server");
+    return header;
 }
 
-QByteArray shownText(EMAIL_MIME& message, const std::string& path, int charset, Session& session)
+/// What others wrote stands back.
+QByteArray withFaintQuotes(const QByteArray& text, const Style& style)
 {
-    QString text;
-    if (!readMessageText(message, charset, text))
-        session.complain(path, "its text cannot be read");
-    if (text.isEmpty())
-        return "(no message text)\n";
-    return printableText(text) + (text.endsWith('\n') ? "" : "\n");
+    QByteArray out;
+    for (const QByteArray& line : text.split('\n'))
+        out += (line.startsWith('>') ? style.faint(line) : line) + '\n';
+    return out;
 }
 
-void showFile(const std::string& path, const ShowOptions& options, Session& session)
+QByteArray textOf(Mail& mail, const Style& style, Session& session)
 {
-    const InputFile file(path);
-    if (!file.isOpen()) {
-        session.complain(path, file.problem());
-        return;
-    }
-    EMAIL_MIME message;
-    parseStored(file, *message.mMessage);
-    if (options.files.size() > 1)
-        session.print("==> " + printableLine(path) + " <==\n");
-    session.print(readerHeader(message, options.charset) + '\n');
-    session.print(drawnTree(PartTree(*message.mMessage, file), options.charset) + '\n');
-    session.print(shownText(message, path, options.charset, session));
+    const Result<QString> text = shownText(mail.content(), 0, mail.fallback());
+    if (!text)
+        session.complain(mail.name(), text.reason().toStdString());
+    if (!text || text->isEmpty())
+        return style.faint("(no message text)") + '\n';
+    QByteArray printable = printableText(*text);
+    if (printable.endsWith('\n'))
+        printable.chop(1);
+    return withFaintQuotes(printable, style);
 }
 
 void show(const ShowOptions& options, Session& session)
 {
-    for (const std::string& path : options.files) {
-        if (!session.isOutputOpen())
-            return;
-        showFile(path, options, session);
+    const Style style(options.color);
+    std::optional<Pager> pager;
+    if (!options.noPager)
+        pager.emplace(session);
+    MailSource source(options.inputs, session);
+    Heading heading(session, style);
+    MailPlace place;
+    while (source.next(place)) {
+        Mail mail(place, options.inputs.charset);
+        heading.print(source, mail);
+        session.print(readerHeader(mail, mail.message(), style) + '\n');
+        session.print(drawnTree(mail.content(), mail.fallback(), style) + '\n');
+        session.print(textOf(mail, style, session));
     }
 }
 
@@ -84,15 +84,21 @@ void show(const ShowOptions& options, Session& session)
 void addShow(CLI::App& tool, Session& session)
 {
     const auto options = std::make_shared<ShowOptions>();
-    CLI::App* command =
-        addCommand(tool, "show", "Show messages: decoded header, part tree and text",
-                   "Control characters in them are shown as escapes.\n"
-                   "\n"
-                   "Example:\n"
-                   "  tarvomime show mail.eml");
-    addFiles(*command, options->files);
-    addCharset(*command, options->charset);
-    command->callback([options, &session] { show(*options, session); });
+    Arguments arguments(
+        tool, "show", "Show messages: decoded header, part tree and text",
+        "The text is the plain one where the sender offers it, else made of HTML. Control\n"
+        "characters are shown as escapes. On a terminal, a text that is longer than the\n"
+        "screen goes through the pager ($PAGER, or less).\n"
+        "\n"
+        "Example:\n"
+        "  tarvomime show mail.eml\n"
+        "  tarvomime show archive.mbox --message 3\n"
+        "  ssh host cat Mail/42 | tarvomime show -");
+    addMailInputs(arguments, options->inputs);
+    arguments.charset(options->inputs.charset);
+    addColor(arguments, options->color);
+    arguments.flag("--no-pager", options->noPager, "Write to the terminal directly");
+    arguments.run([options, &session] { show(*options, session); });
 }
 
 } // namespace tarvomime::tool

@@ -4,10 +4,15 @@
 #include "tools/tarvomime/Interrupt.h"
 #include "tools/tarvomime/Session.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <limits>
+#include <memory>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tarvomime::tool {
@@ -24,7 +29,49 @@ ssize_t readBlock(char* block, std::size_t length)
     }
 }
 
+bool writeAll(int descriptor, const char* block, std::size_t length)
+{
+    while (length > 0) {
+        const ssize_t count = write(descriptor, block, length);
+        if (count < 0 && errno != EINTR)
+            return false;
+        const auto written = static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+        block += written;
+        length -= written;
+    }
+    return true;
+}
+
+bool copyStandardInput(int target)
+{
+    std::array<char, 65536> block;
+    qint64 copied = 0;
+    ssize_t count = 0;
+    // What is too large to be read is not copied to its end.
+    while (copied <= std::numeric_limits<int>::max() &&
+           (count = readBlock(block.data(), block.size())) > 0) {
+        if (!writeAll(target, block.data(), static_cast<std::size_t>(count)))
+            return false;
+        copied += count;
+    }
+    return count >= 0;
+}
+
 } // namespace
+
+int openStandardInput()
+{
+    struct stat status;
+    if (fstat(STDIN_FILENO, &status) != 0)
+        return -1;
+    const bool readable = S_ISREG(status.st_mode) && lseek(STDIN_FILENO, 0, SEEK_CUR) == 0;
+    if (readable || S_ISDIR(status.st_mode))
+        return fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0);
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> copy(std::tmpfile(), std::fclose);
+    if (!copy || !copyStandardInput(fileno(copy.get())))
+        return -1;
+    return fcntl(fileno(copy.get()), F_DUPFD_CLOEXEC, 0);
+}
 
 bool readStandardInput(QByteArray& out, Session& session)
 {

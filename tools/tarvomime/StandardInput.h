@@ -11,4 +11,8 @@ class Session;
 /// wait.
 bool readStandardInput(QByteArray& out, Session& session);
 
+/// A descriptor of all that standard input holds: its file, or a nameless copy of what comes
+/// through a pipe or from a terminal. -1, with the reason in `errno`, where it cannot be read.
+int openStandardInput();
+
 } // namespace tarvomime::tool

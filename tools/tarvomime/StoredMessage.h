@@ -22,10 +22,4 @@ void parseStored(const InputFile& file, EMAIL_Message& message);
 /// mapping.
 void parseInMemory(const InputFile& file, EMAIL_Message& message);
 
-/// Parses `file` without any way to read bodies through the library: all stay ranges of the file.
-/// For commands that look at structure only, or read the ranges themselves.
-void parseRanges(const InputFile& file, EMAIL_Message& message);
-/// The same for the message that is `length` bytes of the file from `offset` on.
-void parseRange(const InputFile& file, int offset, int length, EMAIL_Message& message);
-
 } // namespace tarvomime::tool

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "tools/tarvomime/Tool.h"
 
+#include "tools/tarvomime/CharsetNames.h"
 #include "tools/tarvomime/Commands.h"
+#include "tools/tarvomime/NearestName.h"
 #include "tools/tarvomime/Session.h"
 #include "utility/EMAIL_Util.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 #include <sstream>
 
@@ -17,9 +20,10 @@ constexpr const char* kVersion = "tarvomime " TARVOMIME_VERSION;
 
 constexpr const char* kFooter =
     "Exit status: 0 when all went well, 1 when a file failed (the others are still\n"
-    "worked on), 2 for wrong usage, 3 for findings of 'lint --strict', 130 after Ctrl-C.\n"
+    "worked on), 2 for wrong usage, 3 for findings of 'lint --strict', 130 after Ctrl-C,\n"
+    "141 when the reader of the output went away.\n"
     "\n"
-    "'tarvomime COMMAND --help' explains a command and shows an example.";
+    "'tarvomime help COMMAND' explains a command and shows an example.";
 
 void addCommands(CLI::App& tool, Session& session)
 {
@@ -40,23 +44,35 @@ void addCommands(CLI::App& tool, Session& session)
     addEncode(tool, session);
     addDecode(tool, session);
     addWords(tool, session);
+    // It is spelt out before the command line is read.
+    tool.add_subcommand("help", "Explain a command")->group("Commands");
 }
 
 /// CLI11 reads an argument like "[a,b]" as a list of values, and there are mail folders called
 /// "[Gmail]": behind a closing bracket stands this mark until CLI11 is done with the argument.
 constexpr char kBracketMark = '\x01';
 
-std::vector<std::string> markedArguments(int argumentCount, const char* const* arguments)
+/// "help COMMAND" is "COMMAND --help".
+std::vector<std::string> wordsOf(int argumentCount, const char* const* arguments)
 {
-    // CLI11 takes its arguments from the end.
-    std::vector<std::string> marked;
-    for (int i = argumentCount - 1; i > 0; --i) {
-        std::string argument = arguments[i];
-        if (!argument.empty() && argument.back() == ']')
-            argument += kBracketMark;
-        marked.push_back(std::move(argument));
+    std::vector<std::string> words(arguments + std::min(argumentCount, 1),
+                                   arguments + argumentCount);
+    if (!words.empty() && words.front() == "help") {
+        words.erase(words.begin());
+        words.emplace_back("--help");
     }
-    return marked;
+    return words;
+}
+
+std::vector<std::string> markedWords(std::vector<std::string> words)
+{
+    for (std::string& word : words) {
+        if (!word.empty() && word.back() == ']')
+            word += kBracketMark;
+    }
+    // CLI11 takes its arguments from the end.
+    std::reverse(words.begin(), words.end());
+    return words;
 }
 
 std::string withoutMark(std::string argument)
@@ -95,9 +111,24 @@ std::string commandLineOf(const CLI::App& tool)
     return line;
 }
 
-int refuseCommandLine(const CLI::App& tool, const CLI::ParseError& mistake, Session& session)
+/// What is wrong with the name of the command; empty where nothing is.
+std::string commandProblem(const CLI::App& tool, const std::vector<std::string>& words)
 {
-    session.refuse(mistake.what());
+    if (words.empty() || words.front().empty() || words.front()[0] == '-')
+        return {};
+    std::vector<std::string> names;
+    for (const CLI::App* command : tool.get_subcommands([](const CLI::App*) { return true; }))
+        names.push_back(command->get_name());
+    if (std::find(names.begin(), names.end(), words.front()) != names.end())
+        return {};
+    const std::string nearest = nearestName(words.front(), names);
+    return "'" + words.front() + "' is no command" +
+           (nearest.empty() ? "" : "; did you mean '" + nearest + "'?");
+}
+
+int refuseCommandLine(const CLI::App& tool, const std::string& reason, Session& session)
+{
+    session.refuse(reason);
     std::cerr << "Try '" << commandLineOf(tool) << " --help'." << std::endl;
     return session.finish();
 }
@@ -108,7 +139,7 @@ CLI::App* addCommand(CLI::App& tool, const std::string& name, const std::string&
                      const std::string& footer)
 {
     CLI::App* command = tool.add_subcommand(name, description);
-    command->set_version_flag("--version", kVersion, "Print the version and exit");
+    command->set_version_flag("-V,--version", kVersion, "Print the version and exit");
     command->footer(footer);
     command->group("Commands");
     return command;
@@ -139,7 +170,7 @@ CLI::Option* addCharset(CLI::App& command, int& charset)
 {
     const auto recognise = [&charset](const std::string& name) {
         charset = EMAIL_Util::charsetStrToEnum(name.c_str());
-        return charset == CHARSET_UNKNOWN ? "unknown charset '" + name + "'" : std::string();
+        return charset == CHARSET_UNKNOWN ? unknownCharset(name) : std::string();
     };
     return command
         .add_option("--charset", "Charset of text that does not say its own (default: utf-8)")
@@ -152,18 +183,22 @@ int runTool(int argumentCount, const char* const* arguments)
 {
     Session session;
     CLI::App tool("Reads, changes and writes Internet mail (RFC 822, MIME).", "tarvomime");
-    tool.set_version_flag("--version", kVersion, "Print the version and exit");
+    tool.set_version_flag("-V,--version", kVersion, "Print the version and exit");
     tool.get_formatter()->label("SUBCOMMAND", "COMMAND");
     tool.footer(kFooter);
     tool.require_subcommand(1);
     addCommands(tool, session);
     removeMarks(tool);
+    const std::vector<std::string> words = wordsOf(argumentCount, arguments);
+    const std::string problem = commandProblem(tool, words);
+    if (!problem.empty())
+        return refuseCommandLine(tool, problem, session);
     try {
-        tool.parse(markedArguments(argumentCount, arguments));
+        tool.parse(markedWords(words));
     } catch (const CLI::Success& wish) {
         return answerWithText(tool, wish, session);
     } catch (const CLI::ParseError& mistake) {
-        return refuseCommandLine(tool, mistake, session);
+        return refuseCommandLine(tool, mistake.what(), session);
     }
     return session.finish();
 }

@@ -4,25 +4,21 @@
 #include <QByteArray>
 #include <vector>
 
+namespace tarvomime {
+struct MessageContent;
+}
+
 namespace tarvomime::tool {
 
-class PartTree;
+class Style;
 
-/// Draws the lines that lead to the parts of a tree, asked for in reading order.
+/// How many levels below the message each of its parts lies.
+std::vector<int> levelsOfParts(const MessageContent& content);
+
+/// The part tree for people, a line for each part, printable.
 ///
 /// Lines are bounded: parts below the 40th level all stand at its depth, with their level said.
-class TreeDrawing
-{
-public:
-    /// The box-drawing characters in front of `part`'s line.
-    QByteArray prefix(int depth, bool isLastSibling);
-
-private:
-    /// For each open level, whether its part was the last of its siblings.
-    std::vector<bool> mIsLast;
-};
-
-/// The whole tree, a line a part; `charset` is for undeclared 8-bit text in names.
-QByteArray drawnTree(const PartTree& tree, int charset);
+QByteArray drawnTree(const MessageContent& content, const QByteArray& fallbackCharset,
+                     const Style& style);
 
 } // namespace tarvomime::tool
