@@ -135,8 +135,9 @@ QCString mapped(const QCString& text, char (*convert)(char))
 // Taken over, not copied.
 // cppcheck-suppress passedByValue
 QCString::QCString(QByteArray buffer, int offset, int length) noexcept
-    : mBuffer(std::move(buffer)), mOffset(offset), mLength(length)
+    : mText(buffer.constData() + offset), mLength(length)
 {
+    mBytes = tarvomime::SharedBytes(std::move(buffer));
 }
 
 QCString::QCString(const char* text)
@@ -165,6 +166,9 @@ QCString QCString::fromBytes(const QByteArray& bytes)
 {
     if (bytes.isNull() || bytes.size() > longestLength)
         return {};
+    // What an empty array over foreign memory points to may be gone.
+    if (bytes.isEmpty())
+        return fromLiteral("");
     return {owned(bytes), 0, static_cast<int>(bytes.size())};
 }
 
@@ -172,12 +176,20 @@ const char* QCString::data() const
 {
     if (isNull())
         return "";
-    const int stop = mOffset + mLength;
-    if (stop != mBuffer.size() && mBuffer.at(stop) != '\0') {
-        mBuffer = QByteArray(begin(), mLength);
-        mOffset = 0;
+    if (!isTerminated()) {
+        const QCString copy(QByteArray(mText, mLength), 0, mLength);
+        mBytes = copy.mBytes;
+        mText = copy.mText;
+        mIsForeign = false;
     }
-    return begin();
+    return mText;
+}
+
+void QCString::detach()
+{
+    const bool livesForEver = !mIsForeign && mBytes.isNull();
+    if (!isNull() && !livesForEver && !isWhole())
+        *this = QCString(QByteArray(mText, mLength), 0, mLength);
 }
 
 QCString QCString::left(int count) const
@@ -198,7 +210,7 @@ QCString QCString::mid(int index, int count) const
     if (index < 0 || index > mLength)
         return fromLiteral("");
     const int rest = mLength - index;
-    return {mBuffer, mOffset + index, count < 0 ? rest : std::min(count, rest)};
+    return cut(mText + index, count < 0 ? rest : std::min(count, rest));
 }
 
 QCString QCString::stripWhiteSpace() const
@@ -266,12 +278,13 @@ QCString& QCString::appendBytes(const char* bytes, int count)
 {
     if (count > longestLength - mLength)
         return *this = fromLiteral("");
-    // Keep the buffer's spare room when this text is all of it; otherwise start one of its own.
-    QByteArray buffer = mOffset == 0 && mLength == mBuffer.size()
-                            ? std::exchange(mBuffer, QByteArray())
-                            : QByteArray(begin(), mLength);
+    // Keep the buffer's spare room when this text is all of it; otherwise start one of its own. A
+    // second share would keep the array from growing in place.
+    QCString old = std::exchange(*this, QCString());
+    QByteArray buffer = old.isWhole() ? old.mBytes.takeArray(old.mText, old.mLength)
+                                      : QByteArray(old.begin(), old.mLength);
     buffer.append(bytes, count);
-    *this = QCString(std::move(buffer), 0, mLength + count);
+    *this = QCString(std::move(buffer), 0, old.mLength + count);
     return *this;
 }
 
@@ -320,8 +333,8 @@ QCString::operator QByteArray() const
 {
     if (isNull())
         return {};
-    const bool whole = mOffset == 0 && mLength == mBuffer.size();
-    return whole ? mBuffer : QByteArray(begin(), mLength);
+    return isWhole() ? tarvomime::SharedBytes(mBytes).takeArray(mText, mLength)
+                     : QByteArray(mText, mLength);
 }
 
 bool operator==(const QCString& a, const char* b) noexcept

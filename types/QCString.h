@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "types/SharedBytes.h"
 #include "types/TarvomimeExport.h"
 
 #include <QByteArray>
@@ -13,9 +14,10 @@
 
 /// 8-bit text of the wire: a slice of a shared buffer.
 ///
-/// A `QCString` is an offset and a length into a reference-counted `QByteArray`. Copying it,
-/// cutting it (`left`, `right`, `mid`) and trimming it cost O(1) and share the bytes; the buffer
-/// lives as long as its last slice. Positions and lengths are in bytes.
+/// A `QCString` is a start and a length in the reference-counted buffer of a `QByteArray`. Copying
+/// it, cutting it (`left`, `right`, `mid`) and trimming it cost O(1) and share the bytes; the
+/// buffer lives as long as its last slice, unless that is told to `detach`. Positions and lengths
+/// are in bytes.
 ///
 /// - Null and empty differ: a default-constructed text is null (`isNull`), "" is not. Both are
 ///   empty (`isEmpty`) and compare equal, since comparisons look at the bytes only. A null
@@ -43,6 +45,23 @@ public:
 
     /// A null text.
     QCString() noexcept = default;
+    QCString(const QCString&) noexcept = default;
+    /// The text that was moved from is null.
+    QCString(QCString&& other) noexcept
+        : mBytes(std::move(other.mBytes)), mText(std::exchange(other.mText, nullptr)),
+          mLength(std::exchange(other.mLength, 0)), mIsForeign(other.mIsForeign)
+    {
+    }
+    QCString& operator=(const QCString&) noexcept = default;
+    QCString& operator=(QCString&& other) noexcept
+    {
+        mBytes = std::move(other.mBytes);
+        std::swap(mText, other.mText);
+        std::swap(mLength, other.mLength);
+        std::swap(mIsForeign, other.mIsForeign);
+        return *this;
+    }
+    ~QCString() = default;
     /// A copy of the NUL-terminated `text`; null gives a null text.
     QCString(const char* text); // NOLINT(google-explicit-constructor): literals are texts
     /// A copy of at most `length` bytes of `text`, ending at the first NUL.
@@ -56,14 +75,23 @@ public:
     template <std::size_t N>
     static QCString fromLiteral(const char (&literal)[N])
     {
-        return QCString(QByteArray::fromRawData(literal, int(N) - 1), 0, int(N) - 1);
+        return QCString(literal, int(N) - 1, false);
+    }
+    /// A text over `length` foreign bytes, NUL bytes included: nothing is copied, and the caller
+    /// keeps them, unchanged, for as long as this text, copies and slices of it, and whatever is
+    /// parsed from it are used. `data()`, `detach()` and writing make a copy. Null, or a length
+    /// below 0 or above `longestLength`, gives a null text.
+    static QCString fromRawData(const char* bytes, int length)
+    {
+        const bool isText = bytes != nullptr && length >= 0 && length <= longestLength;
+        return isText ? QCString(bytes, length, true) : QCString();
     }
 
     /// Number of bytes, without a terminator.
     int length() const noexcept { return mLength; }
     /// Number of bytes with the terminator that `data()` shows; 0 for a null text.
     int size() const noexcept { return isNull() ? 0 : mLength + 1; }
-    bool isNull() const noexcept { return mOffset < 0; }
+    bool isNull() const noexcept { return mText == nullptr; }
     bool isEmpty() const noexcept { return mLength == 0; }
 
     /// The text, NUL-terminated; never a null pointer. Valid until the text is changed or
@@ -71,13 +99,17 @@ public:
     const char* data() const;
     /// The bytes as they lie in the shared buffer, not terminated; costs nothing.
     std::string_view view() const noexcept { return {begin(), static_cast<std::size_t>(mLength)}; }
-    const char* begin() const noexcept { return isNull() ? "" : mBuffer.constData() + mOffset; }
+    const char* begin() const noexcept { return isNull() ? "" : mText; }
     const char* end() const noexcept { return begin() + mLength; }
+
+    /// Lets go of whatever is not this text's own: a slice, which would keep the whole buffer that
+    /// it was cut from, and a text over foreign bytes become a copy.
+    void detach();
 
     /// The byte at `index`, or NUL outside the text.
     char at(int index) const noexcept
     {
-        return index >= 0 && index < mLength ? mBuffer.constData()[mOffset + index] : '\0';
+        return index >= 0 && index < mLength ? mText[index] : '\0';
     }
     char operator[](int index) const noexcept { return at(index); }
 
@@ -90,7 +122,7 @@ public:
     /// The bytes of `part`, which must be a view into this very text, as a slice of it.
     QCString slice(std::string_view part) const
     {
-        return mid(static_cast<int>(part.data() - begin()), static_cast<int>(part.size()));
+        return isNull() ? QCString() : cut(part.data(), static_cast<int>(part.size()));
     }
     /// Without SP, HTAB, CR, LF, VT and FF at both ends.
     QCString stripWhiteSpace() const;
@@ -165,12 +197,32 @@ public:
 
 private:
     QCString(QByteArray buffer, int offset, int length) noexcept;
+    // Over bytes that nobody counts.
+    QCString(const char* text, int length, bool isForeign) noexcept
+        : mText(text), mLength(length), mIsForeign(isForeign)
+    {
+    }
+    QCString cut(const char* start, int length) const
+    {
+        QCString part(*this);
+        part.mText = start;
+        part.mLength = length;
+        return part;
+    }
+    // Whether a NUL stands behind the text. There is always a byte to look at, but behind foreign
+    // bytes: an array keeps a terminator at its very end.
+    bool isTerminated() const noexcept { return !mIsForeign && mText[mLength] == '\0'; }
+    bool isWhole() const noexcept
+    {
+        return !isNull() && isTerminated() && mBytes.isWhole(mText, mLength);
+    }
     QCString& appendBytes(const char* bytes, int count);
 
-    // A null text has offset -1 and length 0. mBuffer keeps its own terminator at its very end.
-    mutable QByteArray mBuffer;
-    mutable int mOffset = -1;
+    mutable tarvomime::SharedBytes mBytes;
+    // Null for a null text.
+    mutable const char* mText = nullptr;
     int mLength = 0;
+    mutable bool mIsForeign = false;
 };
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
