@@ -24,19 +24,19 @@ using namespace tarvomime;
 class LineReader
 {
 public:
-    explicit LineReader(const QCString& text) : mText(text) {}
+    explicit LineReader(std::string_view text) : mText(text) {}
 
-    bool hasMore() const { return mPosition < mText.length(); }
+    bool hasMore() const { return mPosition < mText.size(); }
 
     /// The next line, without the CR and LF characters at its end.
-    QCString take()
+    std::string_view take()
     {
-        const std::string_view rest = mText.view().substr(static_cast<std::size_t>(mPosition));
+        const std::string_view rest = mText.substr(mPosition);
         std::string_view line = rest.substr(0, lineEnd(rest));
-        mPosition += static_cast<int>(line.size());
+        mPosition += line.size();
         while (!line.empty() && isLineBreak(line.back()))
             line.remove_suffix(1);
-        return mText.slice(line);
+        return line;
     }
 
 private:
@@ -52,8 +52,8 @@ private:
         return end;
     }
 
-    QCString mText;
-    int mPosition = 0;
+    std::string_view mText;
+    std::size_t mPosition = 0;
 };
 
 // Most names already differ in their lengths, which are looked at in place.
@@ -93,14 +93,14 @@ EMAIL_Header::~EMAIL_Header()
 void EMAIL_Header::parse()
 {
     const QCString nameless;
-    LineReader lines(mString);
+    LineReader lines(mString.view());
     while (lines.hasMore()) {
-        QCString line = lines.take();
-        const Sides sides = sidesOfFirst(":", line.view(), true);
-        EMAIL_Field* parsed = createFieldOf(*this, line.isEmpty() ? nameless : line, sides.left);
+        const std::string_view line = lines.take();
+        const Sides sides = sidesOfFirst(":", line, true);
+        EMAIL_Field* parsed = createFieldOf(*this, line.empty() ? nameless : mString, sides.left);
         if (sides.right)
-            parsed->mBody = line.slice(*sides.right);
-        parsed->mString = std::move(line);
+            parsed->mBody = mString.slice(*sides.right);
+        parsed->mString = mString.slice(line);
         TARVOMIME_CHECK_ALLOCATION(mFields.append(parsed), "mFields", "utility/EMAIL_Header.cpp",
                                    "virtual void EMAIL_Header::parse()");
     }

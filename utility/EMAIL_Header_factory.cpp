@@ -11,6 +11,7 @@
 #include "utility/header/FieldNames.h"
 
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <new>
 
@@ -74,11 +75,11 @@ constexpr RowsByLength kRowsByLength = makeRowsByLength();
 
 const KnownField* findKnown(std::string_view name)
 {
-    const std::uint32_t rows = name.size() <= kLongestName ? kRowsByLength[name.size()] : 0;
-    const KnownField* known = kKnownFields.data();
-    for (std::uint32_t rest = rows; rest != 0; rest >>= 1, ++known) {
-        if ((rest & 1U) != 0 && equalIgnoringCase(known->spelling, name))
-            return known;
+    std::uint32_t rows = name.size() <= kLongestName ? kRowsByLength[name.size()] : 0;
+    for (; rows != 0; rows &= rows - 1) {
+        const KnownField& known = kKnownFields[static_cast<std::size_t>(std::countr_zero(rows))];
+        if (equalIgnoringCase(known.spelling, name))
+            return &known;
     }
     return nullptr;
 }

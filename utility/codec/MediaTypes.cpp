@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/MediaTypes.h"
 
+#include "types/Ascii.h"
 #include "utility/EMAIL_Numbers.h"
 
 #include <algorithm>
@@ -181,11 +182,33 @@ bool writeName(int number, const std::array<NumberedName, Size>& rows, QCString&
     return true;
 }
 
+constexpr std::size_t kLongestName = 32;
+
+template <std::size_t Size>
+constexpr bool isRoomFor(const std::array<NumberedName, Size>& rows)
+{
+    return std::all_of(rows.begin(), rows.end(),
+                       [](const NumberedName& row) { return row.name.size() <= kLongestName; });
+}
+static_assert(isRoomFor(kTypeNames) && isRoomFor(kSubtypeNames) && isRoomFor(kReadOnlySpellings));
+
+using NameRoom = std::array<char, kLongestName>;
+
+// The name in lower case; nothing of one that is longer than all that are known.
+std::string_view lowered(const QCString& name, NameRoom& room)
+{
+    if (name.length() > static_cast<int>(room.size()))
+        return {};
+    char* end = std::transform(name.begin(), name.end(), room.data(), asciiLower);
+    return {room.data(), static_cast<std::size_t>(end - room.data())};
+}
+
 } // namespace
 
 int mediaTypeFromName(const QCString& name)
 {
-    return name.isEmpty() ? TYPE_UNKNOWN : numberOf(name.lower().view(), kTypeNames);
+    NameRoom room;
+    return numberOf(lowered(name, room), kTypeNames);
 }
 
 bool writeMediaTypeName(int type, QCString& name)
@@ -195,11 +218,10 @@ bool writeMediaTypeName(int type, QCString& name)
 
 int subtypeFromName(const QCString& name)
 {
-    if (name.isEmpty())
-        return SUBTYPE_UNKNOWN;
-    const QCString lower = name.lower();
-    const int readOnly = numberOf(lower.view(), kReadOnlySpellings);
-    return readOnly != SUBTYPE_UNKNOWN ? readOnly : numberOf(lower.view(), kSubtypeNames);
+    NameRoom room;
+    const std::string_view lower = lowered(name, room);
+    const int readOnly = numberOf(lower, kReadOnlySpellings);
+    return readOnly != SUBTYPE_UNKNOWN ? readOnly : numberOf(lower, kSubtypeNames);
 }
 
 bool writeSubtypeName(int subtype, QCString& name)

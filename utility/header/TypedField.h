@@ -5,14 +5,25 @@
 #include "utility/EMAIL_Header.h"
 
 #include <algorithm>
+#include <typeinfo>
 
 namespace tarvomime {
+
+/// The field as one of its class; null for one of another. Nearly all are exactly of the class,
+/// which is told without a walk over the classes above.
+template <class Typed>
+Typed* asTyped(EMAIL_Field* field)
+{
+    if (field != nullptr && typeid(*field) == typeid(Typed))
+        return static_cast<Typed*>(field);
+    return dynamic_cast<Typed*>(field);
+}
 
 /// The field, parsed; null for one of another class.
 template <class Typed>
 Typed* parsedAs(EMAIL_Field* field)
 {
-    auto* typed = dynamic_cast<Typed*>(field);
+    Typed* typed = asTyped<Typed>(field);
     if (typed != nullptr && typed->mParsed == 0)
         typed->parse();
     return typed;
@@ -49,7 +60,7 @@ template <class Typed>
 Typed* typedField(EMAIL_Header& header, const QCString& name)
 {
     EMAIL_Field* field = header.field(name);
-    if (auto* typed = dynamic_cast<Typed*>(field))
+    if (Typed* typed = asTyped<Typed>(field))
         return typed;
     return static_cast<Typed*>(replaceField(header, field));
 }

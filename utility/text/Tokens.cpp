@@ -18,7 +18,8 @@ std::string_view piece(std::string_view text, bool strip)
 
 Sides sidesOfFirst(std::string_view separator, std::string_view source, bool strip)
 {
-    const std::size_t position = source.find(separator);
+    const std::size_t position =
+        separator.size() == 1 ? source.find(separator.front()) : source.find(separator);
     if (position == std::string_view::npos)
         return {piece(source, strip), std::nullopt};
     return {piece(source.substr(0, position), strip),

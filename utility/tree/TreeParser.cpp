@@ -12,6 +12,7 @@
 #include "utility/tree/Delimiter.h"
 #include "utility/tree/EntitySplit.h"
 #include "utility/tree/ParseSources.h"
+#include "utility/tree/TypeReader.h"
 #include "utility/tree/WorkList.h"
 
 #include <limits>
@@ -26,10 +27,10 @@ namespace {
 constexpr const char* kBodySource = "utility/EMAIL_Body.cpp";
 constexpr const char* kBodyParse = "void EMAIL_Body::parse(const char*, int, int, const QString&)";
 
-const EMAIL_ContentType* contentTypeOf(const EMAIL_Body& body)
+const EMAIL_Header* headerOf(const EMAIL_Body& body)
 {
     const auto* entity = dynamic_cast<const EMAIL_Entity*>(body.mParent);
-    return entity == nullptr ? nullptr : entity->mHeader->getContentType();
+    return entity == nullptr ? nullptr : entity->mHeader;
 }
 
 bool isContainerType(const EMAIL_ContentType& type)
@@ -78,7 +79,7 @@ public:
     }
     void parse(EMAIL_Body& body)
     {
-        takeBody(body, mSource.range());
+        takeBody(body, headerOf(body), mSource.range());
         run();
     }
 
@@ -130,16 +131,17 @@ private:
             body.setMessage(mSource.bodyText(range));
             if (typeid(body) != typeid(EMAIL_Body)) {
                 body.parse();
+                mTypes.forget();
                 return;
             }
         }
-        takeBody(body, range);
+        takeBody(body, body.mParent == &entity ? entity.mHeader : headerOf(body), range);
     }
 
-    void takeBody(EMAIL_Body& body, TextRange range)
+    void takeBody(EMAIL_Body& body, const EMAIL_Header* header, TextRange range)
     {
         mSource.place(body, range);
-        const EMAIL_ContentType* type = contentTypeOf(body);
+        const EMAIL_ContentType* type = header == nullptr ? nullptr : mTypes.read(*header);
         if (type == nullptr)
             return;
         if (Source::kInMemory && type->mTypeEnum == TYPE_MESSAGE) {
@@ -190,6 +192,7 @@ private:
 
     Source mSource;
     DelimiterFinder mDelimiters;
+    TypeReader mTypes;
     WorkList<Level> mLevels;
     Pending mPending;
 };
@@ -216,7 +219,8 @@ void parseWithHeaderOf(EMAIL_Entity& entity, const char* data, TextRange range)
 // the given bytes is left alone.
 void narrowKeptRange(EMAIL_Body& body, const char* data, TextRange given)
 {
-    const EMAIL_ContentType* type = contentTypeOf(body);
+    const EMAIL_Header* header = headerOf(body);
+    const EMAIL_ContentType* type = header == nullptr ? nullptr : header->getContentType();
     if (type == nullptr || type->mTypeEnum == TYPE_MESSAGE || isContainerType(*type))
         return;
     const bool isInside =
