@@ -73,6 +73,48 @@ int EMAIL_Util::decQp(char const* text, int len, QFile* out, const ProgressCallb
     return tarvomime::decodeQp(text, len, out, cb);
 }
 
+qint64 EMAIL_Util::encB64Room(unsigned long len, int breakLines)
+{
+    return tarvomime::roomForBase64(len, breakLines != 0);
+}
+
+qint64 EMAIL_Util::decB64Room(unsigned long len)
+{
+    return tarvomime::roomFromBase64(len);
+}
+
+qint64 EMAIL_Util::encQpRoom(unsigned long len, int breakLines)
+{
+    return tarvomime::roomForQp(len, breakLines != 0);
+}
+
+qint64 EMAIL_Util::decQpRoom(unsigned long len)
+{
+    return tarvomime::roomFromQp(len);
+}
+
+qint64 EMAIL_Util::encB64To(char const* data, unsigned long len, int breakLines, char* out,
+                            unsigned long room)
+{
+    return tarvomime::encodeBase64Into({data, len}, breakLines != 0, {out, room});
+}
+
+qint64 EMAIL_Util::decB64To(char const* text, unsigned long len, char* out, unsigned long room)
+{
+    return tarvomime::decodeBase64Into({text, len}, {out, room});
+}
+
+qint64 EMAIL_Util::encQpTo(char const* data, unsigned long len, int breakLines, char* out,
+                           unsigned long room)
+{
+    return tarvomime::encodeQpInto({data, len}, breakLines != 0, {out, room});
+}
+
+qint64 EMAIL_Util::decQpTo(char const* text, unsigned long len, char* out, unsigned long room)
+{
+    return tarvomime::decodeQpInto({text, len}, {out, room});
+}
+
 int EMAIL_Util::cteStrToEnum(QCString const& name)
 {
     return tarvomime::transferEncodingFromName(name);

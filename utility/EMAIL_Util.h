@@ -75,6 +75,25 @@ public:
                             const ProgressCallback& cb = nullptr);
     static int decQp(char const* text, int len, QFile* out, const ProgressCallback& cb = nullptr);
 
+    // The same rules from bytes of a known length, NUL bytes included, into room that the caller
+    // has: nothing is allocated, and no text is searched for its end.
+
+    /// How many bytes of room the operations below ask for, given `len` bytes: `encB64To` fills it
+    /// exactly, the others at most. -1 for a length from 2^60 on.
+    static qint64 encB64Room(unsigned long len, int breakLines);
+    static qint64 decB64Room(unsigned long len);
+    static qint64 encQpRoom(unsigned long len, int breakLines);
+    static qint64 decQpRoom(unsigned long len);
+    /// Writes the result to `out`, which has `room` bytes and does not overlap the input, and
+    /// returns its length; what lies behind it in the room may be overwritten. Returns -1, and
+    /// writes nothing, when `room` is less than was asked for or a pointer is null.
+    static qint64 encB64To(char const* data, unsigned long len, int breakLines, char* out,
+                           unsigned long room);
+    static qint64 decB64To(char const* text, unsigned long len, char* out, unsigned long room);
+    static qint64 encQpTo(char const* data, unsigned long len, int breakLines, char* out,
+                          unsigned long room);
+    static qint64 decQpTo(char const* text, unsigned long len, char* out, unsigned long room);
+
     // Transfer encodings and streamed output.
 
     /// The `EMAIL_CTE` whose name `name` holds, in any case and with anything around it; else

@@ -37,15 +37,15 @@ TEST_P(ComponentSizes, StaySmall)
 }
 
 INSTANTIATE_TEST_SUITE_P(Classes, ComponentSizes,
-                         testing::Values(SizeRow{"text", sizeof(QCString), 32},
+                         testing::Values(SizeRow{"text", sizeof(QCString), 24},
                                          SizeRow{"list", sizeof(QPtrList<int>), 16},
-                                         SizeRow{"field", sizeof(EMAIL_Field), 120},
-                                         SizeRow{"content type", sizeof(EMAIL_ContentType), 264},
-                                         SizeRow{"address list", sizeof(EMAIL_AddrList), 136},
-                                         SizeRow{"address", sizeof(EMAIL_Address), 64},
-                                         SizeRow{"disposition", sizeof(EMAIL_DispositionType), 160},
-                                         SizeRow{"date", sizeof(EMAIL_DateTime), 184},
-                                         SizeRow{"header", sizeof(EMAIL_Header), 64},
-                                         SizeRow{"body", sizeof(EMAIL_Body), 144},
-                                         SizeRow{"message", sizeof(EMAIL_Message), 64},
-                                         SizeRow{"part", sizeof(EMAIL_BodyPart), 64}));
+                                         SizeRow{"field", sizeof(EMAIL_Field), 96},
+                                         SizeRow{"content type", sizeof(EMAIL_ContentType), 208},
+                                         SizeRow{"address list", sizeof(EMAIL_AddrList), 112},
+                                         SizeRow{"address", sizeof(EMAIL_Address), 56},
+                                         SizeRow{"disposition", sizeof(EMAIL_DispositionType), 128},
+                                         SizeRow{"date", sizeof(EMAIL_DateTime), 160},
+                                         SizeRow{"header", sizeof(EMAIL_Header), 56},
+                                         SizeRow{"body", sizeof(EMAIL_Body), 128},
+                                         SizeRow{"message", sizeof(EMAIL_Message), 56},
+                                         SizeRow{"part", sizeof(EMAIL_BodyPart), 56}));

@@ -224,13 +224,18 @@ private:
     int mHeldCount = 0;
 };
 
+quint64 base64Size(quint64 length, bool breakLines)
+{
+    const quint64 groups = (length + 2) / 3;
+    const quint64 lines = (groups + kGroupsInLine - 1) / kGroupsInLine;
+    return 4 * groups + (breakLines ? 2 * lines : 0);
+}
+
 } // namespace
 
 std::size_t encodedBase64Length(std::size_t length, bool breakLines)
 {
-    const std::size_t groups = (length + 2) / 3;
-    const std::size_t lines = (groups + kGroupsInLine - 1) / kGroupsInLine;
-    return 4 * groups + (breakLines ? 2 * lines : 0);
+    return static_cast<std::size_t>(base64Size(length, breakLines));
 }
 
 QByteArray encodeBase64(const char* data, unsigned long length, bool breakLines)
@@ -261,9 +266,31 @@ char* encodeBase64To(std::string_view bytes, char* out, bool breakLines)
     return encoder.finish(encoder.run(out, out + encodedBase64Length(bytes.size(), breakLines)));
 }
 
+qint64 roomForBase64(unsigned long length, bool breakLines)
+{
+    return length > kLongestForRoom ? -1 : static_cast<qint64>(base64Size(length, breakLines));
+}
+
+qint64 encodeBase64Into(std::string_view bytes, bool breakLines, GivenRoom given)
+{
+    return runIntoRoom(Base64Encoder(breakLines), bytes, roomForBase64(bytes.size(), breakLines),
+                       given);
+}
+
 std::optional<QByteArray> decodeBase64(const BodyBytes& text, NulByte nulByte)
 {
-    return runInMemory(Base64Decoder(nulByte), text, (text.size() + 3) / 4 * 3);
+    return runInMemory(Base64Decoder(nulByte), text,
+                       static_cast<std::size_t>(roomFromBase64(text.size())));
+}
+
+qint64 roomFromBase64(unsigned long length)
+{
+    return length > kLongestForRoom ? -1 : static_cast<qint64>((quint64{length} + 3) / 4 * 3);
+}
+
+qint64 decodeBase64Into(std::string_view text, GivenRoom given)
+{
+    return runIntoRoom(Base64Decoder(NulByte::IsData), text, roomFromBase64(text.size()), given);
 }
 
 QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength, NulByte nulByte)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "utility/EMAIL_Numbers.h"
+#include "utility/codec/GivenRoom.h"
 #include "utility/codec/NulByte.h"
 #include "utility/file/BodyBytes.h"
 
@@ -30,6 +31,9 @@ int encodeBase64(const BodyBytes& data, QFile* out, bool breakLines);
 std::size_t encodedBase64Length(std::size_t length, bool breakLines);
 /// Writes the base64 of `bytes` to `out`, which has exactly the room for it. Returns its end.
 char* encodeBase64To(std::string_view bytes, char* out, bool breakLines);
+/// The same into given room; see GivenRoom.h.
+qint64 roomForBase64(unsigned long length, bool breakLines);
+qint64 encodeBase64Into(std::string_view bytes, bool breakLines, GivenRoom given);
 
 /// Nothing when the text cannot be read or there is no memory.
 std::optional<QByteArray> decodeBase64(const BodyBytes& text, NulByte nulByte);
@@ -43,5 +47,8 @@ std::size_t decodeBase64To(std::string_view text, char* out);
 QByteArray decodeBase64(const char* text, unsigned long* decodedLength);
 int decodeBase64(const char* text, int length, QFile* out, const ProgressCallback& callback);
 int decodeBase64(const BodyBytes& text, QFile* out, const ProgressCallback& callback);
+/// Into given room; see GivenRoom.h.
+qint64 roomFromBase64(unsigned long length);
+qint64 decodeBase64Into(std::string_view text, GivenRoom given);
 
 } // namespace tarvomime

@@ -180,10 +180,9 @@ private:
     std::string_view mRest;
 };
 
-// The exact number of columns, and a soft break for each 69 of them at most, and CR LF.
-quint64 longestEncoding(const char* data, unsigned long length, bool breakLines)
+// A soft break for each 69 columns at most, and CR LF.
+quint64 longestEncoding(quint64 columns, bool breakLines)
 {
-    const quint64 columns = length + 2 * quint64{countQpEscapes(data, length)};
     return columns + (breakLines ? columns / (kQpLastColumn + 1) * kQpSoftBreak.size() + 2 : 0);
 }
 
@@ -194,9 +193,22 @@ QByteArray encodeQp(const char* data, unsigned long length, bool breakLines)
     // Nothing of what would become too long is looked at.
     if (data == nullptr || length > static_cast<unsigned long>(QCString::longestLength))
         return {};
+    const quint64 columns = length + 2 * quint64{countQpEscapes(data, length)};
     return runInMemory(QpEncoder(breakLines), BodyBytes(std::string_view(data, length)),
-                       longestEncoding(data, length, breakLines))
+                       longestEncoding(columns, breakLines))
         .value_or(QByteArray());
+}
+
+qint64 roomForQp(unsigned long length, bool breakLines)
+{
+    return length > kLongestForRoom
+               ? -1
+               : static_cast<qint64>(longestEncoding(3 * quint64{length}, breakLines));
+}
+
+qint64 encodeQpInto(std::string_view bytes, bool breakLines, GivenRoom given)
+{
+    return runIntoRoom(QpEncoder(breakLines), bytes, roomForQp(bytes.size(), breakLines), given);
 }
 
 int encodeQp(const char* data, unsigned long length, QFile* out, bool breakLines)
@@ -222,6 +234,16 @@ QByteArray decodeQp(std::string_view text, unsigned long* decodedLength, NulByte
         return {};
     *decodedLength = static_cast<unsigned long>(decoded->size());
     return *std::move(decoded);
+}
+
+qint64 roomFromQp(unsigned long length)
+{
+    return length > kLongestForRoom ? -1 : static_cast<qint64>(length);
+}
+
+qint64 decodeQpInto(std::string_view text, GivenRoom given)
+{
+    return runIntoRoom(QpDecoder(NulByte::IsData), text, roomFromQp(text.size()), given);
 }
 
 std::size_t decodeQpTo(std::string_view text, char* out)

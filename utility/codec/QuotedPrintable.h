@@ -2,6 +2,7 @@
 #pragma once
 
 #include "utility/EMAIL_Numbers.h"
+#include "utility/codec/GivenRoom.h"
 #include "utility/codec/NulByte.h"
 #include "utility/file/BodyBytes.h"
 
@@ -29,6 +30,9 @@ namespace tarvomime {
 QByteArray encodeQp(const char* data, unsigned long length, bool breakLines);
 int encodeQp(const char* data, unsigned long length, QFile* out, bool breakLines);
 int encodeQp(const BodyBytes& data, QFile* out, bool breakLines);
+/// Into given room; see GivenRoom.h.
+qint64 roomForQp(unsigned long length, bool breakLines);
+qint64 encodeQpInto(std::string_view bytes, bool breakLines, GivenRoom given);
 
 /// Nothing when the text cannot be read or there is no memory.
 std::optional<QByteArray> decodeQp(const BodyBytes& text, NulByte nulByte);
@@ -42,5 +46,8 @@ std::size_t decodeQpTo(std::string_view text, char* out);
 QByteArray decodeQp(const char* text, unsigned long* decodedLength);
 int decodeQp(const char* text, int length, QFile* out, const ProgressCallback& callback);
 int decodeQp(const BodyBytes& text, QFile* out, const ProgressCallback& callback);
+/// Into given room; see GivenRoom.h.
+qint64 roomFromQp(unsigned long length);
+qint64 decodeQpInto(std::string_view text, GivenRoom given);
 
 } // namespace tarvomime

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "types/QCString.h"
+#include "utility/text/HugePages.h"
 
 #include <QByteArray>
 #include <algorithm>
@@ -38,6 +39,7 @@ private:
     explicit TextBuilder(QByteArray buffer)
         : mStart(buffer.isEmpty() ? nullptr : buffer.data()), mText(QCString::fromBytes(buffer))
     {
+        preferHugePages(mStart, static_cast<std::size_t>(buffer.size()));
     }
 
     char* mStart;

@@ -116,6 +116,62 @@ TEST(QCString, BytesBorrowedFromElsewhereAreCopied)
     EXPECT_STREQ(text.data(), "abc");
 }
 
+TEST(QCString, BytesOfItsCallerAreNotCopied)
+{
+    const char memory[] = {'a', '\0', 'c', 'd'};
+    const QCString text = QCString::fromRawData(memory, 4);
+    EXPECT_EQ(static_cast<const void*>(text.begin()), memory);
+    EXPECT_EQ(static_cast<const void*>(text.mid(1, 2).begin()), memory + 1);
+    EXPECT_EQ(text.length(), 4);
+    EXPECT_TRUE(QCString::fromRawData(nullptr, 4).isNull());
+    EXPECT_TRUE(QCString::fromRawData(memory, -1).isNull());
+    EXPECT_FALSE(QCString::fromRawData(memory, 0).isNull());
+}
+
+TEST(QCString, WhatIsTakenFromBytesOfItsCallerIsACopy)
+{
+    auto memory = std::make_unique<char[]>(3);
+    memory[0] = 'a';
+    memory[1] = 'b';
+    memory[2] = 'c';
+    QCString detached = QCString::fromRawData(memory.get(), 3);
+    detached.detach();
+    const QCString shown = QCString::fromRawData(memory.get(), 3);
+    EXPECT_STREQ(shown.data(), "abc");
+    QCString written = QCString::fromRawData(memory.get(), 3);
+    written += 'd';
+    const QByteArray array = QCString::fromRawData(memory.get(), 2);
+    memory.reset();
+    EXPECT_EQ(detached, "abc");
+    EXPECT_EQ(shown, "abc");
+    EXPECT_EQ(written, "abcd");
+    EXPECT_EQ(array, "ab");
+}
+
+TEST(QCString, LetsGoOfTheBufferItWasCutFrom)
+{
+    const QCString text("Subject: Hello");
+    QCString slice = text.right(5);
+    slice.detach();
+    EXPECT_EQ(slice, "Hello");
+    EXPECT_NE(static_cast<const void*>(slice.begin()), text.begin() + 9);
+    QCString whole = text;
+    whole.detach();
+    EXPECT_EQ(static_cast<const void*>(whole.begin()), text.begin());
+    QCString null;
+    null.detach();
+    EXPECT_TRUE(null.isNull());
+}
+
+TEST(QCString, TheTextThatWasMovedFromIsNull)
+{
+    QCString text("abc");
+    const QCString taken = std::move(text);
+    EXPECT_EQ(taken, "abc");
+    // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move): it is what is shown
+    EXPECT_TRUE(text.isNull());
+}
+
 TEST(QCString, ChangingOneCopyLeavesTheOther)
 {
     QCString first("abc");
