@@ -116,7 +116,8 @@ std::size_t buildMessage(const std::vector<std::string>& attachments)
         part.setCTE(CTE_BASE64);
         part.setDispFileName(QStringLiteral("figures.bin"));
         part.setDispType(1);
-        part.setBody(QByteArray(attachment.data(), static_cast<int>(attachment.size())), false);
+        part.setBody(
+            QByteArray::fromRawData(attachment.data(), static_cast<int>(attachment.size())), false);
         message.addMultiPart(part, -1);
     }
     return static_cast<std::size_t>(message.assemble().length());
