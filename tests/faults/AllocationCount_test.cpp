@@ -94,6 +94,11 @@ TEST(AllocationCount, OfACodecInMemory)
     EXPECT_EQ(allocationsOf([&] { EMAIL_Util::encQp(data.constData(), size, 1); }), 1);
     EXPECT_EQ(allocationsOf([&] { EMAIL_Util::decB64(base64.constData(), &length); }), 1);
     EXPECT_EQ(allocationsOf([&] { EMAIL_Util::decQp(qp.constData(), &length); }), 1);
+    QByteArray room(data.size(), Qt::Uninitialized);
+    EXPECT_EQ(allocationsOf([&] {
+                  EMAIL_Util::decB64To(base64.constData(), base64.size(), room.data(), room.size());
+              }),
+              0);
 }
 
 // Blocks are gathered on the stack; the file keeps one short block for itself.

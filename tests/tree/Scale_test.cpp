@@ -259,7 +259,7 @@ TEST(Scale, CostOfAPart)
         GTEST_SKIP() << "sanitizers bring an allocator of their own";
     EXPECT_TRUE(inChild(usualStack, [] {
                     constexpr int parts = 100000;
-                    return costsAtMost(500, parts,
+                    return costsAtMost(430, parts,
                                        "Content-Type: multipart/mixed; boundary=bb\n\n" +
                                            QByteArray("--bb\nx\n").repeated(parts) + "--bb--\n");
                 }).succeeded);
@@ -271,7 +271,7 @@ TEST(Scale, CostOfAField)
         GTEST_SKIP() << "sanitizers bring an allocator of their own";
     EXPECT_TRUE(inChild(usualStack, [] {
                     constexpr int fields = 100000;
-                    return costsAtMost(200, fields, QByteArray("X-Y: z\r\n").repeated(fields));
+                    return costsAtMost(150, fields, QByteArray("X-Y: z\r\n").repeated(fields));
                 }).succeeded);
 }
 #endif
