@@ -3,6 +3,7 @@
 
 #include "utility/EMAIL_Numbers.h"
 #include "utility/codec/CharsetNames.h"
+#include "utility/codec/DoubleByteCharset.h"
 #include "utility/codec/SingleByteCharset.h"
 #include "utility/codec/Utf7.h"
 #include "utility/codec/WordChunks.h"
@@ -53,6 +54,35 @@ bool mayBecomeTooLong(const QString& text, int charset)
     return SingleByteCharset::of(charset) == nullptr;
 }
 
+// For a text of nothing but what the charset's tables hold; any other is the codec's.
+bool decodeByPairs(std::string_view bytes, QString& out, int charset)
+{
+    const DoubleByteCharset* table = DoubleByteCharset::of(charset);
+    if (table == nullptr || bytes.empty())
+        return false;
+    out = QString(static_cast<int>(bytes.size()), Qt::Uninitialized);
+    const auto count = table->decode(bytes, reinterpret_cast<ushort*>(out.data()));
+    out.truncate(count.value_or(0));
+    return count.has_value();
+}
+
+bool appendByPairs(std::string_view bytes, int charset, Utf16Buffer& out)
+{
+    const DoubleByteCharset* table = DoubleByteCharset::of(charset);
+    if (table == nullptr)
+        return false;
+    const auto room = static_cast<int>(bytes.size());
+    const auto count = table->decode(bytes, out.extend(room));
+    out.shrink(room - count.value_or(0));
+    return count.has_value();
+}
+
+bool encodeByPairs(QByteArray& bytes, const QString& text, int charset)
+{
+    const DoubleByteCharset* table = DoubleByteCharset::of(charset);
+    return table != nullptr && table->encode(text, bytes);
+}
+
 // UTF-7 shares the codec of ISO 8859-1 but is not read by it.
 const SingleByteCharset* readingTable(int charset)
 {
@@ -77,7 +107,7 @@ std::optional<QByteArray> bytesInCharset(const QString& text, int charset)
         return text.toUtf8();
     const SingleByteCharset* table = SingleByteCharset::of(charset);
     QByteArray bytes;
-    if (table != nullptr && table->encode(text, bytes))
+    if (table != nullptr ? table->encode(text, bytes) : encodeByPairs(bytes, text, charset))
         return bytes;
     return bytesThroughCodec(text, codecOf(charset));
 }
@@ -107,6 +137,8 @@ void decodeFromCharset(std::string_view bytes, QString& out, int charset)
     // No charset has more units than bytes.
     const bool isHeld = bytes.size() <= std::size_t{QCString::longestLength} && hasMemoryFor([&] {
                             const SingleByteCharset* table = readingTable(charset);
+                            if (decodeByPairs(bytes, out, charset))
+                                return;
                             if (table == nullptr || bytes.empty()) {
                                 decodeThroughCodec(bytes, out, charset, codecOf(charset));
                                 return;
@@ -124,7 +156,7 @@ void appendFromCharset(std::string_view bytes, int charset, Utf16Buffer& out)
         out.appendUtf8(bytes);
     } else if (const SingleByteCharset* table = readingTable(charset)) {
         table->decode(bytes, out.extend(static_cast<int>(bytes.size())));
-    } else {
+    } else if (!appendByPairs(bytes, charset, out)) {
         QString text;
         decodeThroughCodec(bytes, text, charset, codecOf(charset));
         out.append(text);
@@ -162,6 +194,8 @@ bool encodeIfHeld(QByteArray& bytes, const QString& text, int charset)
     if (mayBecomeTooLong(text, charset))
         return false;
     const SingleByteCharset* table = SingleByteCharset::of(charset);
+    if (table == nullptr && encodeByPairs(bytes, text, charset))
+        return !bytes.contains('\0');
     if (table == nullptr || charset == CHARSET_UNKNOWN)
         return encodeIfHeldThroughCodec(bytes, text, charset, codecOf(charset));
     return table->encode(text, bytes) && !bytes.contains('\0');

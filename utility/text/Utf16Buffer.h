@@ -18,6 +18,8 @@ public:
     void append(const QString& text);
     /// Room for `count` units, to be filled by the caller.
     ushort* extend(int count);
+    /// Takes the last `count` units back.
+    void shrink(int count) { mUnits.resize(mUnits.size() - count); }
 
     const QChar* data() const { return reinterpret_cast<const QChar*>(mUnits.constData()); }
     int size() const { return static_cast<int>(mUnits.size()); }
