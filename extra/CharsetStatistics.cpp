@@ -40,7 +40,10 @@ QByteArray charsetByStatistics(const QByteArray& bytes)
                                           static_cast<std::size_t>(examined.size())) != 0)
         return {};
     uchardet_data_end(detector.get());
-    return uchardet_get_charset(detector.get());
+    const QByteArray charset = uchardet_get_charset(detector.get());
+    // Nobody mails in these; what looks like them is a few letters of a western language.
+    const bool isHardlyMailed = charset == "IBM852" || charset == "MAC-CENTRALEUROPE";
+    return isHardlyMailed ? QByteArray() : charset;
 }
 
 } // namespace tarvomime
