@@ -76,6 +76,8 @@ if(TARGET tarvomime_tool)
   install(TARGETS tarvomime_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   install(FILES ${PROJECT_SOURCE_DIR}/docs/tarvomime.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 RENAME ${tool}.1)
+  install(FILES ${PROJECT_SOURCE_DIR}/docs/tarvomime.schema.json
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/${tool})
 endif()
 
 if(PROJECT_IS_TOP_LEVEL)

@@ -1,0 +1,185 @@
+# SPDX-License-Identifier: MIT
+"""What the reading commands print: reading.py TOOL
+
+Each row is a command line, run in a folder with the files below, and what it must print. Arguments
+are words of a shell, so that pipelines stand here as their users write them.
+"""
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+SEPARATOR = b"From a@b Mon Jun  3 10:15:00 2024\n"
+
+
+def mail(subject, text=b"text", date=b"Mon, 3 Jun 2024 10:15:00 +0000", header=b""):
+    return (b"From: =?utf-8?Q?J=C3=B6rn?= <j@b.example>\nTo: a@b.example\nSubject: " + subject
+            + b"\nDate: " + date + b"\n" + header + b"\n" + text + b"\n")
+
+
+MIXED = (b"Subject: mixed\nContent-Type: multipart/mixed; boundary=b\n\n"
+         b"--b\nContent-Type: text/html\n\n<p>first<p>second &amp; last\n"
+         b"--b\nContent-Type: image/png; name=x.png\nContent-Transfer-Encoding: base64\n\nYWJj\n"
+         b"--b\nContent-Type: message/rfc822\n\nSubject: =?utf-8?Q?Gr=C3=BC=C3=9Fe?=\n\ninner\n"
+         b"--b\nContent-Type: application/pdf\n\n" + b"x" * 12345 + b"\n"
+         b"--b--\n")
+
+FILES = {
+    "a.eml": mail(b"=?utf-8?Q?Gr=C3=BC=C3=9Fe?="),
+    "mixed.eml": MIXED,
+    "html.eml": mail(b"h", b"<p>one<p>two", header=b"Content-Type: text/html\n"),
+    "image.eml": b"Subject: i\nContent-Type: image/png\n\nx\n",
+    "latin.eml": b"A: b\n\n\xe9\n",
+    "wide.eml": mail("日本語の件名".encode()),
+    "midnight.eml": mail(b"m", date=b"Mon, 31 Dec 2023 23:30:00 +0000"),
+    "archive.mbox": SEPARATOR + mail(b"one") + b"\n" + SEPARATOR
+                    + mail(b"two", b"x\n\n>From here on") + b"\n" + SEPARATOR + mail(b"three"),
+    "sort/1": mail(b"Re: b", b"x" * 500, b"Tue, 4 Jun 2024 10:15:00 +0000"),
+    "sort/2": mail(b"a", b"x", b"Wed, 5 Jun 2024 10:15:00 +0000"),
+    "sort/3": mail(b"C", b"x" * 100, b"Mon, 3 Jun 2024 10:15:00 +0000"),
+    "Maildir/cur/1717409700.a:2,S": mail(b"seen"),
+    "Maildir/new/1717409800.b": mail(b"fresh"),
+    b"caf\xe9.eml": mail(b"latin name"),
+}
+
+SECOND = len(SEPARATOR + mail(b"one") + b"\n" + SEPARATOR)
+SUBJECTS = " | jq -r .subject"
+
+# Name, command line, what is printed, and the exit status.
+ROWS = [
+    # Several inputs, standard input, a message of an mbox.
+    ("standard_input", "$T text - < a.eml", "text\n", 0),
+    ("standard_input_from_a_pipe", "cat a.eml | $T text -", "text\n", 0),
+    ("standard_input_beside_a_file", "cat a.eml | $T text - latin.eml",
+     "==> standard input <==\ntext\n\n==> latin.eml <==\né\n", 0),
+    ("standard_input_is_an_mbox", "cat archive.mbox | $T text - --message 3", "text\n", 0),
+    ("standard_input_without_anything", "$T text - < /dev/null",
+     "tarvomime: standard input: is empty\n", 1),
+    ("standard_input_of_nothing", "true | $T text -", "tarvomime: standard input: is empty\n", 1),
+    ("message_by_number", "$T text archive.mbox --message 2", "x\n\nFrom here on\n", 0),
+    ("message_by_offset", f"$T text archive.mbox --offset {SECOND}", "x\n\nFrom here on\n", 0),
+    ("message_by_a_byte_of_it", f"$T text archive.mbox --offset {SECOND + 9}",
+     "x\n\nFrom here on\n", 0),
+    ("message_that_is_not_there", "$T text archive.mbox --message 4",
+     "tarvomime: archive.mbox: has no message 4\n", 1),
+    ("byte_that_is_not_there", "$T text archive.mbox --offset 99999",
+     "tarvomime: archive.mbox: has no message at byte 99999\n", 1),
+    ("a_file_is_message_one", "$T text a.eml --message 1", "text\n", 0),
+    ("number_and_offset", "$T text a.eml --message 1 --offset 1 2>/dev/null", "", 2),
+    ("mbox_as_headings", "$T headers archive.mbox | grep '==>'",
+     "==> archive.mbox, message 1 <==\n==> archive.mbox, message 2 <==\n"
+     "==> archive.mbox, message 3 <==\n", 0),
+    ("folder", "$T headers sort | grep -c '^Subject'", "3\n", 0),
+    ("maildir", "$T list --json Maildir" + SUBJECTS, "seen\nfresh\n", 0),
+    ("tree_of_an_mbox", "$T tree --json archive.mbox | jq -c '[.message, .offset]' | head -2",
+     f"[1,34]\n[2,{SECOND}]\n", 0),
+    ("lint_of_an_mbox", "$T lint --json archive.mbox | jq -c '[.message, .findings]' | tail -1",
+     "[3,[]]\n", 0),
+    # list
+    ("list_is_local_time", "TZ=Asia/Tokyo $T list midnight.eml",
+     "2024-01-01 08:30  Jörn <j@b.example>                     m\n", 0),
+    ("list_counts_cells", "$T list wide.eml --files",
+     "2024-06-03 10:15  Jörn <j@b.example>                     "
+     "日本語の件名                              wide.eml\n", 0),
+    ("list_names_files", "$T list archive.mbox --files | sed 's/.*  //' | tail -1",
+     "archive.mbox --message 3\n", 0),
+    ("list_by_date", "$T list --json --sort date sort" + SUBJECTS, "C\nRe: b\na\n", 0),
+    ("list_by_subject", "$T list --json --sort subject sort" + SUBJECTS, "a\nRe: b\nC\n", 0),
+    ("list_by_size", "$T list --json --sort size --reverse sort" + SUBJECTS, "Re: b\nC\na\n", 0),
+    ("list_turned_round", "$T list --json --reverse sort" + SUBJECTS, "C\na\nRe: b\n", 0),
+    ("list_on_threads", "for i in $(seq 40); do cat archive.mbox; echo; done > many.mbox; "
+     "$T list --jobs 1 many.mbox > one; $T list --jobs 7 many.mbox | cmp - one && wc -l < one",
+     "120\n", 0),
+    ("list_counts_attachments", "$T list --json mixed.eml image.eml html.eml | "
+     "jq -c '[.attachments, .hasAttachment]'", "[3,true]\n[1,true]\n[0,false]\n", 0),
+    # show
+    ("show_reads_html", "$T show html.eml | tail -3", "one\n\ntwo\n", 0),
+    ("show_names_what_is_enclosed", "$T show mixed.eml | grep rfc822",
+     "   ├─ 1.3  message/rfc822, 43 bytes, subject: Grüße\n", 0),
+    ("show_says_sizes_for_people", "$T show mixed.eml | grep pdf",
+     "   └─ 1.4  application/pdf, 12.3 kB\n", 0),
+    ("show_in_colour", "$T show --color always image.eml | head -1",
+     "\x1b[36mSubject:\x1b[0m i\n", 0),
+    ("show_without_a_terminal", "$T show image.eml | head -1", "Subject: i\n", 0),
+    # text
+    ("text_of_a_part", "$T text mixed.eml --part 1.1", "first\n\nsecond & last\n", 0),
+    ("text_of_an_enclosed_part", "$T text mixed.eml --part 1.3.1", "inner\n", 0),
+    ("text_of_no_part", "$T text mixed.eml --part 1.9",
+     "tarvomime: mixed.eml: has no part numbered 1.9\n", 1),
+    ("text_of_an_image", "$T text mixed.eml --part 1.2", "tarvomime: mixed.eml: the part is "
+     "image/png, no text; 'extract' writes it into a file\n", 1),
+    ("text_as_html", "$T text html.eml --html", "<p>one<p>two\n", 0),
+    ("text_made_html", "$T text a.eml --html", "<pre>text\n</pre>\n", 0),
+    ("text_in_a_codec_of_its_own", "$T text latin.eml --charset windows-1253", "ι\n", 0),
+    # extract
+    ("extract_to_standard_output", "$T extract mixed.eml --part 1.2 --out -", "abc", 0),
+    ("extract_all_to_standard_output", "$T extract mixed.eml --all --out -",
+     "tarvomime: standard output takes one part: --part says which\n", 2),
+    ("extract_from_standard_input", "$T extract - --part 1.2 --out - < mixed.eml", "abc", 0),
+    ("extract_of_an_mbox", "$T extract archive.mbox --message 2 --all --out new && cat new/*",
+     "1  new/part-1.txt\nx\n\nFrom here on\n", 0),
+    # JSON
+    ("bytes_that_are_no_text", "$T list --json caf*.eml | jq -c .file",
+     '{"base64":"Y2Fm6S5lbWw="}\n', 0),
+    # Manners
+    ("unknown_command", "$T lst a.eml", "tarvomime: 'lst' is no command; did you mean 'list'?\n"
+     "Try 'tarvomime --help'.\n", 2),
+    ("unknown_command_begun", "$T ext a.eml 2>&1 | head -1",
+     "tarvomime: 'ext' is no command; did you mean 'extract'?\n", 0),
+    ("unknown_command_far_from_all", "$T frobnicate",
+     "tarvomime: 'frobnicate' is no command\nTry 'tarvomime --help'.\n", 2),
+    ("help_of_a_command", "$T help list > a; $T list --help | cmp - a && head -1 a",
+     "Print a line for each message of files, folders, Maildirs and mboxes\n", 0),
+    ("help_alone", "$T help > a; $T --help | cmp - a && echo same", "same\n", 0),
+    ("version_in_short", "$T -V > a; $T --version | cmp - a && echo same", "same\n", 0),
+    ("unknown_charset", "$T text a.eml --charset nope 2>&1 | grep -o 'known are us-ascii'",
+     "known are us-ascii\n", 0),
+    ("broken_pipe", "for i in $(seq 999); do cat archive.mbox; echo; done > many.mbox; "
+     "{ $T list many.mbox; echo $? >&3; } 3> status | head -1 > /dev/null; cat status", "141\n", 0),
+    # Pipelines of the README and the man page.
+    ("compose_and_show", "$T compose --from a@b.example --to c@d.example --subject Hi --text Hello"
+     " | $T show - | tail -1", "Hello\n", 0),
+    ("list_and_jq", "$T list --json mixed.eml Maildir | "
+     "jq -r 'select(.attachments > 2) | .subject'", "mixed\n", 0),
+]
+
+
+def write_files(folder):
+    for name, content in FILES.items():
+        path = os.path.join(os.fsencode(folder), os.fsencode(name))
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        pathlib.Path(os.fsdecode(path)).write_bytes(content)
+
+
+def failure_of(tool, command, expected, status):
+    environment = dict(os.environ, T=tool, TZ="UTC", LC_ALL="C.UTF-8")
+    with tempfile.TemporaryDirectory() as folder:
+        write_files(folder)
+        result = subprocess.run(["bash", "-c", f"exec 2>&1; {command}"], cwd=folder,
+                                env=environment, capture_output=True, check=False, timeout=120)
+    if (result.stdout, result.returncode) == (expected.encode(), status):
+        return ""
+    return (f"$ {command}\nexpected {status}: {expected!r}\n"
+            f"     got {result.returncode}: {result.stdout.decode(errors='replace')!r}")
+
+
+def main(tool):
+    failed = 0
+    rows = ROWS
+    if shutil.which("jq") is None:
+        rows = [row for row in ROWS if "jq " not in row[1]]
+        print(f"jq is not installed: {len(ROWS) - len(rows)} rows are left out")
+    for name, command, expected, status in rows:
+        failure = failure_of(tool, command, expected, status)
+        if failure:
+            failed += 1
+            print(f"FAILED {name}\n{failure}")
+    print(f"{len(rows) - failed} of {len(rows)} rows passed")
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    assert len({row[0] for row in ROWS}) == len(ROWS), "names are unique"
+    sys.exit(main(sys.argv[1]))
