@@ -43,8 +43,9 @@ bool readsAscii(const QTextCodec& codec)
 {
     QByteArray ascii(kAsciiEnd, Qt::Uninitialized);
     std::iota(ascii.begin(), ascii.end(), '\0');
-    return decoded(codec, ascii) == QString::fromLatin1(ascii) &&
-           codec.fromUnicode(QString::fromLatin1(ascii)) == ascii;
+    // By its length: Qt 5 ends an array's text at the first NUL.
+    const QString text = QString::fromLatin1(ascii.constData(), kAsciiEnd);
+    return decoded(codec, ascii) == text && codec.fromUnicode(text) == ascii;
 }
 
 } // namespace
