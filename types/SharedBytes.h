@@ -100,6 +100,7 @@ private:
     }
 #endif
 
+    // NOLINTNEXTLINE(clang-analyzer-webkit.NoUncountedMemberChecker): it is counted here
     Head* mHead = nullptr;
 };
 

@@ -131,7 +131,8 @@ ushort DoubleByteCharset::unitOf(unsigned char lead, unsigned char trail) const
     const int column = trail - kFirstTrail;
     if (row < 0 || row >= kLeads || column < 0 || column >= kTrails)
         return kNone;
-    return mUnits[static_cast<std::size_t>(row * kTrails + column)];
+    const int place = row * kTrails + column;
+    return mUnits[static_cast<std::size_t>(place)];
 }
 
 std::optional<int> DoubleByteCharset::decode(std::string_view bytes, ushort* out) const
