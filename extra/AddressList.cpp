@@ -208,7 +208,7 @@ private:
     {
         if (mHadAngle || mTrailing.isEmpty())
             return {};
-        const QList<QByteArray> pieces = mTrailing.raw().split(' ');
+        QList<QByteArray> pieces = mTrailing.raw().split(' ');
         const bool areAddresses =
             std::all_of(pieces.begin(), pieces.end(), [this](const QByteArray& piece) {
                 return addressProblem(ShortTextReader(mFallback).read(piece)).isEmpty();

@@ -22,7 +22,7 @@ QByteArray decodedStart(const PartExamination& part)
     std::string_view bytes = part.body();
     if (bytes.size() > kExamined)
         bytes = bytes.substr(0, bytes.rfind('\n', kExamined) + 1);
-    const QByteArray stored(bytes.data(), int(bytes.size()));
+    QByteArray stored(bytes.data(), int(bytes.size()));
     const int cte = part.entity().mHeader->getCte();
     if (cte != CTE_BASE64 && cte != CTE_QUOTED_PRINTABLE)
         return stored;
