@@ -78,6 +78,17 @@ if(TARGET tarvomime_tool)
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 RENAME ${tool}.1)
   install(FILES ${PROJECT_SOURCE_DIR}/docs/tarvomime.schema.json
     DESTINATION ${CMAKE_INSTALL_DATADIR}/${tool})
+  # They are made for a tool of the plain name.
+  if(tool STREQUAL tarvomime)
+    set(TARVOMIME_ZSH_FOLDER ${CMAKE_INSTALL_DATADIR}/zsh/site-functions CACHE STRING
+      "where completions for zsh go; distributions have their own place")
+    set(completions ${PROJECT_SOURCE_DIR}/tools/tarvomime/completion)
+    install(FILES ${completions}/tarvomime.bash
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME tarvomime)
+    install(FILES ${completions}/_tarvomime DESTINATION ${TARVOMIME_ZSH_FOLDER})
+    install(FILES ${completions}/tarvomime.fish
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+  endif()
 endif()
 
 if(PROJECT_IS_TOP_LEVEL)

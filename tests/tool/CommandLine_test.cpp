@@ -58,7 +58,7 @@ TEST_P(EveryCommand, RefusesAnUnknownOption)
 INSTANTIATE_TEST_SUITE_P(Tool, EveryCommand,
                          testing::Values("headers", "reassemble", "encode", "decode", "words",
                                          "words decode", "words encode", "tree", "show", "text",
-                                         "calendar", "list", "extract", "compose", "reply",
+                                         "calendar", "list", "extract", "compose", "diff", "reply",
                                          "forward", "invite", "sendable", "lint"),
                          [](const auto& row) {
                              return QString(row.param).replace(' ', '_').toStdString();

@@ -16,6 +16,7 @@ class Session;
 // Each adds one subcommand; parsing a command line that names it runs it in `session`.
 void addHeaders(CLI::App& tool, Session& session);
 void addReassemble(CLI::App& tool, Session& session);
+void addDiff(CLI::App& tool, Session& session);
 void addEncode(CLI::App& tool, Session& session);
 void addDecode(CLI::App& tool, Session& session);
 void addWords(CLI::App& tool, Session& session);

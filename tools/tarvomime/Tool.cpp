@@ -3,6 +3,7 @@
 
 #include "tools/tarvomime/CharsetNames.h"
 #include "tools/tarvomime/Commands.h"
+#include "tools/tarvomime/Complete.h"
 #include "tools/tarvomime/NearestName.h"
 #include "tools/tarvomime/Session.h"
 #include "utility/EMAIL_Util.h"
@@ -36,6 +37,7 @@ void addCommands(CLI::App& tool, Session& session)
     addLint(tool, session);
     addHeaders(tool, session);
     addReassemble(tool, session);
+    addDiff(tool, session);
     addSendable(tool, session);
     addCompose(tool, session);
     addReply(tool, session);
@@ -189,7 +191,12 @@ int runTool(int argumentCount, const char* const* arguments)
     tool.require_subcommand(1);
     addCommands(tool, session);
     removeMarks(tool);
-    const std::vector<std::string> words = wordsOf(argumentCount, arguments);
+    std::vector<std::string> words = wordsOf(argumentCount, arguments);
+    if (!words.empty() && words.front() == kCompleteWord) {
+        words.erase(words.begin());
+        session.print(completionsFor(tool, words));
+        return session.finish();
+    }
     const std::string problem = commandProblem(tool, words);
     if (!problem.empty())
         return refuseCommandLine(tool, problem, session);
