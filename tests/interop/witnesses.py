@@ -32,12 +32,13 @@ def leaf(media_type, name, file_name, disposition, content, charset):
     return node
 
 
-def read_with_email(path):
-    def words(value):
-        # Reads encoded words inside quotes, which is where file names are written, and drops the
-        # folds between them.
-        return str(email.header.make_header(email.header.decode_header(value or "")))
+def email_words(value):
+    """Reads encoded words inside quotes too, which is where file names are written, and drops the
+    folds between them."""
+    return str(email.header.make_header(email.header.decode_header(value or "")))
 
+
+def read_with_email(path):
     def node(part):
         if part.is_multipart():
             return {
@@ -46,8 +47,8 @@ def read_with_email(path):
             }
         return leaf(
             part.get_content_type(),
-            words(part.get_param("name")),
-            words(part.get_param("filename", header="content-disposition")),
+            email_words(part.get_param("name")),
+            email_words(part.get_param("filename", header="content-disposition")),
             part.get_content_disposition(),
             part.get_payload(decode=True),
             part.get_content_charset(),
@@ -56,14 +57,15 @@ def read_with_email(path):
     with open(path, "rb") as file:
         message = email.message_from_bytes(file.read(), policy=email.policy.compat32)
     return {
-        "subject": words(message["subject"]),
-        "from": words(message["from"]),
-        "to": words(message["to"]),
+        "subject": email_words(message["subject"]),
+        "from": email_words(message["from"]),
+        "to": email_words(message["to"]),
         "root": node(message),
     }
 
 
-def read_with_gmime(path):
+def gmime():
+    """GMime's module, or Missing."""
     try:
         import gi
 
@@ -72,16 +74,22 @@ def read_with_gmime(path):
     except (ImportError, ValueError) as error:
         raise Missing(f"GMime for Python is not installed ({error})") from error
     GMime.init()
+    return GMime
 
-    def words(value):
-        # One word at a time: GMime joins the payloads of adjacent words before it decodes them, and
-        # stops at the padding of the first.
-        folds = re.sub(r"\?=\s+=\?", "?==?", value)
-        return re.sub(
-            r"=\?.*?\?.\?.*?\?=",
-            lambda word: GMime.utils_header_decode_text(None, word.group(0)),
-            folds,
-        )
+
+def gmime_words(value):
+    """One word at a time: GMime joins the payloads of adjacent words before it decodes them, and stops
+    at the padding of the first."""
+    folds = re.sub(r"\?=\s+=\?", "?==?", value)
+    return re.sub(
+        r"=\?.*?\?.\?.*?\?=",
+        lambda word: gmime().utils_header_decode_text(None, word.group(0)),
+        folds,
+    )
+
+
+def read_with_gmime(path):
+    GMime = gmime()
 
     def node(part):
         media_type = part.get_content_type().get_mime_type()
@@ -106,7 +114,7 @@ def read_with_gmime(path):
         stream = GMime.StreamMem.new_with_buffer(file.read())
     message = GMime.Parser.new_with_stream(stream).construct_message(None)
     return {
-        "subject": words(message.get_header_list().get_header("Subject").get_raw_value()),
+        "subject": gmime_words(message.get_header_list().get_header("Subject").get_raw_value()),
         "from": message.get_from().to_string(None, False),
         "to": message.get_to().to_string(None, False),
         "root": node(message.get_mime_part()),

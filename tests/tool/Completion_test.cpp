@@ -52,6 +52,16 @@ struct TypedRow
     QString missing;
 };
 
+void PrintTo(const Shell& shell, std::ostream* out)
+{
+    *out << shell.name;
+}
+
+void PrintTo(const TypedRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
 const TypedRow kRows[] = {
     {"Commands", {""}, {"show", "compose", "reply", "words"}, "--version"},
     {"BeginningOfACommand", {"re"}, {"reassemble", "reply"}, "show"},
@@ -100,16 +110,6 @@ protected:
 };
 
 } // namespace
-
-void PrintTo(const Shell& shell, std::ostream* out)
-{
-    *out << shell.name;
-}
-
-void PrintTo(const TypedRow& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 TEST_P(Completion, OffersWhatFits)
 {
