@@ -170,10 +170,12 @@ void examineEnd(const PartExamination& part)
     rest.remove_prefix(std::min(header.size(), rest.size()));
     if (beginsWithEmptyLine(part) || (header.empty() && rest.empty()))
         return;
-    if (rest.empty())
+    // A part may be its header alone, and the line end behind that the delimiter's (RFC 2046,
+    // section 5.1).
+    if (rest.empty() && isMessage(part))
         part.report(FindingKind::UnfinishedHeader,
                     QStringLiteral("the text ends inside the header"));
-    else if (!firstLine(rest).empty())
+    else if (!rest.empty() && !firstLine(rest).empty())
         part.report(FindingKind::UnfinishedHeader,
                     QStringLiteral("a line that is no field ends the header in place of an empty "
                                    "one"),

@@ -50,8 +50,8 @@ INSTANTIATE_TEST_SUITE_P(
         ChangeRow{"LineEnds",
                   "From: a@b\n\nbody\n",
                   {"--line-ends"},
-                  kHead + "@@ -1,3 +1,3 @@\n-From: a@b\\n\n-\\n\n-body\\n\n"
-                          "+From: a@b\\r\\n\n+\\r\\n\n+body\n"},
+                  kHead + "@@ -1,3 +1,3 @@\n-From: a@b\\n\n-\\n\n"
+                          "+From: a@b\\r\\n\n+\\r\\n\n body\\n\n"},
         ChangeRow{"ControlCharacters",
                   "Subject: \x1B[2J\tx\r\nFrom: a@b\r\n\r\nb\r\n",
                   {},

@@ -139,7 +139,9 @@ TEST(UnifiedDiff, TakesHostileTextsAsFastAsOthers)
         alternating += "ab"[i % 2];
         periods += static_cast<char>('a' + i % 17);
     }
-    expectWhole(std::string(size, 'a') + 'x', 'y' + std::string(size - 7, 'a'));
+    std::string equal;
+    equal.append(size, 'a');
+    expectWhole(equal + 'x', 'y' + equal);
     expectWhole(alternating + 'x', 'b' + alternating);
     expectWhole(periods, std::string(periods.rbegin(), periods.rend()));
     std::string counted;
