@@ -58,3 +58,25 @@ INSTANTIATE_TEST_SUITE_P(
                   kHead + "@@ -1,4 +1,4 @@\n-Subject: \\x1B[2J\tx\n From: a@b\n"
                           "+Subject: \\x1B[2J\tx\n \n b\n"}),
     [](const auto& row) { return std::string(row.param.name); });
+
+TEST(DiffCommand, IsColouredOnRequest)
+{
+    const ToolRunner tool;
+    tool.write("a.eml", "Subject: s\r\nFrom: a@b\r\n\r\nbody\r\n");
+    const QByteArray out = tool.run({"diff", "a.eml", "--color", "always"}).out;
+    EXPECT_TRUE(out.contains("\x1B[31m-Subject: s\x1B[0m\n")) << out.constData();
+    EXPECT_TRUE(out.contains("\x1B[32m+Subject: s\x1B[0m\n")) << out.constData();
+    EXPECT_FALSE(tool.run({"diff", "a.eml"}).out.contains('\x1B'));
+}
+
+TEST(DiffCommand, ReadsAnMboxAndStandardInput)
+{
+    const ToolRunner tool;
+    const QByteArray mail = "Subject: s\nFrom: a@b\n\nbody\n";
+    const QByteArray separator = "From a@b Mon Jun  3 10:15:00 2024\n";
+    tool.write("a.mbox", separator + mail + '\n' + separator + mail);
+    const ToolResult mbox = tool.run({"diff", "a.mbox"});
+    EXPECT_EQ(mbox.status, 0) << testing::PrintToString(mbox);
+    EXPECT_EQ(mbox.out.count("--- a.mbox, message "), 2) << testing::PrintToString(mbox);
+    EXPECT_EQ(tool.run({"diff", "-"}, mail).out.count("+++ standard input "), 1);
+}

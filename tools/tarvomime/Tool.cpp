@@ -21,8 +21,8 @@ constexpr const char* kVersion = "tarvomime " TARVOMIME_VERSION;
 
 constexpr const char* kFooter =
     "Exit status: 0 when all went well, 1 when a file failed (the others are still\n"
-    "worked on), 2 for wrong usage, 3 for findings of 'lint --strict', 130 after Ctrl-C,\n"
-    "141 when the reader of the output went away.\n"
+    "worked on), 2 for wrong usage, 3 for what 'lint --strict' and 'diff --strict' found,\n"
+    "130 after Ctrl-C, 141 when the reader of the output went away.\n"
     "\n"
     "'tarvomime help COMMAND' explains a command and shows an example.";
 
