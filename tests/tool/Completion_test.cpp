@@ -69,6 +69,8 @@ const TypedRow kRows[] = {
     {"Options", {"compose", "--"}, {"--subject", "--inline", "--message-id"}, "--part"},
     {"OptionBehindFiles", {"compose", "--attach", "a", "--su"}, {"--subject"}, "--html"},
     {"Charsets", {"text", "--charset", "iso-8859-1"}, {"iso-8859-1", "iso-8859-15"}, "utf-8"},
+    {"Choices", {"list", "--color", ""}, {"auto", "always", "never"}, "a.eml"},
+    {"BehindHelp", {"help", "re"}, {"reply"}, "show"},
     {"Encodings", {"encode", ""}, {"base64", "quoted-printable"}, "a.eml"},
     {"Parts", {"extract", "a.eml", "--part", ""}, {"1", "1.1", "1.2"}, "1.3"},
     {"PartsOfASpacedName", {"extract", "two words.eml", "--part", "1."}, {"1.1"}, "1"},

@@ -169,7 +169,9 @@ void addChoices(const std::string& type, const std::string& prefix, Candidates& 
 void addValues(const Situation& situation, const CLI::Option& option, const std::string& prefix,
                Candidates& candidates)
 {
-    const std::string type = option.get_type_name();
+    // Behind the colon stands what is checked.
+    const std::string full = option.get_type_name();
+    const std::string type = full.substr(0, full.find(':'));
     if (option.check_lname("charset"))
         addCharsets(prefix, candidates);
     else if (option.check_lname("part"))
