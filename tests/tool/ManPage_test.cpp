@@ -15,13 +15,6 @@ QString manPage()
     return QString::fromUtf8(file.readAll()).replace("\\-", "-").replace("\\(aq", "'");
 }
 
-QString readme()
-{
-    QFile file(TARVOMIME_SOURCE_DIR "/README.md");
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return QString::fromUtf8(file.readAll());
-}
-
 QStringList allIn(const QString& text, const char* pattern)
 {
     QStringList found;
@@ -100,23 +93,4 @@ TEST(ManPage, HasAnExampleOfEveryCommand)
     const QString examples = manPage().section(".SH EXAMPLES", 1);
     for (const QString& command : commands(tool))
         EXPECT_TRUE(examples.contains("tarvomime " + command + " ")) << command.toStdString();
-}
-
-TEST(ManPage, PipelinesDoWhatTheySay)
-{
-    const QString pipeline = "(tarvomime compose [^\n]*\\| tarvomime show -)";
-    for (const QString& page : {manPage(), readme()}) {
-        const QStringList lines = allIn(page, pipeline.toUtf8().constData());
-        ASSERT_EQ(lines.size(), 1);
-        const ToolRunner tool;
-        QProcess shell;
-        shell.setWorkingDirectory(tool.path(""));
-        shell.start("/bin/sh",
-                    {"-c", "tarvomime() { \"$0\" \"$@\"; }\n" + lines.first(), TARVOMIME_TOOL});
-        const ToolResult result = ToolRunner::finish(shell);
-        EXPECT_EQ(result.status, 0) << testing::PrintToString(result);
-        for (const char* part : {"From: mira@a.example\n", "To: joern@b.example\n",
-                                 "Subject: Fotos\n", "text/plain", "\nAnbei.\n"})
-            EXPECT_TRUE(result.out.contains(part)) << testing::PrintToString(result);
-    }
 }
