@@ -55,7 +55,8 @@ TEST(TreeAssembler, LeavesATreeThatIsTooLongAlone)
 TEST(TreeAssembler, WritesNothingOfAHeaderThatIsTooLong)
 {
     const HugeBytes bytes;
-    ASSERT_TRUE(bytes.isMapped());
+    if (!bytes.isMapped())
+        GTEST_SKIP() << "no address space";
     EMAIL_Message message;
     message.mBody->setMessage("body");
     message.mHeader->setSubject(hugeText(bytes));
@@ -70,7 +71,8 @@ TEST(TreeAssembler, WritesNothingOfAHeaderThatIsTooLong)
 TEST(TreeAssembler, WritesNothingOfALineThatIsTooLong)
 {
     const HugeBytes bytes;
-    ASSERT_TRUE(bytes.isMapped());
+    if (!bytes.isMapped())
+        GTEST_SKIP() << "no address space";
     BodyOwner owner("multipart/mixed; boundary=b");
     auto* part = new EMAIL_BodyPart;
     part->mHeader->field("Twenty-One-Characters")->mBody = hugeText(bytes);
@@ -84,7 +86,8 @@ TEST(TreeAssembler, WritesNothingOfALineThatIsTooLong)
 TEST(TreeAssembler, RefusesABodyThatIsTooLongInMemory)
 {
     const HugeBytes bytes;
-    ASSERT_TRUE(bytes.isMapped());
+    if (!bytes.isMapped())
+        GTEST_SKIP() << "no address space";
     EMAIL_Message message(QCString("old"), nullptr);
     message.mHeader->setSubject("twenty characters ...");
     message.mBody->setMessage(hugeText(bytes));
