@@ -25,7 +25,7 @@ bool isInstalled(const std::string& program)
     std::istringstream folders(path == nullptr ? "" : path);
     std::string folder;
     while (std::getline(folders, folder, ':')) {
-        if (access((folder + '/' + program).c_str(), X_OK) == 0)
+        if (access(folder.append("/").append(program).c_str(), X_OK) == 0)
             return true;
     }
     return false;
