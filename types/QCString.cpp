@@ -12,10 +12,7 @@
 
 namespace {
 
-using tarvomime::asciiLower;
-using tarvomime::asciiUpper;
-using tarvomime::equalIgnoringCase;
-using tarvomime::trimmed;
+using namespace tarvomime;
 
 std::string_view viewOf(const char* text)
 {

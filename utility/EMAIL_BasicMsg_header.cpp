@@ -60,7 +60,7 @@ bool isContentType(const EMAIL_Field* field)
            equalIgnoringCase(field->mName.view(), FieldName::contentType().view());
 }
 
-/// The first Content-Type of `fields` from `start` on and before `end`; `end` when there is none.
+// The first Content-Type of `fields` from `start` on and before `end`; `end` when there is none.
 int findContentType(const Fields& fields, int start, int end)
 {
     EMAIL_Field* const* const items = fields.begin();

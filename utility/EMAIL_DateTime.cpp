@@ -14,6 +14,8 @@
 #include <cstdlib>
 #include <limits>
 
+using namespace tarvomime;
+
 namespace {
 
 // The first `N` pieces of a text, as they come; what is missing is null, and what follows is not
@@ -22,7 +24,7 @@ template <std::size_t N>
 std::array<QCString, N> firstPieces(const QCString& separator, const QCString& text)
 {
     std::array<QCString, N> pieces;
-    tarvomime::PieceReader reader(separator, text, true);
+    PieceReader reader(separator, text, true);
     for (QCString& piece : pieces)
         piece = reader.take().value_or(QCString());
     return pieces;
@@ -36,9 +38,7 @@ constexpr std::array kMonthNames{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
 template <std::size_t N>
 int indexOfName(const std::array<const char*, N>& names, const QCString& text)
 {
-    const auto equals = [&text](const char* name) {
-        return tarvomime::equalIgnoringCase(name, text.view());
-    };
+    const auto equals = [&text](const char* name) { return equalIgnoringCase(name, text.view()); };
     const auto found = std::find_if(names.begin(), names.end(), equals);
     return found == names.end() ? 0 : static_cast<int>(found - names.begin());
 }
@@ -69,7 +69,7 @@ int stopOfSearch(const QCString& text, Predicate wanted)
 
 bool mayBeginDayName(char c)
 {
-    const char lower = tarvomime::asciiLower(c);
+    const char lower = asciiLower(c);
     return lower >= 'b' && lower <= 'y';
 }
 
@@ -112,7 +112,7 @@ EMAIL_DateTime::EMAIL_DateTime() = default;
 EMAIL_DateTime::EMAIL_DateTime(const QCString& text, EMAIL_BaseComponent* parent)
     : EMAIL_Field(text, parent)
 {
-    tarvomime::followZone();
+    followZone();
 }
 
 EMAIL_DateTime::~EMAIL_DateTime() = default;
@@ -139,7 +139,7 @@ void EMAIL_DateTime::parse()
     if (mBody.isEmpty())
         return;
     // Never empty: without any digit it is the last character.
-    const int stop = stopOfSearch(mBody, tarvomime::isDigit);
+    const int stop = stopOfSearch(mBody, isDigit);
     const QCString date = mBody.right(mBody.length() - stop + 1);
     const auto tokens = firstPieces<5>(QCString::fromLiteral(" "), date);
 
@@ -150,7 +150,7 @@ void EMAIL_DateTime::parse()
     mTime.tm_wday = dayOfWeek(mBody, stop);
     const QCString zone = tokens[4].lower();
     if (!zone.isEmpty())
-        mZone = tarvomime::zoneOffset(zone);
+        mZone = zoneOffset(zone);
     mParsed = 1;
 }
 
@@ -159,20 +159,20 @@ void EMAIL_DateTime::setTime(unsigned long t)
     constexpr unsigned long kHour = 3600;
     if (t == 0)
         t = static_cast<unsigned long>(std::time(nullptr));
-    std::optional<std::tm> clock = tarvomime::localTime(t);
+    std::optional<std::tm> clock = localTime(t);
     if (clock && clock->tm_isdst > 0)
-        clock = tarvomime::localTime(t - kHour);
-    mTime = clock ? *clock : *tarvomime::localTime(0);
-    mZone = static_cast<int>(tarvomime::standardZone());
+        clock = localTime(t - kHour);
+    mTime = clock ? *clock : *localTime(0);
+    mZone = static_cast<int>(standardZone());
     mParsed = 1;
 }
 
 unsigned long EMAIL_DateTime::getTime()
 {
-    const std::optional<std::time_t> local = tarvomime::calendarTime(mTime);
+    const std::optional<std::time_t> local = calendarTime(mTime);
     if (!local)
         return 0;
-    const long correction = (tarvomime::standardZone() - mZone) * 60;
+    const long correction = (standardZone() - mZone) * 60;
     return static_cast<unsigned long>(*local) + static_cast<unsigned long>(correction);
 }
 

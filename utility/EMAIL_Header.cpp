@@ -28,7 +28,7 @@ public:
 
     bool hasMore() const { return mPosition < mText.size(); }
 
-    /// The next line, without the CR and LF characters at its end.
+    // The next line, without the CR and LF characters at its end.
     std::string_view take()
     {
         const std::string_view rest = mText.substr(mPosition);

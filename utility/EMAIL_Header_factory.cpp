@@ -88,7 +88,7 @@ const KnownField* findKnown(std::string_view name)
 
 EMAIL_Field* EMAIL_Header::createField(const QCString& name)
 {
-    return tarvomime::createFieldOf(*this, name, name.view());
+    return createFieldOf(*this, name, name.view());
 }
 
 EMAIL_Field* tarvomime::createFieldOf(EMAIL_Header& header, const QCString& text,

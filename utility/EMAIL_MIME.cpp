@@ -28,7 +28,7 @@ bool isContainerPart(const EMAIL_MultiPart& part)
     return isContainer({part.mTypeEnum, part.mSubTypeEnum});
 }
 
-/// Hands the body over as it is: its bytes are in the part's transfer encoding already.
+// Hands the body over as it is: its bytes are in the part's transfer encoding already.
 void copyBody(const EMAIL_MultiPart& part, EMAIL_Body& body)
 {
     if (part.isInMemory())
@@ -55,7 +55,7 @@ void checkBodyPart(bool isThere)
         "void EMAIL_MIME::mulitPartToEntity(const EMAIL_MultiPart&, EMAIL_Entity&, int)");
 }
 
-/// A new part at the end of the body, which owns it.
+// A new part at the end of the body, which owns it.
 EMAIL_BodyPart* appendBodyPart(EMAIL_Body& body)
 {
     std::unique_ptr<EMAIL_BodyPart> bodyPart(new (std::nothrow) EMAIL_BodyPart);
@@ -70,7 +70,7 @@ void checkSubPart(bool isThere)
         "void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity*, EMAIL_MultiPart&)");
 }
 
-/// A new sub-part at the end of `part`, which owns it.
+// A new sub-part at the end of `part`, which owns it.
 EMAIL_MultiPart* appendSubPart(EMAIL_MultiPart& part)
 {
     std::unique_ptr<EMAIL_MultiPart> subPart(new (std::nothrow) EMAIL_MultiPart(&part));
@@ -80,15 +80,15 @@ EMAIL_MultiPart* appendSubPart(EMAIL_MultiPart& part)
 
 using BodyParts = QPtrList<EMAIL_BodyPart>;
 
-/// Cuts the items behind the first `count` off without deleting them; the list keeps its room.
+// Cuts the items behind the first `count` off without deleting them; the list keeps its room.
 void cutTo(int count, BodyParts& parts)
 {
     while (parts.count() > count)
         parts.take(parts.count() - 1);
 }
 
-/// Puts the parts of `front` in the place of as many at the front of `parts`, and these into
-/// `front`, whose room is made before anything is moved.
+// Puts the parts of `front` in the place of as many at the front of `parts`, and these into
+// `front`, whose room is made before anything is moved.
 void exchangeFront(BodyParts& parts, BodyParts& front)
 {
     const int exchanged = front.count();
@@ -104,7 +104,7 @@ void exchangeFront(BodyParts& parts, BodyParts& front)
     front.setAutoDelete(owned);
 }
 
-/// Appends a new body part built from `part`, with everything below it.
+// Appends a new body part built from `part`, with everything below it.
 void appendTree(const EMAIL_MultiPart& part, EMAIL_Body& body)
 {
     struct Task
@@ -130,7 +130,7 @@ void appendTree(const EMAIL_MultiPart& part, EMAIL_Body& body)
     }
 }
 
-/// Moves the only part of `source` to `body`.
+// Moves the only part of `source` to `body`.
 void moveTree(EMAIL_Body& source, EMAIL_Body& body, int index)
 {
     checkBodyPart(body.insertBodyPart(source.bodyPart(0), index));

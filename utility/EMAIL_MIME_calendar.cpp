@@ -21,7 +21,7 @@ namespace {
 
 using Parts = QPtrList<EMAIL_BodyPart>;
 
-/// The list in which an invitation has its calendars: the message's own or that of its first part.
+// The list in which an invitation has its calendars: the message's own or that of its first part.
 const Parts* alternatives(const EMAIL_MIME& message)
 {
     const MediaType media{message.getType(), message.getSubType()};
@@ -35,9 +35,9 @@ const Parts* alternatives(const EMAIL_MIME& message)
     return isInvitation ? &first->mBody->mBodyParts : nullptr;
 }
 
-/// Calls `action` with each calendar part of an invitation, in order.
-///
-/// 1. A part of the message that cannot be read ends them; one further down is passed over.
+// Calls `action` with each calendar part of an invitation, in order.
+//
+// 1. A part of the message that cannot be read ends them; one further down is passed over.
 template <class Action>
 void forEachCalendar(const EMAIL_MIME& message, Action action)
 {

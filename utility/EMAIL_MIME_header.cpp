@@ -77,7 +77,7 @@ void writeDownloadState(const EMAIL_MultiPart& part, EMAIL_Header& header)
         header.setPartID(toLatin1(part.mPartID));
 }
 
-/// The Content-Type field; a missing one is created as text/plain.
+// The Content-Type field; a missing one is created as text/plain.
 EMAIL_ContentType* contentTypeOrPlainText(EMAIL_Header& header)
 {
     if (EMAIL_ContentType* field = header.getContentType())

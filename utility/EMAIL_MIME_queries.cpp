@@ -30,7 +30,7 @@ bool isBlankBody(const QCString& body)
     return QByteArray(body).replace("\r\n", "").isEmpty();
 }
 
-/// Which of the top-level parts have been downloaded.
+// Which of the top-level parts have been downloaded.
 struct Downloads
 {
     bool all = true;
@@ -48,13 +48,27 @@ struct Downloads
     }
 };
 
-/// Whether the message text is the body of the message itself.
+// Whether the message text is the body of the message itself.
 bool isWholeText(MediaType media)
 {
     return media.type == TYPE_UNKNOWN || isPlainText(media);
 }
 
-/// 0 for a missing file, and for one that is too long to be mapped.
+// Where the message text stands: in the message itself, in one of its parts, or nowhere.
+struct MessageText
+{
+    bool isWhole = false;
+    const EMAIL_Entity* part = nullptr;
+};
+
+MessageText messageText(MediaType media, const EMAIL_Entity* part)
+{
+    if (isWholeText(media))
+        return {true, nullptr};
+    return {false, isContainer(media) ? part : nullptr};
+}
+
+// 0 for a missing file, and for one that is too long to be mapped.
 int sizeOf(const QString& path)
 {
     const qint64 size = isFileName(path) ? QFileInfo(path).size() : 0;
@@ -147,13 +161,11 @@ const EMAIL_Entity* EMAIL_MIME::messageTextPart() const
 
 int EMAIL_MIME::getBody(QString& text, int charset) const
 {
-    const MediaType media{getType(), getSubType()};
-    if (isWholeText(media))
+    const MessageText found = messageText({getType(), getSubType()}, messageTextPart());
+    if (found.isWhole)
         return EMAIL_BasicMsg::getBody(text, charset == CHARSET_UNKNOWN ? getCharset() : charset);
-    if (!isContainer(media))
-        return 0;
-    if (const EMAIL_Entity* part = messageTextPart())
-        readText(*part, charset, text);
+    if (found.part != nullptr)
+        readText(*found.part, charset, text);
     return 0;
 }
 
@@ -164,13 +176,11 @@ int EMAIL_MIME::getBody(QFile* out, const ProgressCallback& progress) const
 
 int EMAIL_MIME::getBodyPartId(QString& partId) const
 {
-    const MediaType media{getType(), getSubType()};
-    if (isWholeText(media))
+    const MessageText found = messageText({getType(), getSubType()}, messageTextPart());
+    if (found.isWhole)
         partId = QLatin1String("");
-    else if (!isContainer(media))
-        return 0;
-    else if (const EMAIL_Entity* entity = messageTextPart())
-        partId = fromLatin1OrNull(entity->mHeader->getPartID());
+    else if (found.part != nullptr)
+        partId = fromLatin1OrNull(found.part->mHeader->getPartID());
     return 0;
 }
 

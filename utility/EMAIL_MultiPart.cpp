@@ -16,14 +16,14 @@ using namespace tarvomime;
 
 namespace {
 
-/// The parts that are to be deleted, the next one first. Freeing must not need memory, so they are
-/// linked through the one pointer that they no longer need: the one to their parent.
+// The parts that are to be deleted, the next one first. Freeing must not need memory, so they are
+// linked through the one pointer that they no longer need: the one to their parent.
 class Orphans
 {
 public:
     bool isEmpty() const { return mFirst == nullptr; }
 
-    /// Takes over the items of `list`, unless the list does not own them.
+    // Takes over the items of `list`, unless the list does not own them.
     void takeFrom(QPtrList<EMAIL_MultiPart>& list)
     {
         while (list.autoDelete() && !list.isEmpty()) {
@@ -43,7 +43,7 @@ private:
     EMAIL_MultiPart* mFirst = nullptr;
 };
 
-/// A new sub-part at the end of `parent`, which owns it; null when there is no memory.
+// A new sub-part at the end of `parent`, which owns it; null when there is no memory.
 EMAIL_MultiPart* appendSubPart(EMAIL_MultiPart& parent)
 {
     std::unique_ptr<EMAIL_MultiPart> subPart(new (std::nothrow) EMAIL_MultiPart(&parent));

@@ -21,7 +21,7 @@ BodyBytes storedBytes(const EMAIL_MultiPart& part)
     return BodyBytes(part.mBodyFile, part.mBodyOffset, part.mBodyLength);
 }
 
-/// Sizes are `int` in the interface; a body that is longer counts as empty.
+// Sizes are `int` in the interface; a body that is longer counts as empty.
 bool isTooLong(const QByteArray& data)
 {
     return data.size() > QCString::longestLength;

@@ -3,7 +3,7 @@
 
 #include "tests/support/ExactBuffer.h"
 #include "tests/support/PlainCodecs.h"
-#include "utility/codec/NulByte.h"
+#include "utility/file/BodyBytes.h"
 
 #include <gtest/gtest.h>
 #include <utility>

@@ -3,7 +3,6 @@
 
 #include "utility/EMAIL_Numbers.h"
 #include "utility/codec/GivenRoom.h"
-#include "utility/codec/NulByte.h"
 #include "utility/file/BodyBytes.h"
 
 #include <QByteArray>

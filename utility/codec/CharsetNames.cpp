@@ -16,7 +16,7 @@ struct CharsetRow
 {
     std::string_view mimeName;
     const char* codecName;
-    /// The codec writes and reads every character as one byte.
+    // The codec writes and reads every character as one byte.
     bool singleByte;
 };
 

@@ -47,7 +47,7 @@ int charsetOfWords(int charset)
 constexpr auto kOneByte = [](QChar) { return 1; };
 constexpr auto kTwoBytes = [](QChar unit) { return unit.unicode() < 0x80 ? 1 : 2; };
 
-/// Cuts a text into words of one charset, its bytes in which are given.
+// Cuts a text into words of one charset, its bytes in which are given.
 class WordWriter
 {
 public:
@@ -57,7 +57,7 @@ public:
     {
     }
 
-    /// Nothing when the words could be too long for a text.
+    // Nothing when the words could be too long for a text.
     std::optional<QByteArray> write()
     {
         if (!reserveForAll())

@@ -31,8 +31,14 @@ constexpr std::array<EncodingName, 5> kEncodings{{
     {CTE_BINARY, "binary"},
 }};
 
-/// The guess looks no further than this.
+// The guess looks no further than this.
 constexpr int kGuessedBytes = 4096;
+
+// Whether a body in that encoding travels as other bytes than its own.
+bool changesBytes(int encoding)
+{
+    return encoding == CTE_QUOTED_PRINTABLE || encoding == CTE_BASE64;
+}
 
 // What stands in front of the first NUL.
 std::optional<QByteArray> copiedText(const BodyBytes& in)
@@ -126,6 +132,26 @@ int decodeTransfer(const BodyBytes& in, QFile* file, int encoding, const Progres
     if (encoding == CTE_BASE64)
         return decodeBase64(in, file, callback);
     return writeRawData(in, file, callback);
+}
+
+std::optional<std::string_view> decodedBytes(const BodyBytes& body, int encoding, QByteArray& room)
+{
+    if (body.isInMemory() && !changesBytes(encoding))
+        return body.view().substr(0, body.view().find('\0'));
+    auto bytes = decodeTransfer(body, encoding);
+    if (!bytes)
+        return std::nullopt;
+    room = *std::move(bytes);
+    return std::string_view(room.constData(), static_cast<std::size_t>(room.size()));
+}
+
+int writeDecoded(const BodyBytes& body, int encoding, QFile* file, const ProgressCallback& callback)
+{
+    if (!body.isInMemory())
+        return decodeTransfer(body, file, encoding, callback);
+    QByteArray room;
+    const auto bytes = decodedBytes(body, encoding, room);
+    return bytes ? writeBlock(file, bytes->data(), static_cast<int>(bytes->size())) : -1;
 }
 
 } // namespace tarvomime

@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <optional>
+#include <string_view>
 
 class QFile;
 
@@ -33,5 +34,15 @@ std::optional<QByteArray> decodeTransfer(const BodyBytes& in, int encoding);
 /// not take them, or the answer with which `callback` refused a block.
 int decodeTransfer(const BodyBytes& in, QFile* file, int encoding,
                    const ProgressCallback& callback);
+
+/// The decoded bytes up to the first NUL of what is stored: where they stand in memory as they are,
+/// else in `room`. Nothing when they cannot be read or there is no room for them.
+std::optional<std::string_view> decodedBytes(const BodyBytes& body, int encoding, QByteArray& room);
+/// Writes the decoded bytes of `body`: those of a body in a file all, block by block, and asking
+/// `callback`; those of one in memory at once and up to the first NUL of what is stored. Returns 0,
+/// -1 when they cannot be read or `file` does not take them, or the answer with which `callback`
+/// refused a block.
+int writeDecoded(const BodyBytes& body, int encoding, QFile* file,
+                 const ProgressCallback& callback);
 
 } // namespace tarvomime

@@ -21,7 +21,7 @@ constexpr unsigned kDigitCount = kBase64Digits.size();
 
 enum class State { Direct, AfterPlus, Shifted };
 
-/// The walk over the bytes. Every byte yields one character at most.
+// The walk over the bytes. Every byte yields one character at most.
 class Utf7Decoder
 {
 public:

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "utility/file/BodyBytes.h"
 
-#include "utility/file/BlockWriter.h"
 #include "utility/file/Sinks.h"
 
 #include <algorithm>
@@ -17,6 +16,16 @@ BodyBytes::BodyBytes(const char* bytes, int length)
 BodyBytes::BodyBytes(const QString& path, int offset, int length)
     : mFile(path), mIsFile(true), mOffset(offset), mLength(length)
 {
+}
+
+bool BodyBytes::ok() const
+{
+    return isInMemory() || mFile.holds(mOffset, mLength);
+}
+
+bool BodyBytes::isInMemory() const
+{
+    return !mIsFile;
 }
 
 std::size_t BodyBytes::size() const
@@ -38,6 +47,16 @@ std::optional<QByteArray> BodyBytes::first(std::size_t count) const
     return sink->takeResult();
 }
 
+BodyBlocks::BodyBlocks(const BodyBytes& bytes, std::size_t blockSize)
+    : mBytes(bytes), mLeft(bytes.size()), mBlockSize(blockSize)
+{
+}
+
+bool BodyBlocks::atEnd() const
+{
+    return mLeft == 0 && mBytes.ok();
+}
+
 std::optional<std::string_view> BodyBlocks::next(std::string_view rest)
 {
     if (!mBytes.isInMemory())
@@ -49,7 +68,7 @@ std::optional<std::string_view> BodyBlocks::next(std::string_view rest)
 // A thread's stack may have no room for a second block beside the one that gathers the output.
 std::optional<std::string_view> BodyBlocks::nextOfFile(std::string_view rest)
 {
-    const std::size_t count = std::min<std::size_t>(mLeft, kBlockThreshold);
+    const std::size_t count = std::min(mLeft, mBlockSize);
     if (mBlock == nullptr && mBytes.ok())
         mBlock.reset(new (std::nothrow) char[kLongestRest + count]);
     if (mBlock == nullptr)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "utility/file/BlockWriter.h"
 #include "utility/file/RegularFile.h"
 
 #include <QByteArray>
@@ -26,8 +27,8 @@ public:
     BodyBytes(const QString& path, int offset, int length);
 
     /// Whether there are such bytes: the file could be opened and held the range then.
-    bool ok() const { return isInMemory() || mFile.holds(mOffset, mLength); }
-    bool isInMemory() const { return !mIsFile; }
+    bool ok() const;
+    bool isInMemory() const;
     /// The bytes in memory.
     std::string_view view() const { return mMemory; }
     std::size_t size() const;
@@ -46,14 +47,19 @@ private:
     std::string_view mMemory;
 };
 
+/// What a NUL inside a text of known length means to a decoder. One that knows need not look for it
+/// beforehand, in a pass of its own.
+enum class NulByte { IsData, EndsText };
+
 /// Hands out stored bytes in order: those of a file in blocks, those in memory at once.
 class BodyBlocks
 {
 public:
-    /// Bytes that are not ok give an error with their first block.
-    explicit BodyBlocks(const BodyBytes& bytes) : mBytes(bytes), mLeft(bytes.size()) {}
+    /// Bytes that are not ok give an error with their first block. `blockSize` is the size of the
+    /// blocks of a file.
+    explicit BodyBlocks(const BodyBytes& bytes, std::size_t blockSize = kBlockThreshold);
 
-    bool atEnd() const { return mLeft == 0 && mBytes.ok(); }
+    bool atEnd() const;
     /// The next bytes, good until the next call. In front of them stand again those of the last
     /// block that `rest` views, its end that could not be used alone: kLongestRest bytes at most.
     /// Nothing when the file does not have them any more.
@@ -66,6 +72,7 @@ private:
 
     const BodyBytes& mBytes;
     std::size_t mLeft;
+    std::size_t mBlockSize;
     std::unique_ptr<char[]> mBlock;
 };
 

@@ -32,12 +32,16 @@ int drain(Codec& codec, Sink& sink)
     }
 }
 
+/// What is read of a file at a time: whole lines of base64, of 76 digits with CR LF or LF alone.
+/// The fast path would fall out of step at a line that a block's end divides.
+constexpr std::size_t kWholeLines = std::size_t{78} * 77 * 5;
+
 /// Runs `codec` over all of `input`. Returns 0, the sink's refusal, or -1 when the input cannot be
 /// read.
 template <class Codec, class Sink>
 int pump(Codec& codec, const BodyBytes& input, Sink& sink)
 {
-    BodyBlocks blocks(input);
+    BodyBlocks blocks(input, kWholeLines);
     while (!blocks.atEnd() && !codec.isEnded()) {
         const auto block = blocks.next(codec.rest());
         if (!block)

@@ -57,6 +57,11 @@ RegularFile::~RegularFile()
         close(mDescriptor);
 }
 
+bool RegularFile::isOpen() const
+{
+    return mDescriptor >= 0;
+}
+
 bool RegularFile::holds(int offset, int length) const
 {
     return isOpen() && offset >= 0 && length >= 0 && offset <= mSize - length;

@@ -23,7 +23,7 @@ public:
     RegularFile& operator=(const RegularFile&) = delete;
     ~RegularFile();
 
-    bool isOpen() const { return mDescriptor >= 0; }
+    bool isOpen() const;
     /// Its length when it was opened.
     int size() const { return mSize; }
     int descriptor() const { return mDescriptor; }

@@ -28,6 +28,26 @@ QByteArray MemorySink::takeResult()
     return std::move(mArray);
 }
 
+BlockSink::BlockSink(QFile* file, const ProgressCallback& callback)
+    : mFile(file), mCallback(callback)
+{
+}
+
+char* BlockSink::next() const
+{
+    return mNext;
+}
+
+char* BlockSink::limit()
+{
+    return mBlock.data() + kBlockThreshold;
+}
+
+void BlockSink::advanceTo(char* next)
+{
+    mNext = next;
+}
+
 int BlockSink::flush()
 {
     int used = static_cast<int>(mNext - mBlock.data());

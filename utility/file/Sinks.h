@@ -44,13 +44,13 @@ private:
 class BlockSink
 {
 public:
-    BlockSink(QFile* file, const ProgressCallback& callback) : mFile(file), mCallback(callback) {}
+    BlockSink(QFile* file, const ProgressCallback& callback);
     BlockSink(const BlockSink&) = delete;
     BlockSink& operator=(const BlockSink&) = delete;
 
-    char* next() { return mNext; }
-    char* limit() { return mBlock.data() + kBlockThreshold; }
-    void advanceTo(char* next) { mNext = next; }
+    char* next() const;
+    char* limit();
+    void advanceTo(char* next);
     int flush();
     /// Writes what is left, without asking the callback. Returns 0 when the file has taken all.
     int writeRest();

@@ -24,7 +24,7 @@ ushort* widen(const char* begin, const char* end, ushort* out)
     return std::transform(begin, end, out, [](char c) { return static_cast<uchar>(c); });
 }
 
-/// One character of several bytes; `length` 0 when it is malformed (RFC 3629, section 4).
+// One character of several bytes; `length` 0 when it is malformed (RFC 3629, section 4).
 struct Utf8Character
 {
     uint code = 0;

@@ -23,7 +23,7 @@ namespace tarvomime {
 
 namespace {
 
-/// The boundaries that are drawn: 12 hyphens and 24 digits.
+// The boundaries that are drawn: 12 hyphens and 24 digits.
 constexpr std::size_t kHyphens = 12;
 constexpr std::size_t kDrawnLength = 36;
 constexpr std::string_view kDelimiterStart = "--";
@@ -47,7 +47,7 @@ bool couldBeDrawn(std::string_view text)
     return text.size() >= kDrawnLength && hyphens.find_first_not_of('-') == std::string_view::npos;
 }
 
-/// The one of `texts`, none of which begins another, that `text` begins with; or their end.
+// The one of `texts`, none of which begins another, that `text` begins with; or their end.
 Texts::const_iterator startOf(const Texts& texts, std::string_view text)
 {
     const auto behind = texts.upper_bound(text);
@@ -57,7 +57,7 @@ Texts::const_iterator startOf(const Texts& texts, std::string_view text)
     return startsWith(text, *before) ? before : texts.end();
 }
 
-/// Whether one of `texts` begins with `text`, or `text` with one of them.
+// Whether one of `texts` begins with `text`, or `text` with one of them.
 bool clashes(const Texts& texts, std::string_view text)
 {
     const auto behind = texts.lower_bound(text);
@@ -65,8 +65,8 @@ bool clashes(const Texts& texts, std::string_view text)
            startOf(texts, text) != texts.end();
 }
 
-/// Reads bodies block by block and keeps what stands behind "--" at a line's start: boundaries that
-/// are in use, and what could be drawn.
+// Reads bodies block by block and keeps what stands behind "--" at a line's start: boundaries that
+// are in use, and what could be drawn.
 class TakenLines
 {
 public:
@@ -95,7 +95,7 @@ public:
         }
     }
 
-    /// Ends the last line of a body too.
+    // Ends the last line of a body too.
     void endLine()
     {
         if (startsWith(mHead, kDelimiterStart))
@@ -176,7 +176,7 @@ bool readBlocks(QFile& file, qint64 length, TakenLines& lines)
     return true;
 }
 
-/// Lines that are made by the encoding begin where those of the content do not.
+// Lines that are made by the encoding begin where those of the content do not.
 bool readQuotedPrintable(QFile& file, qint64 length, TakenLines& lines)
 {
     const QByteArray content = file.read(length);

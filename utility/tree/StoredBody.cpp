@@ -7,6 +7,7 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/codec/DecodedBody.h"
 #include "utility/codec/MediaTypes.h"
+#include "utility/codec/TransferEncoding.h"
 #include "utility/tree/EntityMediaType.h"
 
 namespace tarvomime {

@@ -10,7 +10,7 @@
 #include <cstdint>
 
 // A function over vectors is compiled once for each kind of processor; here its form for the
-// running one is found. Included behind the vector library.
+// running one is found.
 
 namespace tarvomime {
 

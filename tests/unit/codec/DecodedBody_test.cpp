@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/DecodedBody.h"
+#include "utility/codec/TransferEncoding.h"
 
 #include "tests/support/RecordingFile.h"
 #include "tests/support/RowNames.h"

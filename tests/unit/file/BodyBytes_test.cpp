@@ -66,20 +66,26 @@ TEST(BodyBytes, OfAFileAreARangeOfIt)
     EXPECT_EQ(OpenResources::of(stored.path()), before);
 }
 
-TEST(BodyBytes, OfAFileComeInBlocksOf32768)
+TEST(BodyBytes, OfAFileComeInBlocksOf32768OrAsAskedFor)
 {
     const StoredFile stored(content);
     const BodyBytes bytes(stored.path(), 1, 69000);
-    QByteArray read;
-    std::vector<std::size_t> sizes;
-    for (BodyBlocks blocks(bytes); !blocks.atEnd();) {
-        const auto block = blocks.next();
-        ASSERT_TRUE(block.has_value());
-        sizes.push_back(block->size());
-        read.append(block->data(), static_cast<int>(block->size()));
+    for (const auto& [blockSize, expected] :
+         {std::pair<std::size_t, std::vector<std::size_t>>{32768, {32768, 32768, 3464}},
+          {30000, {30000, 30000, 9000}},
+          {69000, {69000}}}) {
+        QByteArray read;
+        std::vector<std::size_t> sizes;
+        for (BodyBlocks blocks(bytes, blockSize); !blocks.atEnd();) {
+            const auto block = blocks.next();
+            ASSERT_TRUE(block.has_value());
+            sizes.push_back(block->size());
+            read.append(block->data(), static_cast<int>(block->size()));
+        }
+        EXPECT_EQ(sizes, expected);
+        EXPECT_TRUE(read == content.mid(1, 69000));
     }
-    EXPECT_EQ(sizes, (std::vector<std::size_t>{32768, 32768, 3464}));
-    EXPECT_TRUE(read == content.mid(1, 69000));
+    EXPECT_EQ(BodyBlocks(bytes).next()->size(), 32768U);
 }
 
 TEST(BodyBytes, TheRestOfABlockStandsInFrontOfTheNext)
