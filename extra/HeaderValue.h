@@ -21,8 +21,8 @@ TARVOMIME_EXTRA_EXPORT Result<void> checkHeaderValue(const QString& value);
 /// line above 998 bytes (RFC 5322, section 2.1.1).
 TARVOMIME_EXTRA_EXPORT Result<void> checkRawHeaderValue(const QByteArray& value);
 
-/// A text as the body of a field: encoded words where it is not plain ASCII, in `charset` or else in
-/// UTF-8, and folded at its blanks. Fails for what the checks above refuse.
+/// A text as the body of a field: encoded words where it is not plain ASCII, in `charset` or else
+/// in UTF-8, and folded at its blanks. Fails for what the checks above refuse.
 TARVOMIME_EXTRA_EXPORT Result<QCString> writeHeaderValue(const QString& value,
                                                          int charset = CHARSET_UTF_8);
 

@@ -100,7 +100,6 @@ private:
     }
 #endif
 
-    // NOLINTNEXTLINE(clang-analyzer-webkit.NoUncountedMemberChecker): it is counted here
     Head* mHead = nullptr;
 };
 
