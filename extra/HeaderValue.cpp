@@ -97,7 +97,7 @@ Result<void> checkRawHeaderValue(const QByteArray& value)
         end = end < 0 ? int(value.size()) : end;
         const bool hasLineEnd = end < value.size();
         const int cr = hasLineEnd && end > at && value[end - 1] == '\r' ? 1 : 0;
-        const Result<void> line = checkLine(value.mid(at, end - at - cr), at == 0);
+        Result<void> line = checkLine(value.mid(at, end - at - cr), at == 0);
         if (!line)
             return line;
         at = end + 1;
