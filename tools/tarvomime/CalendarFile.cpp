@@ -14,7 +14,7 @@ QByteArray takeLine(std::string_view& rest)
     while (!rest.empty()) {
         const std::string_view line = rest.substr(0, rest.find('\n'));
         rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-        const QByteArray text = QByteArray(line.data(), static_cast<int>(line.size())).trimmed();
+        QByteArray text = QByteArray(line.data(), static_cast<int>(line.size())).trimmed();
         if (!text.isEmpty())
             return text;
     }

@@ -27,7 +27,7 @@ struct InviteOptions
 
 std::string methodProblem(const std::string& method)
 {
-    const std::string problem = headerValueProblem(method);
+    std::string problem = headerValueProblem(method);
     if (!problem.empty())
         return problem;
     return isCalendarMethod(method) ? "" : "a method is one word, such as REQUEST";
