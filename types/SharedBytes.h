@@ -14,6 +14,8 @@ class SharedBytes
 public:
     SharedBytes() noexcept = default;
     /// A share in the buffer of `array`; none when the bytes are not the array's own.
+    // Qt hands out the head of an array only for writing.
+    // cppcheck-suppress passedByValue
     explicit SharedBytes(QByteArray array) noexcept : mHead(headOf(array)) { retain(); }
     SharedBytes(const SharedBytes& other) noexcept : mHead(other.mHead) { retain(); }
     SharedBytes(SharedBytes&& other) noexcept : mHead(std::exchange(other.mHead, nullptr)) {}
