@@ -90,7 +90,8 @@ protected:
         if (QString("bash") == shell().name)
             words.replaceInStrings(" ", "\\ ");
         process.start(QStandardPaths::findExecutable(shell().name),
-                      argumentsOf(shell()) << kScripts + shell().script << TARVOMIME_TOOL << words);
+                      argumentsOf(shell())
+                          << kScripts + shell().script << tool.path("tarvomime") << words);
         const ToolResult result = ToolRunner::finish(process);
         EXPECT_EQ(result.err, "");
         QStringList offered = QString::fromUtf8(result.out).split('\n');
@@ -103,6 +104,8 @@ protected:
     {
         if (QStandardPaths::findExecutable(shell().name).isEmpty())
             GTEST_SKIP() << shell().name << " is not installed";
+        // Completions are for the plain name, which not every build gives the tool.
+        ASSERT_TRUE(QFile::link(TARVOMIME_TOOL, tool.path("tarvomime")));
         tool.write("a.eml",
                    "Content-Type: multipart/mixed; boundary=b\n\n--b\n\none\n--b\n\ntwo\n--b--\n");
         tool.write("two words.eml", tool.read("a.eml"));

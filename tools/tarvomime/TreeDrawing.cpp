@@ -42,7 +42,8 @@ std::vector<bool> lastSiblings(const MessageContent& content)
     std::vector<bool> isLast(static_cast<std::size_t>(count), false);
     for (int index = count - 1; index >= 0; --index) {
         // The message itself has none: place 0 stands for that.
-        const auto parent = static_cast<std::size_t>(content.parts[index].parent + 1);
+        const int place = content.parts[index].parent + 1;
+        const auto parent = static_cast<std::size_t>(place);
         isLast[static_cast<std::size_t>(index)] = !hasLast[parent];
         hasLast[parent] = true;
     }
