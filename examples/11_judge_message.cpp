@@ -25,7 +25,7 @@ bool isWithinLimits(const QByteArray& bytes)
 void printFindings(const QByteArray& bytes)
 {
     for (const tarvomime::MessageFinding& finding : tarvomime::messageFindings(bytes)) {
-        std::printf("%s, part %s: %s\n", tarvomime::severityName(finding.severity).constData(),
+        std::printf("%s at %s: %s\n", tarvomime::severityName(finding.severity).constData(),
                     finding.part.constData(), finding.text.toUtf8().constData());
         const QByteArray about = bytes.mid(int(finding.offset), int(finding.length));
         if (!about.isEmpty() && !about.contains('\n'))

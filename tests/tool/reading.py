@@ -104,20 +104,20 @@ ROWS = [
      "\x1b[36mSubject:\x1b[0m i\n", 0),
     ("show_without_a_terminal", "$T show image.eml | head -1", "Subject: i\n", 0),
     # text
-    ("text_of_a_part", "$T text mixed.eml --part 1.1", "first\n\nsecond & last\n", 0),
-    ("text_of_an_enclosed_part", "$T text mixed.eml --part 1.3.1", "inner\n", 0),
-    ("text_of_no_part", "$T text mixed.eml --part 1.9",
+    ("text_of_a_part", "$T text mixed.eml --part=1.1", "first\n\nsecond & last\n", 0),
+    ("text_of_an_enclosed_part", "$T text mixed.eml --part=1.3.1", "inner\n", 0),
+    ("text_of_no_part", "$T text mixed.eml --part=1.9",
      "tarvomime: mixed.eml: has no part numbered 1.9\n", 1),
-    ("text_of_an_image", "$T text mixed.eml --part 1.2", "tarvomime: mixed.eml: the part is "
+    ("text_of_an_image", "$T text mixed.eml --part=1.2", "tarvomime: mixed.eml: the part is "
      "image/png, no text; 'extract' writes it into a file\n", 1),
     ("text_as_html", "$T text html.eml --html", "<p>one<p>two\n", 0),
     ("text_made_html", "$T text a.eml --html", "<pre>text\n</pre>\n", 0),
     ("text_in_a_codec_of_its_own", "$T text latin.eml --charset windows-1253", "ι\n", 0),
     # extract
-    ("extract_to_standard_output", "$T extract mixed.eml --part 1.2 --out -", "abc", 0),
+    ("extract_to_standard_output", "$T extract mixed.eml --part=1.2 --out -", "abc", 0),
     ("extract_all_to_standard_output", "$T extract mixed.eml --all --out -",
      "tarvomime: standard output takes one part: --part says which\n", 2),
-    ("extract_from_standard_input", "$T extract - --part 1.2 --out - < mixed.eml", "abc", 0),
+    ("extract_from_standard_input", "$T extract - --part=1.2 --out - < mixed.eml", "abc", 0),
     ("extract_of_an_mbox", "$T extract archive.mbox --message 2 --all --out new && cat new/*",
      "1  new/part-1.txt\nx\n\nFrom here on\n", 0),
     # JSON

@@ -55,7 +55,7 @@ void addExtract(CLI::App& tool, Session& session)
         "Example:\n"
         "  tarvomime extract mail.eml --out attachments\n"
         "  tarvomime extract mail.eml --part=1.2\n"
-        "  tarvomime extract mail.eml --part 1.2 --out - | file -");
+        "  tarvomime extract mail.eml --part=1.2 --out - | file -");
     addMailInputs(arguments, options->inputs);
     arguments.charset(options->inputs.charset);
     arguments.option("--part", options->part, "NUMBER", "Write this part only");

@@ -78,7 +78,7 @@ void addText(CLI::App& tool, Session& session)
         "Example:\n"
         "  tarvomime text mail.eml --charset koi8-u\n"
         "  tarvomime text mail.eml --html > mail.html\n"
-        "  tarvomime text mail.eml --part 1.2");
+        "  tarvomime text mail.eml --part=1.2");
     addMailInputs(arguments, options->inputs);
     arguments.charset(options->inputs.charset);
     arguments.option("--part", options->part, "NUMBER", "The text of this part only");
