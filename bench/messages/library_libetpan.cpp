@@ -211,20 +211,4 @@ std::string decodeSubject(const std::string& wire, bool isShown)
     return isShown ? text : std::string();
 }
 
-struct LibraryText
-{
-};
-
-LibraryText* newLibraryText(const std::string&)
-{
-    return nullptr;
-}
-
-void deleteLibraryText(LibraryText*) {}
-
-std::string encodeSubject(const LibraryText&, Language, bool)
-{
-    return {};
-}
-
 } // namespace bench

@@ -107,20 +107,4 @@ std::string decodeSubject(const std::string&, bool)
     return {};
 }
 
-struct LibraryText
-{
-};
-
-LibraryText* newLibraryText(const std::string&)
-{
-    return nullptr;
-}
-
-void deleteLibraryText(LibraryText*) {}
-
-std::string encodeSubject(const LibraryText&, Language, bool)
-{
-    return {};
-}
-
 } // namespace bench
