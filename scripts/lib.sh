@@ -42,9 +42,10 @@ missing_packages() {
 install_packages() {
     local wanted missing administrator=()
     command -v dpkg-query >/dev/null || return 0
-    mapfile -t wanted < <(listed_packages "$@")
-    mapfile -t missing < <(missing_packages "${wanted[@]}")
-    [ ${#missing[@]} -gt 0 ] || return 0
+    # No process substitution: it takes /dev/fd, which a bare chroot has not.
+    mapfile -t wanted <<<"$(listed_packages "$@")"
+    mapfile -t missing <<<"$(missing_packages "${wanted[@]}")"
+    [ -n "${missing[0]}" ] || return 0
     if [ "$(id -u)" -ne 0 ]; then
         administrator=(sudo)
         command -v sudo >/dev/null || die "these Debian packages are missing, and installing them needs root or sudo.
