@@ -34,6 +34,9 @@ FILES = {
     "latin.eml": b"A: b\n\n\xe9\n",
     "wide.eml": mail("日本語の件名".encode()),
     "midnight.eml": mail(b"m", date=b"Mon, 31 Dec 2023 23:30:00 +0000"),
+    "none.eml": b"A: b\n\nx\n",
+    "sender.eml": mail(b""),
+    "marks.eml": b"Content-Type: image/png\n\nx\n",
     "archive.mbox": SEPARATOR + mail(b"one") + b"\n" + SEPARATOR
                     + mail(b"two", b"x\n\n>From here on") + b"\n" + SEPARATOR + mail(b"three"),
     "sort/1": mail(b"Re: b", b"x" * 500, b"Tue, 4 Jun 2024 10:15:00 +0000"),
@@ -45,6 +48,7 @@ FILES = {
 }
 
 SECOND = len(SEPARATOR + mail(b"one") + b"\n" + SEPARATOR)
+THIRD = SECOND + len(mail(b"two", b"x\n\n>From here on") + b"\n" + SEPARATOR)
 SUBJECTS = " | jq -r .subject"
 
 # Name, command line, what is printed, and the exit status.
@@ -83,6 +87,13 @@ ROWS = [
     ("list_counts_cells", "$T list wide.eml --files",
      "2024-06-03 10:15  Jörn <j@b.example>                     "
      "日本語の件名                              wide.eml\n", 0),
+    ("list_ends_with_what_it_has", "for mail in none sender marks; do "
+     "$T list $mail.eml; $T list $mail.eml --color always; done",
+     "\n\n"
+     "2024-06-03 10:15  Jörn <j@b.example>\n"
+     "\x1b[2m2024-06-03 10:15  \x1b[0mJörn <j@b.example>\n"
+     + 18 * " " + 32 * " " + "@1\n"
+     "\x1b[2m" + 18 * " " + "\x1b[0m" + 32 * " " + "\x1b[33m@1\x1b[0m\n", 0),
     ("list_names_files", "$T list archive.mbox --files | sed 's/.*  //' | tail -1",
      "archive.mbox --message 3\n", 0),
     ("list_by_date", "$T list --json --sort date sort" + SUBJECTS, "C\nRe: b\na\n", 0),
@@ -145,12 +156,32 @@ ROWS = [
      "jq -r 'select(.attachments > 2) | .subject'", "mixed\n", 0),
 ]
 
+# A message of 2 GiB without room on the disk, and three others behind it.
+LARGE = ("{ head -c 60 archive.mbox; echo; echo; } > large.mbox; truncate -s 2G large.mbox; "
+         "{ echo; echo; cat archive.mbox; } >> large.mbox; ")
+LARGE_PROBLEM = "tarvomime: large.mbox, message 1: is too large (2 GiB or more)\n"
+ROWS_OF_64_BITS = [
+    ("mbox_beyond_2_gib", LARGE + "$T list --jobs 1 --json large.mbox | jq -c '[.subject, .offset]'",
+     LARGE_PROBLEM + f'["one",{(1 << 31) + 36}]\n["two",{(1 << 31) + 2 + SECOND}]\n'
+     f'["three",{(1 << 31) + 2 + THIRD}]\n', 0),
+    ("message_by_a_byte_beyond_2_gib", LARGE + f"$T text large.mbox --offset {(1 << 31) + 2 + SECOND}",
+     "x\n\nFrom here on\n", 0),
+    ("message_of_2_gib", LARGE + "$T extract large.mbox --message 1", LARGE_PROBLEM, 1),
+    ("file_of_2_gib", "truncate -s 2G large; $T list large",
+     "tarvomime: large: is too large (2 GiB or more)\n", 1),
+]
+
 
 def write_files(folder):
     for name, content in FILES.items():
         path = os.path.join(os.fsencode(folder), os.fsencode(name))
         os.makedirs(os.path.dirname(path), exist_ok=True)
         pathlib.Path(os.fsdecode(path)).write_bytes(content)
+
+
+def has_64_bits(tool):
+    with open(tool, "rb") as file:
+        return file.read(5) == b"\x7fELF\x02"
 
 
 def failure_of(tool, command, expected, status):
@@ -167,10 +198,11 @@ def failure_of(tool, command, expected, status):
 
 def main(tool):
     failed = 0
-    rows = ROWS
+    rows = ROWS + (ROWS_OF_64_BITS if has_64_bits(tool) else [])
     if shutil.which("jq") is None:
-        rows = [row for row in ROWS if "jq " not in row[1]]
-        print(f"jq is not installed: {len(ROWS) - len(rows)} rows are left out")
+        missing = [row for row in rows if "jq " in row[1]]
+        rows = [row for row in rows if row not in missing]
+        print(f"jq is not installed: {len(missing)} rows are left out")
     for name, command, expected, status in rows:
         failure = failure_of(tool, command, expected, status)
         if failure:
@@ -181,5 +213,6 @@ def main(tool):
 
 
 if __name__ == "__main__":
-    assert len({row[0] for row in ROWS}) == len(ROWS), "names are unique"
+    names = [row[0] for row in ROWS + ROWS_OF_64_BITS]
+    assert len(set(names)) == len(names), "names are unique"
     sys.exit(main(sys.argv[1]))

@@ -23,6 +23,7 @@ FILES = {
     "long.eml": MAIL.format("a subject that is longer than any narrow terminal is wide", "x"),
     "wide.eml": MAIL.format("日本語の件名はとても長いのでここで切られます😀", "x"),
     "quote.eml": MAIL.format("s", "> quoted\nown"),
+    "bare.eml": "A: b\n\nx\n",
     "evil.eml": MAIL.format("s", "a\x1b[2J\x9b\x07b"),
     "many.eml": MAIL.format("s", "line\n" * 300),
 }
@@ -35,6 +36,8 @@ ROWS = [
      r"^2024-06-03 10:15  Someone With A Lo…         a subject that is longer t…\r\n$"),
     ("list_counts_cells", ["list", "wide.eml", "--color", "never"], 72, {},
      r"^2024-06-03 10:15  Someone With A Lo…         日本語の件名はとても長いの…\r\n$"),
+    ("list_ends_with_what_it_has", ["list", "quote.eml", "bare.eml", "--color", "never"], 40, {},
+     r"^2024-06-03 10:15  Someone Wit…         s\r\n\r\n$"),
     ("list_of_a_wide_terminal", ["list", "long.eml"], 200, {}, r"narrow terminal is wide\r\n$"),
     ("colour", ["tree", "quote.eml"], 80, {}, r"\x1b\[33m1\x1b\[0m  text/plain"),
     ("no_color_is_heard", ["tree", "quote.eml"], 80, {"NO_COLOR": "1"}, r"^[^\x1b]*$"),
@@ -44,7 +47,7 @@ ROWS = [
     ("quotes_stand_back", ["show", "quote.eml"], 80, {"PAGER": ""},
      r"\x1b\[2m> quoted\x1b\[0m\r\nown\r\n$"),
     ("evil_text_is_harmless", ["show", "evil.eml"], 80, {"PAGER": "", "NO_COLOR": "1"},
-     r"^[^\x1b\x9b\x07]*$"),
+     r"^[^\x1b\x9b\x07\udc80-\udcff]*$"),
     ("pager", ["show", "quote.eml"], 80, {"PAGER": PAGER}, r"paged: own\r\n$"),
     ("no_pager", ["show", "quote.eml", "--no-pager"], 80, {"PAGER": PAGER}, r"^(?!.*paged)"),
     ("pager_that_had_enough", ["show", "many.eml"], 80, {"PAGER": "head -1"},
@@ -67,12 +70,17 @@ def become_tool(tool, arguments, terminal, environment):
     os.execve(tool, [tool, *arguments], environment)
 
 
-def start(tool, arguments, columns, further):
+def environment_with(further):
+    """A plain environment of its own, so that nothing of the user's shows."""
     environment = {"PATH": os.environ["PATH"], "TZ": "UTC", "LC_ALL": "C.UTF-8", "TERM": "xterm"}
     for name in ("LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS"):
         if name in os.environ:
             environment[name] = os.environ[name]
-    environment.update(further)
+    return {**environment, **further}
+
+
+def start(tool, arguments, columns, further):
+    environment = environment_with(further)
     screen, terminal = open_terminal(columns)
     process = os.fork()
     if process == 0:
@@ -92,7 +100,7 @@ def read_until(screen, wanted=None):
         if not block:
             break
         shown += block
-    return shown.decode("utf-8", "replace")
+    return shown.decode("utf-8", "surrogateescape")
 
 
 def failure_of_row(tool, arguments, columns, further, expected):

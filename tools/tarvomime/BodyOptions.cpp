@@ -58,7 +58,7 @@ QString contentIdOf(const std::string& path)
 bool addFile(const std::string& path, const QString& contentId, QList<EMAIL_MultiPart>& parts,
              Session& session)
 {
-    const InputFile file(path, EmptyFile::Accepted);
+    const InputFile file(path, Sizes::OrEmpty);
     if (!file.isOpen()) {
         session.complain(path, file.problem());
         return false;

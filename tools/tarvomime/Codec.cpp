@@ -45,7 +45,7 @@ void convert(const CodecOptions& options, std::string_view input, Session& sessi
 
 void convertFile(const CodecOptions& options, Session& session)
 {
-    const InputFile file(options.file, EmptyFile::Accepted);
+    const InputFile file(options.file, Sizes::OrEmpty);
     if (file.isOpen())
         convert(options, file.bytes(), session);
     else

@@ -6,9 +6,9 @@
 
 #include <QFile>
 #include <cerrno>
+#include <cstddef>
 #include <cstring>
 #include <fcntl.h>
-#include <limits>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -17,26 +17,26 @@ namespace tarvomime::tool {
 
 namespace {
 
-std::string problemOf(const struct stat& status, EmptyFile empty)
+std::string problemOf(const struct stat& status, Sizes sizes)
 {
     if (S_ISDIR(status.st_mode))
         return "is a folder, not a file";
     if (!S_ISREG(status.st_mode))
         return "is not a regular file";
-    if (status.st_size == 0 && empty == EmptyFile::Refused)
+    if (status.st_size == 0 && sizes != Sizes::OrEmpty)
         return "is empty";
-    // The library refuses texts that are so long.
-    if (status.st_size >= std::numeric_limits<int>::max() - 64)
-        return "is too large (2 GiB or more)";
+    constexpr qint64 kMostAddresses = std::numeric_limits<std::ptrdiff_t>::max();
+    if (status.st_size >= (sizes == Sizes::OrTooLong ? kMostAddresses : kTooLong))
+        return kTooLongProblem;
     return {};
 }
 
 } // namespace
 
-InputFile::InputFile(const std::string& path, EmptyFile empty)
+InputFile::InputFile(const std::string& path, Sizes sizes)
     : mPath(path), mName(path == "-" ? "standard input" : path)
 {
-    open(empty);
+    open(sizes);
 }
 
 InputFile::~InputFile()
@@ -45,24 +45,24 @@ InputFile::~InputFile()
         munmap(const_cast<char*>(mData), mMapped);
 }
 
-void InputFile::open(EmptyFile empty)
+void InputFile::open(Sizes sizes)
 {
     const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
     const Descriptor descriptor(mPath == "-" ? openStandardInput() : ::open(mPath.c_str(), flags));
     if (descriptor.isOpen())
-        map(descriptor.number(), empty);
+        map(descriptor.number(), sizes);
     else
         mProblem = std::strerror(errno);
 }
 
-void InputFile::map(int descriptor, EmptyFile empty)
+void InputFile::map(int descriptor, Sizes sizes)
 {
     struct stat status;
     if (fstat(descriptor, &status) != 0) {
         mProblem = std::strerror(errno);
         return;
     }
-    mProblem = problemOf(status, empty);
+    mProblem = problemOf(status, sizes);
     if (!mProblem.empty() || status.st_size == 0)
         return;
     // Zeros follow the file in its last page. A file that fills that page gets another one.
@@ -78,7 +78,7 @@ void InputFile::map(int descriptor, EmptyFile empty)
         return;
     }
     mData = static_cast<const char*>(start);
-    mSize = static_cast<int>(size);
+    mSize = status.st_size;
     mMapped = fills ? size + 1 : size;
 }
 

@@ -2,21 +2,28 @@
 #pragma once
 
 #include <QString>
+#include <limits>
 #include <string>
 #include <string_view>
 
 namespace tarvomime::tool {
 
-enum class EmptyFile { Refused, Accepted };
+/// The library refuses texts that are so long.
+constexpr qint64 kTooLong = std::numeric_limits<int>::max() - 64;
+constexpr const char* kTooLongProblem = "is too large (2 GiB or more)";
+
+/// Which files open: those that hold a text, also empty ones, or also those that are too long for
+/// one text.
+enum class Sizes { Text, OrEmpty, OrTooLong };
 
 /// A whole file, mapped for reading and never changed; "-" is standard input, read to its end.
 ///
-/// Only regular files below 2 GiB open; a FIFO is refused at once instead of being waited for. A
-/// NUL follows the last byte.
+/// Only regular files open; a FIFO is refused at once instead of being waited for. A NUL follows
+/// the last byte.
 class InputFile
 {
 public:
-    explicit InputFile(const std::string& path, EmptyFile empty = EmptyFile::Refused);
+    explicit InputFile(const std::string& path, Sizes sizes = Sizes::Text);
     InputFile(const InputFile&) = delete;
     InputFile& operator=(const InputFile&) = delete;
     ~InputFile();
@@ -28,7 +35,7 @@ public:
     /// The path, or "standard input".
     const std::string& name() const { return mName; }
     const char* data() const { return mData; }
-    int size() const { return mSize; }
+    qint64 size() const { return mSize; }
     std::string_view bytes() const { return {mData, static_cast<std::size_t>(mSize)}; }
 
     /// The name by which the library can open this file again to read bodies from it; empty when it
@@ -39,14 +46,14 @@ public:
     void release(qint64 length) const;
 
 private:
-    void open(EmptyFile empty);
-    void map(int descriptor, EmptyFile empty);
+    void open(Sizes sizes);
+    void map(int descriptor, Sizes sizes);
 
     std::string mPath;
     std::string mName;
     std::string mProblem;
     const char* mData = "";
-    int mSize = 0;
+    qint64 mSize = 0;
     /// How much is mapped: the file and what follows it.
     std::size_t mMapped = 0;
 };

@@ -10,16 +10,20 @@
 
 #include <QDateTime>
 #include <algorithm>
+#include <limits>
+#include <vector>
 
 namespace tarvomime::tool {
 
 namespace {
 
+constexpr int kDate = 16;
 constexpr int kWidestSender = 30;
 constexpr int kNarrowestSender = 12;
 constexpr int kMarks = 5;
 constexpr int kNarrowestSubject = 20;
 constexpr int kSubjectBesideFile = 40;
+constexpr int kUnbounded = std::numeric_limits<int>::max();
 
 /// "2024-06-03 10:15" in the user's zone.
 QString localDate(unsigned long date)
@@ -54,31 +58,56 @@ QString shown(const QString& text)
 }
 
 /// How a file of its messages is named on a command line.
-QByteArray fileOf(const MailPlace& place)
+QString fileOf(const MailPlace& place)
 {
-    const QByteArray file = printableLine(place.file->path());
-    return place.isInMbox() ? file + " --message " + QByteArray::number(place.number) : file;
+    const QString file = QString::fromUtf8(printableLine(place.file->path()));
+    return place.isInMbox() ? file + " --message " + QString::number(place.number) : file;
 }
 
-QByteArray subjectAndFile(Mail& mail, const ListFormat& format, int room)
+/// A column of a line. What is only blank is none.
+struct Cell
 {
-    const QString subject = shown(mail.text("Subject"));
+    QString text;
+    int width;
+    QByteArray (Style::*paint)(const QByteArray& text) const;
+};
+
+/// The line ends with the last column that holds something.
+QByteArray joined(const std::vector<Cell>& cells, const Style& style)
+{
+    std::size_t count = cells.size();
+    while (count > 0 && cells[count - 1].text.isEmpty())
+        --count;
+    QByteArray line;
+    for (std::size_t i = 0; i < count; ++i) {
+        const Cell& cell = cells[i];
+        const QString text = i + 1 < count ? column(cell.text, cell.width) + QString(2, ' ')
+                                           : cutToCells(cell.text, cell.width);
+        line += cell.paint == nullptr ? text.toUtf8() : (style.*cell.paint)(text.toUtf8());
+    }
+    return line;
+}
+
+int subjectWidth(const ListFormat& format, int widthBefore)
+{
     if (format.files)
-        return column(subject, kSubjectBesideFile).toUtf8() + "  " + fileOf(mail.place());
-    return (room > 0 ? cutToCells(subject, std::max(room, kNarrowestSubject)) : subject).toUtf8();
+        return kSubjectBesideFile;
+    return format.width == 0 ? kUnbounded : std::max(format.width - widthBefore, kNarrowestSubject);
 }
 
 QByteArray lineFor(Mail& mail, const ListFormat& format)
 {
-    const Style style(format.color);
     const int sender = format.width == 0
                            ? kWidestSender
                            : std::clamp(format.width / 4, kNarrowestSender, kWidestSender);
-    const QByteArray date = column(localDate(mail.message().getDate()), 16).toUtf8();
-    const int room = format.width == 0 ? 0 : format.width - 16 - sender - kMarks - 3 * 2;
-    return style.faint(date) + "  " + column(shown(mail.people("From")), sender).toUtf8() + "  " +
-           style.mark(column(marks(mail), kMarks).toUtf8()) + "  " +
-           subjectAndFile(mail, format, room);
+    std::vector<Cell> cells = {{localDate(mail.message().getDate()), kDate, &Style::faint},
+                               {shown(mail.people("From")), sender, nullptr},
+                               {marks(mail), kMarks, &Style::mark},
+                               {shown(mail.text("Subject")),
+                                subjectWidth(format, kDate + sender + kMarks + 3 * 2), nullptr}};
+    if (format.files)
+        cells.push_back({fileOf(mail.place()), kUnbounded, nullptr});
+    return joined(cells, Style(format.color));
 }
 
 QByteArray jsonFor(Mail& mail)

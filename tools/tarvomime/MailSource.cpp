@@ -5,7 +5,42 @@
 #include "tools/tarvomime/Interrupt.h"
 #include "tools/tarvomime/Session.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace tarvomime::tool {
+
+namespace {
+
+/// A mapped file of any size; a QByteArray, and so a QBuffer, ends at 2 GiB with Qt 5.
+class MappedDevice : public QIODevice
+{
+public:
+    explicit MappedDevice(const InputFile& file) : mFile(file) { open(ReadOnly | Unbuffered); }
+
+    qint64 size() const override { return mFile.size(); }
+    bool seek(qint64 position) override
+    {
+        mAt = std::min(position, size());
+        return QIODevice::seek(position);
+    }
+
+protected:
+    qint64 readData(char* data, qint64 most) override
+    {
+        const qint64 count = std::min(most, size() - mAt);
+        std::memcpy(data, mFile.data() + mAt, static_cast<std::size_t>(count));
+        mAt += count;
+        return count;
+    }
+    qint64 writeData(const char* /*data*/, qint64 /*length*/) override { return -1; }
+
+private:
+    const InputFile& mFile;
+    qint64 mAt = 0;
+};
+
+} // namespace
 
 std::string MailPlace::name() const
 {
@@ -30,10 +65,12 @@ bool MailSource::next(MailPlace& place)
 {
     do {
         while (mFile && takeMessage(place)) {
-            if (isWanted(place)) {
-                mFound = true;
+            if (!isWanted(place))
+                continue;
+            mFound = true;
+            if (place.length < kTooLong)
                 return !mayStop();
-            }
+            mSession.complain(place.name(), kTooLongProblem);
         }
         if (mFile && mInputs.isSelection() && !mFound)
             complainOfAbsence();
@@ -47,7 +84,7 @@ bool MailSource::openNext()
     mFound = false;
     mNumber = 0;
     while (!mFile && mNextFile < mFiles.size()) {
-        auto file = std::make_shared<const InputFile>(mFiles[mNextFile++].path);
+        auto file = std::make_shared<const InputFile>(mFiles[mNextFile++].path, Sizes::OrTooLong);
         if (file->isOpen())
             mFile = std::move(file);
         else
@@ -56,9 +93,7 @@ bool MailSource::openNext()
     if (!mFile)
         return false;
     mReader.reset();
-    mDevice = std::make_unique<QBuffer>(&mBytes);
-    mBytes = QByteArray::fromRawData(mFile->data(), mFile->size());
-    mDevice->open(QIODevice::ReadOnly);
+    mDevice = std::make_unique<MappedDevice>(*mFile);
     mReader = std::make_unique<MboxReader>(*mDevice);
     if (mReader->isMbox())
         mHoldsSeveral = mHoldsSeveral || !mInputs.isSelection();

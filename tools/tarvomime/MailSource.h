@@ -5,7 +5,7 @@
 #include "tools/tarvomime/MailFiles.h"
 #include "tools/tarvomime/MailInputs.h"
 
-#include <QBuffer>
+#include <QIODevice>
 #include <memory>
 #include <string>
 #include <vector>
@@ -58,8 +58,7 @@ private:
     bool mHoldsSeveral;
     std::shared_ptr<const InputFile> mFile;
     /// The bytes of the file in the hands of the reader, which is null for a file that is no mbox.
-    QByteArray mBytes;
-    std::unique_ptr<QBuffer> mDevice;
+    std::unique_ptr<QIODevice> mDevice;
     std::unique_ptr<MboxReader> mReader;
     int mNumber = 0;
     bool mFound = false;

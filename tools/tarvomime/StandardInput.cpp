@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/tarvomime/StandardInput.h"
 
+#include "tools/tarvomime/InputFile.h"
 #include "tools/tarvomime/Interrupt.h"
 #include "tools/tarvomime/Session.h"
 
@@ -10,8 +11,8 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
-#include <limits>
 #include <memory>
+#include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -47,10 +48,12 @@ bool copyStandardInput(int target)
     std::array<char, 65536> block;
     qint64 copied = 0;
     ssize_t count = 0;
-    // What is too large to be read is not copied to its end.
-    while (copied <= std::numeric_limits<int>::max() &&
-           (count = readBlock(block.data(), block.size())) > 0) {
-        if (!writeAll(target, block.data(), static_cast<std::size_t>(count)))
+    // What is too large to be read, and no mbox, is not copied to its end.
+    bool isMbox = false;
+    while ((isMbox || copied < kTooLong) && (count = readBlock(block.data(), block.size())) > 0) {
+        const std::string_view start(block.data(), static_cast<std::size_t>(count));
+        isMbox = copied == 0 ? start.substr(0, 5) == "From " : isMbox;
+        if (!writeAll(target, block.data(), start.size()))
             return false;
         copied += count;
     }
@@ -75,8 +78,6 @@ int openStandardInput()
 
 bool readStandardInput(QByteArray& out, Session& session)
 {
-    // Qt 5 keeps the length of an array in an int, with room for its own bookkeeping.
-    constexpr qint64 kLongest = std::numeric_limits<int>::max() - 64;
     const InterruptGuard guard;
     std::array<char, 65536> block;
     for (;;) {
@@ -91,8 +92,8 @@ bool readStandardInput(QByteArray& out, Session& session)
         }
         if (count == 0)
             return true;
-        if (qint64(out.size()) + count > kLongest) {
-            session.complain("standard input", "is too large (2 GiB or more)");
+        if (qint64(out.size()) + count > kTooLong) {
+            session.complain("standard input", kTooLongProblem);
             return false;
         }
         out.append(block.data(), static_cast<int>(count));
