@@ -39,6 +39,24 @@ QSet<QString> optionsIn(const QString& text)
     return QSet<QString>(options.begin(), options.end());
 }
 
+/// What stands for all commands, or all of one kind.
+QString generalOptions(const QString& page)
+{
+    return page.section(".SH OPTIONS", 1).section(".SH", 0, 0) +
+           page.section(".SS Options of new messages", 1).section(".SS", 0, 0);
+}
+
+/// The command lines that the page and the help of the commands show.
+QStringList examples(const ToolRunner& tool)
+{
+    QStringList lines = allIn(manPage(), "^\\.B (tarvomime .*)$");
+    for (const QString& command : commands(tool)) {
+        const QString help = QString::fromUtf8(tool.run({command, "--help"}).out);
+        lines += allIn(QString(help).remove("\\\n"), "^  (tarvomime .*)$");
+    }
+    return lines;
+}
+
 /// What stands below the command's name in the page, up to the next command.
 QString entryOf(const QString& page, const QString& command, const QStringList& all)
 {
@@ -62,8 +80,7 @@ TEST(ManPage, HoldsEveryOptionOfTheHelp)
 {
     const ToolRunner tool;
     const QString page = manPage();
-    const QString general = page.section(".SH OPTIONS", 1).section(".SH", 0, 0) +
-                            page.section(".SS Options of new messages", 1).section(".SS", 0, 0);
+    const QString general = generalOptions(page);
     const QStringList all = commands(tool);
     ASSERT_GT(all.size(), 10);
     for (const QString& command : all) {
@@ -85,6 +102,23 @@ TEST(ManPage, HoldsNoOptionThatTheToolHasNot)
         known += optionsIn(QString::fromUtf8(tool.run({command, "--help"}).out));
     for (const QString& option : optionsIn(manPage()))
         EXPECT_TRUE(known.contains(option)) << option.toStdString();
+}
+
+// What means the same everywhere is shown once.
+TEST(ManPage, ShowsEveryOptionInAnExample)
+{
+    const ToolRunner tool;
+    const QSet<QString> general = optionsIn(generalOptions(manPage()));
+    const QStringList lines = examples(tool);
+    for (const QString& command : commands(tool)) {
+        const QStringList own = lines.filter("tarvomime " + command + ' ');
+        const QString help = QString::fromUtf8(tool.run({command, "--help"}).out);
+        for (const QString& option : optionsIn(help.section("Options:", 1))) {
+            const QStringList& shown = general.contains(option) ? lines : own;
+            EXPECT_TRUE(optionsIn(shown.join('\n')).contains(option))
+                << command.toStdString() << ": " << option.toStdString();
+        }
+    }
 }
 
 TEST(ManPage, HasAnExampleOfEveryCommand)

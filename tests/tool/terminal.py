@@ -90,9 +90,9 @@ def start(tool, arguments, columns, further):
 
 
 def read_until(screen, wanted=None):
-    """All that comes, or what comes until `wanted` is in it."""
+    """All that comes, or what comes until the pattern `wanted` is in it."""
     shown = b""
-    while wanted is None or wanted not in shown:
+    while wanted is None or not re.search(wanted, shown, re.DOTALL):
         try:
             block = os.read(screen, 65536)
         except OSError:
@@ -130,7 +130,7 @@ def failure_of_progress_and_interrupt(tool):
     for _ in range(15):
         os.read(slow, 1 << 16)
         time.sleep(0.1)
-    shown = read_until(screen, b"] 0 %")
+    shown = read_until(screen, rb"\] 0 %")
     os.write(screen, b"\x03")
     while os.read(slow, 1 << 16):
         pass  # it waits for room in the pipe
