@@ -178,8 +178,22 @@ private:
 
     static unsigned char valueOf(char c) { return kBase64Values[static_cast<unsigned char>(c)]; }
 
+    // Four bytes in a row that are digits, as a group nearly always stands.
+    bool takeFour(unsigned char (&values)[4])
+    {
+        if (mHeldCount != 0 || mEnd - mNext < 4)
+            return false;
+        std::transform(mNext, mNext + 4, values, valueOf);
+        if (std::find(values, values + 4, kBase64Skipped) != values + 4)
+            return false;
+        mNext += 4;
+        return true;
+    }
+
     bool takeGroup(unsigned char (&values)[4])
     {
+        if (takeFour(values))
+            return true;
         std::copy_n(mHeld, 4, values);
         int collected = std::exchange(mHeldCount, 0);
         while (collected < 4 && mNext != mEnd) {

@@ -13,6 +13,7 @@
 #include <QTextCodec>
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <numeric>
 
@@ -38,7 +39,7 @@ constexpr bool kHasLongArrays = sizeof(QByteArray().size()) > sizeof(int);
 qint64 utf8Size(const QString& text)
 {
     return std::accumulate(text.cbegin(), text.cend(), qint64{0},
-                           [](qint64 sum, QChar unit) { return sum + utf8Length(unit); });
+                           [](qint64 sum, QChar unit) { return sum + kUtf8Length(unit); });
 }
 
 // Whether `text` in `charset` is no text any more, or cannot be reckoned with. Only what is very
@@ -81,6 +82,12 @@ bool encodeByPairs(QByteArray& bytes, const QString& text, int charset)
 {
     const DoubleByteCharset* table = DoubleByteCharset::of(charset);
     return table != nullptr && table->encode(text, bytes);
+}
+
+// What the array's own search takes byte by byte.
+bool holdsNul(const QByteArray& bytes)
+{
+    return std::memchr(bytes.constData(), '\0', static_cast<std::size_t>(bytes.size())) != nullptr;
 }
 
 // UTF-7 shares the codec of ISO 8859-1 but is not read by it.
@@ -195,10 +202,10 @@ bool encodeIfHeld(QByteArray& bytes, const QString& text, int charset)
         return false;
     const SingleByteCharset* table = SingleByteCharset::of(charset);
     if (table == nullptr && encodeByPairs(bytes, text, charset))
-        return !bytes.contains('\0');
+        return !holdsNul(bytes);
     if (table == nullptr || charset == CHARSET_UNKNOWN)
         return encodeIfHeldThroughCodec(bytes, text, charset, codecOf(charset));
-    return table->encode(text, bytes) && !bytes.contains('\0');
+    return table->encode(text, bytes) && !holdsNul(bytes);
 }
 
 bool encodeIfHeldThroughCodec(QByteArray& bytes, const QString& text, int charset,

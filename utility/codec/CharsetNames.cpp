@@ -117,8 +117,10 @@ int charsetFromName(std::string_view name)
 
 int charsetOfExactName(std::string_view name)
 {
+    // Names of one length differ in their last characters, most of them.
     const auto equals = [name](const RecognisedName& row) {
-        return equalIgnoringCase(row.key, name);
+        return row.key.size() == name.size() && row.key.back() == asciiLower(name.back()) &&
+               equalIgnoringCase(row.key, name);
     };
     const auto* row = std::find_if(kRecognisedNames.begin(), kRecognisedNames.end(), equals);
     return row == kRecognisedNames.end() ? int{CHARSET_UNKNOWN} : row->charset;

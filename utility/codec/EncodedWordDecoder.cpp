@@ -67,18 +67,22 @@ unsigned hexValue(char c)
 std::optional<std::size_t> decodeWellFormed(std::string_view payload, char* out)
 {
     char* next = out;
-    for (std::size_t i = 0; i < payload.size(); ++i) {
-        if (payload[i] != '=') {
-            *next++ = payload[i] == '_' ? ' ' : payload[i];
+    const char* in = payload.data();
+    const char* const end = in + payload.size();
+    while (in != end) {
+        const char c = *in++;
+        if (c != '=') {
+            *next++ = c == '_' ? ' ' : c;
             continue;
         }
-        if (payload.size() - i < 3)
+        if (end - in < 2)
             return std::nullopt;
-        const unsigned high = hexValue(payload[++i]);
-        const unsigned low = hexValue(payload[++i]);
-        if (high == kQpNoDigit || low == kQpNoDigit)
+        const unsigned high = hexValue(in[0]);
+        const unsigned low = hexValue(in[1]);
+        if ((high | low) >= kQpNoDigit)
             return std::nullopt;
         *next++ = static_cast<char>(high << 4 | low);
+        in += 2;
     }
     return static_cast<std::size_t>(next - out);
 }
@@ -129,28 +133,28 @@ struct Word
     std::string_view payload;
 };
 
-// The parts of the first word in `text`; of no known charset when it has no end either.
-Word partsOfWord(std::string_view text, std::size_t start)
+// The parts of the word whose "?" behind the name stands at `mark`.
+Word partsOfWord(std::string_view text, std::size_t start, std::size_t mark, std::size_t payloadEnd)
 {
-    const std::size_t nameStart = start + kWordStart.size();
-    const std::size_t mark = text.find('?', nameStart);
-    if (mark == kNotFound || mark + 3 >= text.size())
-        return {};
     const std::size_t payloadStart = mark + 3;
-    const std::size_t payloadEnd = text.find(kWordEnd, payloadStart);
-    if (payloadEnd == kNotFound)
-        return {};
     return {charsetOfWord(text, start, mark), text[mark + 1],
             text.substr(payloadStart, payloadEnd - payloadStart)};
 }
 
-// False when the word has no bytes to show. `start` is where its "=?" stands in `text`.
+// The parts of the first word in `text`; of no known charset when it has no end either.
+Word findPartsOfWord(std::string_view text, std::size_t start)
+{
+    const std::size_t mark = text.find('?', start + kWordStart.size());
+    const std::size_t end = mark == kNotFound ? kNotFound : text.find(kWordEnd, mark + 3);
+    return end == kNotFound ? Word() : partsOfWord(text, start, mark, end);
+}
+
+// False when the word, `text` in a body, has no bytes to show.
 //
 // 1. A word of an unknown form ("=?utf-8?X?...?=") shows nothing.
 // 2. A word without its payload's end stays as it is, like one of an unknown charset.
-bool appendWord(std::string_view text, std::size_t start, Utf16Buffer& out)
+bool appendWord(const Word& word, std::string_view text, Utf16Buffer& out)
 {
-    const Word word = partsOfWord(text, start);
     if (word.charset == CHARSET_UNKNOWN) {
         out.appendLatin1(text);
         return true;
@@ -161,18 +165,38 @@ bool appendWord(std::string_view text, std::size_t start, Utf16Buffer& out)
     return !bytes.empty();
 }
 
-// The end of the word that starts at `start`, behind its "?=": the first one that does not come
-// before the third "?". `kNotFound` when the body ends first.
-std::size_t endOfWord(std::string_view body, std::size_t start)
+// Where the "?" behind a word's name and behind its form stand, and that of the "?=" which ends it;
+// `kNotFound` when the text ends first.
+struct WordMarks
 {
-    std::size_t mark = start + 1;
-    for (int marks = 0; marks < 3; ++marks) {
-        mark = body.find('?', mark + 1);
-        if (mark == kNotFound)
-            return kNotFound;
-    }
-    const std::size_t end = body.find(kWordEnd, mark);
-    return end == kNotFound ? kNotFound : end + kWordEnd.size();
+    std::size_t name = kNotFound;
+    std::size_t form = kNotFound;
+    std::size_t end = kNotFound;
+};
+
+std::size_t nextMark(std::string_view body, std::size_t mark)
+{
+    return mark == kNotFound ? kNotFound : body.find('?', mark + 1);
+}
+
+// The word that `body` starts with ends at the first "?=" that does not come before the third "?".
+WordMarks marksOfWord(std::string_view body)
+{
+    WordMarks marks;
+    marks.name = nextMark(body, 1);
+    marks.form = nextMark(body, marks.name);
+    marks.end = nextMark(body, marks.form);
+    while (marks.end != kNotFound && body.substr(marks.end, 2) != kWordEnd)
+        marks.end = nextMark(body, marks.end);
+    return marks;
+}
+
+// A form is one letter; behind a longer one the payload begins too early, and may end there.
+void appendWordOfBody(std::string_view text, const WordMarks& marks, Utf16Buffer& out)
+{
+    const bool isUsual = marks.form == marks.name + 2;
+    appendWord(isUsual ? partsOfWord(text, 0, marks.name, marks.end) : findPartsOfWord(text, 0),
+               text, out);
 }
 
 std::size_t skipWhiteSpace(std::string_view body, std::size_t position)
@@ -204,13 +228,15 @@ void appendBody(std::string_view body, Utf16Buffer& out)
             position = plainEnd;
             continue;
         }
-        const std::size_t end = endOfWord(body, position);
-        if (end == kNotFound) {
-            out.appendLatin1(body.substr(position));
+        const std::string_view rest = body.substr(position);
+        const WordMarks marks = marksOfWord(rest);
+        if (marks.end == kNotFound) {
+            out.appendLatin1(rest);
             return;
         }
-        appendWord(body.substr(position, end - position), 0, out);
-        position = skipWhiteSpace(body, end);
+        const std::size_t length = marks.end + kWordEnd.size();
+        appendWordOfBody(rest.substr(0, length), marks, out);
+        position = skipWhiteSpace(body, position + length);
     }
 }
 
@@ -248,7 +274,7 @@ void decodeWord(std::string_view word, QString& out, int charset)
     }
     Utf16Buffer units;
     const auto take = [&] {
-        if (appendWord(word, start, units))
+        if (appendWord(findPartsOfWord(word, start), word, units))
             out = units.toString();
     };
     if (!hasMemoryFor(take))

@@ -10,6 +10,7 @@
 #include "utility/text/Joined.h"
 #include "utility/text/RefusedText.h"
 #include "utility/text/Room.h"
+#include "utility/text/Utf8.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -51,8 +52,9 @@ constexpr auto kTwoBytes = [](QChar unit) { return unit.unicode() < 0x80 ? 1 : 2
 class WordWriter
 {
 public:
-    WordWriter(const QString& text, int charset, const QByteArray& bytes)
-        : mText(text), mCharset(charset), mBytes(viewOf(bytes)), mName(mimeCharsetName(charset)),
+    WordWriter(const QString& text, int charset, const QByteArray& bytes, bool isWellFormedUtf8)
+        : mText(text), mCharset(charset), mBytes(viewOf(bytes)),
+          mIsWellFormedUtf8(isWellFormedUtf8), mName(mimeCharsetName(charset)),
           mLongestBytes((kLongestLabelAndPayload - static_cast<int>(mName.size()) - 1) / 4 * 3)
     {
     }
@@ -64,8 +66,8 @@ public:
             return std::nullopt;
         if (fits(mBytes))
             writeWord(mBytes, static_cast<int>(mText.length()));
-        else if (mCharset == CHARSET_UTF_8 && mText.isValidUtf16())
-            cutBytes(utf8Length);
+        else if (mIsWellFormedUtf8)
+            cutBytes(kUtf8Length);
         else if (isSingleByte(mCharset) && eachUnitTakes(kOneByte))
             cutBytes(kOneByte);
         else if (mCharset != CHARSET_UTF_8 && eachUnitTakes(kTwoBytes))
@@ -99,9 +101,13 @@ private:
             std::string_view bytes = rest;
             int count = static_cast<int>(mText.length()) - position;
             if (!fits(rest)) {
-                const int reach = unitsWithin(mLongestBytes, mText, position, bytesOf);
-                count = chunkLength(mText, position, [reach](int units) { return units <= reach; });
-                const int size = bytesOfUnits(mText, position, count, bytesOf);
+                int size = 0;
+                // No unit takes less than a byte: no more units than would fit are counted.
+                count = chunkLength(mText, position, [&](int units) {
+                    size = units > mLongestBytes ? units
+                                                 : bytesOfUnits(mText, position, units, bytesOf);
+                    return size <= mLongestBytes;
+                });
                 bytes = rest.substr(0, static_cast<std::size_t>(size));
             }
             position += count;
@@ -162,6 +168,7 @@ private:
     const QString& mText;
     const int mCharset;
     const std::string_view mBytes;
+    const bool mIsWellFormedUtf8;
     const std::string_view mName;
     const int mLongestBytes;
     QByteArray mWords;
@@ -176,8 +183,10 @@ std::optional<QCString> wordsOf(const QString& text, int charset)
     QByteArray held;
     const bool isHeld = charset != CHARSET_UTF_8 && encodeIfHeld(held, text, charset);
     const int used = charsetOfWords(isHeld ? charset : int{CHARSET_UTF_8});
-    const auto bytes = isHeld && used == charset ? held : bytesInCharset(text, used);
-    const auto words = bytes ? WordWriter(text, used, *bytes).write() : std::nullopt;
+    const auto utf8 = used == CHARSET_UTF_8 ? utf8Of(text) : std::nullopt;
+    const auto bytes = utf8 ? utf8 : isHeld && used == charset ? held : bytesInCharset(text, used);
+    const auto words =
+        bytes ? WordWriter(text, used, *bytes, utf8.has_value()).write() : std::nullopt;
     return words ? std::optional(QCString::fromBytes(*words)) : std::nullopt;
 }
 

@@ -82,8 +82,10 @@ bool SingleByteCharset::encode(const QString& text, QByteArray& bytes) const
         return false;
     bytes = *std::move(room);
     char* next = bytes.data();
+    // What is written could be the table's own place, for all that the compiler knows.
+    const Page* const pages = mPages.data();
     for (const QChar unit : text) {
-        const short byte = mPages[mPageOf[unit.row()]][unit.cell()];
+        const short byte = pages[mPageOf[unit.row()]][unit.cell()];
         if (byte == kNoByte)
             return false;
         *next++ = static_cast<char>(byte);

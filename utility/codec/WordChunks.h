@@ -40,12 +40,11 @@ int chunkLength(const QString& text, int position, Fits fits)
 }
 
 /// Bytes that `unit` adds to the UTF-8 form of valid UTF-16; each half of a pair adds two.
-inline int utf8Length(QChar unit)
-{
-    if (unit.unicode() < 0x80)
-        return 1;
-    return unit.unicode() < 0x800 || unit.isSurrogate() ? 2 : 3;
-}
+constexpr auto kUtf8Length = [](QChar unit) {
+    const int isLong = unit.unicode() >= 0x80 ? 1 : 0;
+    const int isLonger = unit.unicode() >= 0x800 && !unit.isSurrogate() ? 1 : 0;
+    return 1 + isLong + isLonger;
+};
 
 template <class BytesOf>
 int bytesOfUnits(const QString& text, int position, int count, BytesOf bytesOf)
@@ -53,16 +52,6 @@ int bytesOfUnits(const QString& text, int position, int count, BytesOf bytesOf)
     const QChar* unit = text.constData() + position;
     return std::accumulate(unit, unit + count, 0,
                            [bytesOf](int sum, QChar c) { return sum + bytesOf(c); });
-}
-
-/// How many units from `position` on make no more than `longest` bytes.
-template <class BytesOf>
-int unitsWithin(int longest, const QString& text, int position, BytesOf bytesOf)
-{
-    int end = position;
-    while (end < text.length() && (longest -= bytesOf(text.at(end))) >= 0)
-        ++end;
-    return end - position;
 }
 
 } // namespace tarvomime

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/text/Utf16Buffer.h"
 
+#include <QtEndian>
 #include <algorithm>
 #include <cstring>
 #include <limits>
@@ -22,6 +23,21 @@ bool isAsciiStep(const char* bytes)
 ushort* widen(const char* begin, const char* end, ushort* out)
 {
     return std::transform(begin, end, out, [](char c) { return static_cast<uchar>(c); });
+}
+
+// Two characters of two bytes each, as those of most alphabets are, in one step: what is in both
+// halves of a word is done at once. Returns false when the next ones are others.
+bool takePair(const char* bytes, ushort* out)
+{
+    const quint32 word = qFromLittleEndian<quint32>(bytes);
+    // A lead without these bits would be C0 or C1: not the shortest form.
+    const bool isLong = (word & 0x0000001E) != 0 && (word & 0x001E0000) != 0;
+    if ((word & 0xC0E0C0E0) != 0x80C080C0 || !isLong)
+        return false;
+    const quint32 units = (word & 0x001F001F) << 6 | (word >> 8 & 0x003F003F);
+    out[0] = static_cast<ushort>(units);
+    out[1] = static_cast<ushort>(units >> 16);
+    return true;
 }
 
 // One character of several bytes; `length` 0 when it is malformed (RFC 3629, section 4).
@@ -103,7 +119,10 @@ bool Utf16Buffer::appendValidUtf8(std::string_view bytes)
     const char* const end = next + bytes.size();
     ushort* out = extend(static_cast<int>(bytes.size()));
     while (next != end) {
-        if (end - next >= kAsciiStep && isAsciiStep(next)) {
+        if (end - next >= 4 && takePair(next, out)) {
+            out += 2;
+            next += 4;
+        } else if (end - next >= kAsciiStep && isAsciiStep(next)) {
             out = widen(next, next + kAsciiStep, out);
             next += kAsciiStep;
         } else if (static_cast<uchar>(*next) < 0x80) {

@@ -97,6 +97,8 @@ TEST(Utf16Buffer, RandomBytes)
                                  "\xEF\xBB\xBF",
                                  "\xED\xA0\x80",
                                  "\x80",
+                                 "\xC1\xBF",
+                                 "\xC0\x80",
                                  "long ascii words"};
     for (int round = 0; round < 20000 && !HasFailure(); ++round) {
         QByteArray bytes;
