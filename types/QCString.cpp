@@ -117,9 +117,10 @@ void report(bool* ok, bool value)
         *ok = value;
 }
 
-QCString mapped(const QCString& text, char (*convert)(char))
+template <char (*convert)(char)>
+QCString mapped(const QCString& text)
 {
-    const auto changes = [convert](char c) { return convert(c) != c; };
+    const auto changes = [](char c) { return convert(c) != c; };
     if (std::none_of(text.begin(), text.end(), changes))
         return text;
     QByteArray result(text.begin(), text.length());
@@ -248,12 +249,12 @@ int QCString::contains(const QCString& text, bool caseSensitive) const
 
 QCString QCString::lower() const
 {
-    return mapped(*this, asciiLower);
+    return mapped<asciiLower>(*this);
 }
 
 QCString QCString::upper() const
 {
-    return mapped(*this, asciiUpper);
+    return mapped<asciiUpper>(*this);
 }
 
 QCString& QCString::append(const QCString& text)

@@ -64,23 +64,30 @@ void noteChange(EMAIL_ContentType& field)
 
 // Reads "name=value;name=value" into `params`; earlier values of a name are replaced.
 //
-// 1. Name and value live on from piece to piece: a piece without "=" is stored with the value of
-//    the piece before it.
-// 2. There is one round more than there are pieces, over an empty piece. It repeats the last pair,
-//    and stores an empty name when there are no pieces at all: "text/plain;" keeps its ";".
+// 1. A value lives on from piece to piece: a piece without "=" is stored with the value of the
+//    piece before it.
+// 2. An empty name is stored when there are no pieces at all: "text/plain;" keeps its ";".
 // 3. Quotes protect nothing: a ";" inside a quoted value ends it.
+// 4. White space alone is a piece before a ";", but none at the text's end.
 void readParameters(const QCString& text, QMap<QCString, QCString>& params)
 {
-    const QCString equals = QCString::fromLiteral("=");
-    QCString name = QCString::fromLiteral("");
     QCString value = QCString::fromLiteral("");
-    PieceReader pieces(QCString::fromLiteral(";"), text, true);
+    std::string_view rest = text.view();
+    bool hasPieces = false;
     for (bool more = true; more;) {
-        const std::optional<QCString> piece = pieces.take();
-        more = piece.has_value();
-        splitAtFirst(equals, piece.value_or(QCString()), name, value, true);
-        params.insert(name.lower(), value);
+        const Sides sides = sidesOfFirst(";", rest, false);
+        more = sides.right.has_value();
+        rest = sides.right.value_or(std::string_view());
+        if (more ? sides.left.empty() : trimmed(sides.left).empty())
+            continue;
+        const Sides pair = sidesOfFirst("=", sides.left, true);
+        if (pair.right)
+            value = text.slice(*pair.right);
+        params.insert(text.slice(pair.left).lower(), value);
+        hasPieces = true;
     }
+    if (!hasPieces)
+        params.insert(QCString::fromLiteral(""), value);
 }
 
 template <std::size_t N>
@@ -161,8 +168,10 @@ int EMAIL_ContentType::parseMediaType()
         setSubTypeStr(QCString::fromLiteral("plain"));
         return 0;
     }
-    setTypeStr(mBody.slice(trimmed(mediaType.substr(0, slash))));
-    setSubTypeStr(mBody.slice(trimmed(mediaType.substr(slash + 1))));
+    mType = mBody.slice(trimmed(mediaType.substr(0, slash)));
+    mTypeEnum = tarvomime::mediaTypeFromName(mType);
+    mSubType = mBody.slice(trimmed(mediaType.substr(slash + 1)));
+    mSubTypeEnum = tarvomime::subtypeFromName(mSubType);
     return static_cast<int>(mediaType.size());
 }
 

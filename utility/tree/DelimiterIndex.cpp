@@ -3,7 +3,10 @@
 
 #include "utility/tree/DelimiterSearch.h"
 
+#include <QtEndian>
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <new>
 
 namespace tarvomime {
@@ -19,6 +22,8 @@ constexpr int kFewLines = 8;
 // as NUL.
 std::uint64_t keyOf(std::string_view text, std::size_t skipped)
 {
+    if (text.size() >= skipped + sizeof(std::uint64_t))
+        return qFromBigEndian<quint64>(text.data() + skipped);
     std::uint64_t key = 0;
     for (std::size_t i = skipped; i < skipped + sizeof key; ++i)
         key = key << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
@@ -53,15 +58,31 @@ void DelimiterIndex::build()
     mOrder.reserve(mStarts.size());
     for (int number = 0; number < static_cast<int>(mStarts.size()); ++number)
         mOrder.push_back({keyOf(behindDashes(number), mShared.size()), number});
-    std::sort(mOrder.begin(), mOrder.end(),
-              [this](const Line& a, const Line& b) { return isLess(a, b); });
+    putInOrder();
+}
+
+// Nested boundaries that a program numbers begin in one order and end in the opposite one: two runs
+// to be merged.
+void DelimiterIndex::putInOrder()
+{
+    const auto less = [this](const Line& a, const Line& b) { return isLess(a, b); };
+    const auto turn = std::is_sorted_until(mOrder.begin(), mOrder.end(), less);
+    if (std::is_sorted(mOrder.rbegin(), std::make_reverse_iterator(turn), less)) {
+        std::reverse(turn, mOrder.end());
+        std::inplace_merge(mOrder.begin(), turn, mOrder.end(), less);
+    } else {
+        std::sort(mOrder.begin(), mOrder.end(), less);
+    }
 }
 
 void DelimiterIndex::measureShared()
 {
     mShared = mStarts.empty() ? std::string_view() : behindDashes(0);
-    for (int number = 1; number < static_cast<int>(mStarts.size()); ++number)
-        mShared = mShared.substr(0, commonLength(mShared, behindDashes(number)));
+    for (int number = 1; number < static_cast<int>(mStarts.size()); ++number) {
+        const std::string_view line = behindDashes(number);
+        if (line.substr(0, mShared.size()) != mShared)
+            mShared = mShared.substr(0, commonLength(mShared, line));
+    }
 }
 
 bool DelimiterIndex::isLess(const Line& a, const Line& b) const
@@ -107,8 +128,12 @@ DelimiterIndex::Matches DelimiterIndex::linesOf(std::string_view boundary)
     const auto first = std::partition_point(mOrder.begin(), mOrder.end(), [&](const Line& line) {
         return line.key < key || (line.key == key && prefixOf(line) < boundary);
     });
-    const auto last = std::partition_point(
-        first, mOrder.end(), [&](const Line& line) { return prefixOf(line) == boundary; });
+    const auto isOfBoundary = [&](const Line& line) { return prefixOf(line) == boundary; };
+    // A boundary mostly begins a few lines only.
+    const auto few = first + std::min<std::ptrdiff_t>(kFewLines, mOrder.end() - first);
+    auto last = std::find_if_not(first, few, isOfBoundary);
+    if (last == few)
+        last = std::partition_point(few, mOrder.end(), isOfBoundary);
     Matches matches{static_cast<int>(first - mOrder.begin()),
                     static_cast<int>(last - mOrder.begin()), true, nullptr};
     if (matches.last - matches.first > kFewLines)

@@ -54,6 +54,7 @@ private:
 
     void build();
     void measureShared();
+    void putInOrder();
     Matches linesOf(std::string_view boundary);
     std::string_view behindDashes(int number) const;
     bool isLess(const Line& a, const Line& b) const;
