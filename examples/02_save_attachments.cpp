@@ -20,7 +20,7 @@ namespace {
 
 constexpr int blockSize = 32768;
 
-/// Decodes one attachment; false when it failed or was cancelled after `patience` blocks.
+// Decodes one attachment; false when it failed or was cancelled after `patience` blocks.
 bool decode(const EMAIL_MultiPart& part, QFile& file, int patience)
 {
     const int blocks = part.getSize() / blockSize + 1;
@@ -35,7 +35,7 @@ bool decode(const EMAIL_MultiPart& part, QFile& file, int patience)
     return true;
 }
 
-/// Saves one attachment under a name of its own; gives that name.
+// Saves one attachment under a name of its own; gives that name.
 Result<QString> save(const EMAIL_MultiPart& part, const QString& wanted, TargetFolder& folder,
                      int patience)
 {

@@ -18,8 +18,8 @@ namespace {
 constexpr int charset = CHARSET_ISO_8859_1;
 constexpr int forwardOperation = 2; // the mail client chooses the numbers
 
-/// The person who writes. Date and id are made where they are not given; here they are, so that
-/// each run prints the same.
+// The person who writes. Date and id are made where they are not given; here they are, so that
+// each run prints the same.
 tarvomime::ReplyOptions writer(const char* id)
 {
     tarvomime::ReplyOptions options;

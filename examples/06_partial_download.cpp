@@ -19,7 +19,7 @@ EMAIL_MultiPart textPart()
     return part;
 }
 
-/// What the server announced: name, size and how to ask for it.
+// What the server announced: name, size and how to ask for it.
 EMAIL_MultiPart announcedPart()
 {
     EMAIL_MultiPart part;
@@ -46,7 +46,7 @@ void list(const EMAIL_MIME& message)
     }
 }
 
-/// The bytes arrived: they become the body, and the part is written back.
+// The bytes arrived: they become the body, and the part is written back.
 void complete(EMAIL_MIME& message, int index, const QByteArray& bytes)
 {
     EMAIL_MultiPart part;

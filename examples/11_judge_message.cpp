@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Limits of this program's own.
+// Limits of this program's own.
 constexpr int kDeepest = 100;
 constexpr int kMostParts = 1000;
 

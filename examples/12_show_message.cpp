@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A limit of this program's own: more parts than a person can look through.
+// A limit of this program's own: more parts than a person can look through.
 constexpr qint64 mostParts = 1000;
 
 void list(const char* what, const tarvomime::MessageContent& content, const QList<int>& parts)

@@ -15,7 +15,7 @@ namespace tarvomime {
 
 namespace {
 
-/// Words in the order they came, in the two ways they are needed: as a name and as an address.
+// Words in the order they came, in the two ways they are needed: as a name and as an address.
 class Words
 {
 public:
@@ -35,7 +35,7 @@ public:
         mRaw += (blank ? " " : "") + token.raw;
     }
 
-    /// Cuts off the last words that no blank stands between, as they are written.
+    // Cuts off the last words that no blank stands between, as they are written.
     QByteArray takeLast()
     {
         QByteArray last = mRaw.mid(mRawStart).trimmed();
@@ -52,7 +52,7 @@ private:
     int mRawStart = 0;
 };
 
-/// Blanks may stand around the dots and the "@" of an address; they are not part of it.
+// Blanks may stand around the dots and the "@" of an address; they are not part of it.
 QByteArray withoutBlanksAtDots(const QByteArray& address)
 {
     QByteArray out;
@@ -83,7 +83,7 @@ public:
     }
 
 private:
-    /// Where in a mailbox the reader stands.
+    // Where in a mailbox the reader stands.
     enum class State { Name, Domain, BehindAddress, Angle, Route };
 
     void handle()
@@ -183,7 +183,7 @@ private:
         mState = State::Domain;
     }
 
-    /// What looked like an address is the name of the one in brackets.
+    // What looked like an address is the name of the one in brackets.
     void openAngle()
     {
         if (mState != State::Name && !mHadAngle) {
@@ -203,7 +203,7 @@ private:
         mState = State::Angle;
     }
 
-    /// Addresses that only blanks divide. Where anything else is among them, all are words.
+    // Addresses that only blanks divide. Where anything else is among them, all are words.
     QList<QByteArray> takeForgottenAddresses()
     {
         if (mHadAngle || mTrailing.isEmpty())
@@ -231,7 +231,7 @@ private:
         return {};
     }
 
-    /// A comment alone is white space, not somebody.
+    // A comment alone is white space, not somebody.
     bool isNothing() const { return mWords.isEmpty() && mAddress.isEmpty() && !mHadAngle; }
 
     void finishMailbox()

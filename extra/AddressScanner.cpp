@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kSpecials = "<>@,:;";
 
-/// Without escapes and line ends: of a fold only its blank stays.
+// Without escapes and line ends: of a fold only its blank stays.
 QByteArray unescaped(std::string_view text)
 {
     QByteArray out;
@@ -90,8 +90,8 @@ bool AddressScanner::takeComment(AddressToken& token)
     return true;
 }
 
-/// 0 where none begins. Senders leave "," and blanks in encoded words; what would be an address in
-/// one is none.
+// 0 where none begins. Senders leave "," and blanks in encoded words; what would be an address in
+// one is none.
 std::size_t AddressScanner::encodedWordLength(std::string_view text) const
 {
     const auto word = WordScanner::wordAt(text);

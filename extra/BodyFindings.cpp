@@ -13,10 +13,10 @@ namespace tarvomime {
 
 namespace {
 
-/// Of an endless text, this much says enough.
+// Of an endless text, this much says enough.
 constexpr std::size_t kExamined = 16 << 20;
 
-/// The start of the decoded body, cut at a line end so that no character is cut in two.
+// The start of the decoded body, cut at a line end so that no character is cut in two.
 QByteArray decodedStart(const PartExamination& part)
 {
     std::string_view bytes = part.body();
@@ -43,7 +43,7 @@ bool isBase64Character(char c)
     return (lower >= 'a' && lower <= 'z') || isDigit(c) || c == '+' || c == '/';
 }
 
-/// Whether the last group of four characters, padding included, is not whole.
+// Whether the last group of four characters, padding included, is not whole.
 bool endsInsideGroup(std::string_view base64)
 {
     int inGroup = 0;
@@ -69,7 +69,7 @@ void examineEncoding(const PartExamination& part)
                                    "cut off, or its padding is missing"));
 }
 
-/// Why `text` cannot be in the charset of this label; empty where it can.
+// Why `text` cannot be in the charset of this label; empty where it can.
 QString contradiction(const QByteArray& text, const QByteArray& label)
 {
     if (label.isEmpty())
@@ -98,8 +98,8 @@ void examineCharset(const PartExamination& part, const QByteArray& text)
         part.report(FindingKind::WrongCharset, problem);
 }
 
-/// The METHOD of an iCalendar object, which stands in front of its components (RFC 5545); empty
-/// without one.
+// The METHOD of an iCalendar object, which stands in front of its components (RFC 5545); empty
+// without one.
 QByteArray methodOf(const QByteArray& calendar)
 {
     std::string_view rest(calendar.constData(), std::size_t(calendar.size()));

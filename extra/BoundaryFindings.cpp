@@ -25,8 +25,8 @@ bool isBlankText(std::string_view bytes)
     return bytes.find_first_not_of(" \t\r\n") == bytes.npos;
 }
 
-/// Whether a text outside the parts is such as programs and mailing lists put there: short, and
-/// nothing in it looks like a part that readers might see or hide.
+// Whether a text outside the parts is such as programs and mailing lists put there: short, and
+// nothing in it looks like a part that readers might see or hide.
 bool isOrdinary(std::string_view text)
 {
     constexpr std::size_t kLongest = 4096;
@@ -44,7 +44,7 @@ bool isOrdinary(std::string_view text)
     return true;
 }
 
-/// What a line says apart from blanks around it, dashes in front and the two that close.
+// What a line says apart from blanks around it, dashes in front and the two that close.
 std::string_view core(std::string_view line)
 {
     line = withoutBlanksAtEnd(line);
@@ -52,8 +52,8 @@ std::string_view core(std::string_view line)
     return line;
 }
 
-/// Whether a line looks as if it were meant to be a delimiter of `boundary`: other case, other
-/// dashes, blanks, or up to three characters short of it or longer.
+// Whether a line looks as if it were meant to be a delimiter of `boundary`: other case, other
+// dashes, blanks, or up to three characters short of it or longer.
 bool almostMatches(std::string_view line, std::string_view boundary)
 {
     std::string_view said = core(line);
@@ -67,8 +67,8 @@ bool almostMatches(std::string_view line, std::string_view boundary)
     return equalIgnoringCase(said, meant);
 }
 
-/// Reads the body of a container line by line, by the library's own rule for delimiters: a line
-/// that begins with "--" and the boundary is one, whatever follows.
+// Reads the body of a container line by line, by the library's own rule for delimiters: a line
+// that begins with "--" and the boundary is one, whatever follows.
 class BoundaryWalk
 {
 public:
@@ -132,8 +132,8 @@ private:
                          QStringLiteral("a line almost matches the delimiter and is none"), line);
     }
 
-    /// A delimiter of another container of the same message is no near miss, however alike their
-    /// boundaries are.
+    // A delimiter of another container of the same message is no near miss, however alike their
+    // boundaries are.
     bool isKnownLine(std::string_view line) const
     {
         line = withoutBlanksAtEnd(line);
@@ -168,8 +168,8 @@ private:
         }
     }
 
-    /// `ordinary` is how much it matters where it is such a text as programs and mailing lists put
-    /// there.
+    // `ordinary` is how much it matters where it is such a text as programs and mailing lists put
+    // there.
     void reportUnread(const char* where, FindingSeverity ordinary, std::size_t start,
                       std::size_t end)
     {

@@ -26,7 +26,7 @@ private:
     struct Node
     {
         std::size_t depth = 0;
-        /// The containers that have this boundary, outermost first.
+        // The containers that have this boundary, outermost first.
         std::vector<int> containers;
     };
 
@@ -37,7 +37,7 @@ private:
 
     std::vector<Node> mNodes = {{}};
     std::unordered_map<std::uint64_t, std::size_t> mEdges;
-    /// The node of each open container.
+    // The node of each open container.
     std::vector<std::size_t> mOpen;
 };
 

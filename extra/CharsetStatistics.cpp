@@ -10,7 +10,7 @@ namespace tarvomime {
 
 namespace {
 
-/// More letters than this do not change the answer.
+// More letters than this do not change the answer.
 constexpr int kExamined = 64 * 1024;
 
 struct DetectorDeleter
@@ -20,7 +20,7 @@ struct DetectorDeleter
 
 using Detector = std::unique_ptr<std::remove_pointer_t<uchardet_t>, DetectorDeleter>;
 
-/// From the line that holds the first 8-bit byte on: what is plain before it says nothing.
+// From the line that holds the first 8-bit byte on: what is plain before it says nothing.
 QByteArray examinedPart(const QByteArray& bytes)
 {
     const auto first = std::find_if(bytes.begin(), bytes.end(),

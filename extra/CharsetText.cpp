@@ -16,7 +16,7 @@ namespace tarvomime {
 
 namespace {
 
-/// Longer than any name that a codec answers to.
+// Longer than any name that a codec answers to.
 constexpr int kLongestName = 64;
 
 struct Alias
@@ -47,7 +47,7 @@ std::string_view viewOf(const QByteArray& bytes)
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
-/// Lower-case, without the quotes and blanks that senders leave around it.
+// Lower-case, without the quotes and blanks that senders leave around it.
 QByteArray plainName(const QByteArray& name)
 {
     QByteArray plain = name.left(kLongestName + 1).trimmed().toLower();
@@ -58,8 +58,8 @@ QByteArray plainName(const QByteArray& name)
     return plain;
 }
 
-/// The number of the charset that is called exactly so, or 0: a longer name that only contains it
-/// may be another charset ("big5-hkscs").
+// The number of the charset that is called exactly so, or 0: a longer name that only contains it
+// may be another charset ("big5-hkscs").
 int numberOfName(const QByteArray& plain)
 {
     const int number = EMAIL_Util::charsetStrToEnum(QCString(plain));
@@ -80,7 +80,7 @@ QTextCodec* codecOfName(const QByteArray& plain)
     return codec == nullptr && isCodecName(plain) ? QTextCodec::codecForName(plain) : codec;
 }
 
-/// How a charset of some name is read: by a codec, or by the exact library's number.
+// How a charset of some name is read: by a codec, or by the exact library's number.
 struct Reader
 {
     QTextCodec* codec = nullptr;
@@ -89,7 +89,7 @@ struct Reader
     bool isKnown() const { return codec != nullptr || number != CHARSET_UNKNOWN; }
 };
 
-/// Simplified Chinese is read by its superset, which the numbered charsets' codec is a part of.
+// Simplified Chinese is read by its superset, which the numbered charsets' codec is a part of.
 bool isSimplifiedChinese(int number)
 {
     return number == CHARSET_GB2312 || number == CHARSET_GBK;
@@ -160,15 +160,15 @@ const char* charsetByEscape(std::string_view bytes)
     return nullptr;
 }
 
-/// What a codec makes of bytes that mean nothing to it: the replacement character, or a character
-/// for private use.
+// What a codec makes of bytes that mean nothing to it: the replacement character, or a character
+// for private use.
 bool isBroken(QChar c)
 {
     return c == QChar::ReplacementCharacter || (c >= QChar(0xE000) && c <= QChar(0xF8FF));
 }
 
-/// Whether so much of the text is whole that its label is right and some bytes are damaged: text of
-/// other charsets is UTF-8 in hardly any of its characters.
+// Whether so much of the text is whole that its label is right and some bytes are damaged: text of
+// other charsets is UTF-8 in hardly any of its characters.
 bool isMostlyWhole(const QString& text, const Reader& reader)
 {
     const int share = reader.number == CHARSET_UTF_8 ? 2 : 10;

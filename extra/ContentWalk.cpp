@@ -13,10 +13,10 @@ namespace tarvomime {
 
 namespace {
 
-/// How often the bytes of a message may be searched for the delimiters of enclosed messages.
+// How often the bytes of a message may be searched for the delimiters of enclosed messages.
 constexpr qint64 kMostSearches = 100;
 
-/// A body that must be decoded first holds no message that could be walked in place.
+// A body that must be decoded first holds no message that could be walked in place.
 bool isEncoded(const EMAIL_Entity& entity)
 {
     const int cte = entity.mHeader->getCte();
@@ -28,7 +28,7 @@ bool isRelated(const QByteArray& type)
     return type == "multipart/related" || type == "application/vnd.wap.multipart.related";
 }
 
-/// The root of multipart/related: the part that "start" names, else the first.
+// The root of multipart/related: the part that "start" names, else the first.
 int rootOrdinal(const EMAIL_Entity& related)
 {
     QByteArray start = typeParameter(related, "start");
@@ -47,7 +47,7 @@ bool isCalendar(const QByteArray& type)
     return type == "text/calendar" || type == "application/ics";
 }
 
-/// Text that is written for people, not for programs.
+// Text that is written for people, not for programs.
 bool isShownText(const QByteArray& type)
 {
     return type == "text/plain" || type == "text/html" || type == "text/enriched" ||
@@ -56,7 +56,7 @@ bool isShownText(const QByteArray& type)
            type == "text/watch-html";
 }
 
-/// Forms that only some programs can show: not taken where there is plain text or HTML.
+// Forms that only some programs can show: not taken where there is plain text or HTML.
 bool isOtherForm(const QByteArray& type)
 {
     return type != "text/plain" && !isHtmlType(type);
@@ -195,7 +195,7 @@ void ContentWalk::addWrapper(const Pending& next, int index, SecurityWrapper::Ki
     wrappers.append(wrapper);
 }
 
-/// Tells the wrapper around a part that it holds it.
+// Tells the wrapper around a part that it holds it.
 void ContentWalk::enterWrapper(const Pending& next, int index)
 {
     const auto found = mWrappers.constFind(next.parent);

@@ -25,7 +25,7 @@ private:
     const EMAIL_Entity* parseStored(const EMAIL_Body& body);
 
     std::deque<EMAIL_Message> mMessages;
-    /// How many bytes were searched in those of them that have parts, and how many may be.
+    // How many bytes were searched in those of them that have parts, and how many may be.
     qint64 mSearched = 0;
     qint64 mAllowed = 0;
 };
@@ -37,7 +37,7 @@ public:
     MessageContent run(const EMAIL_Entity& message);
 
 private:
-    /// How a part's place in the tree decides what it is.
+    // How a part's place in the tree decides what it is.
     enum class Place { Shown, Related, Attached, Signature };
 
     struct Pending
@@ -47,12 +47,12 @@ private:
         int ordinal;
         int message;
         Place place;
-        /// Index of the body that an alternative fills, and which of its children this is in.
+        // Index of the body that an alternative fills, and which of its children this is in.
         int body;
         int choice;
     };
 
-    /// Which child of an alternative the plain text and the HTML of a body are from.
+    // Which child of an alternative the plain text and the HTML of a body are from.
     struct Choices
     {
         int plain = -1;
@@ -78,9 +78,9 @@ private:
     MessageContent mContent;
     std::shared_ptr<EnclosedMessages> mEnclosed = std::make_shared<EnclosedMessages>();
     std::vector<Pending> mPending;
-    /// By message and body.
+    // By message and body.
     std::vector<std::vector<Choices>> mChoices;
-    /// By part: which of its message's wrappers it is.
+    // By part: which of its message's wrappers it is.
     QHash<int, int> mWrappers;
 };
 

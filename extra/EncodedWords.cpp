@@ -48,7 +48,7 @@ QByteArray decodedPayload(const EncodedWord& word)
     return word.isBase64 ? QByteArray::fromBase64(payload) : decodedQ(word.payload);
 }
 
-/// Gathers plain text and words, and decodes what belongs together at once.
+// Gathers plain text and words, and decodes what belongs together at once.
 class Gathering
 {
 public:
@@ -122,7 +122,7 @@ Gathering gathered(const QByteArray& value, const QByteArray& fallbackCharset)
     return gathering;
 }
 
-/// Whether a text is made of encoded words and blanks, nothing else.
+// Whether a text is made of encoded words and blanks, nothing else.
 bool isEncodedAgain(const QByteArray& text, const QByteArray& fallbackCharset)
 {
     return text.contains("=?") && gathered(text, fallbackCharset).isOnlyWords();

@@ -5,9 +5,9 @@ namespace tarvomime {
 
 namespace {
 
-/// RFC 1896, section 3: a command is a "<", at most sixty letters, digits and "-", and a ">".
+// RFC 1896, section 3: a command is a "<", at most sixty letters, digits and "-", and a ">".
 constexpr int kLongestCommand = 60;
-/// Deeper quotes are no longer told apart.
+// Deeper quotes are no longer told apart.
 constexpr int kDeepestQuote = 10;
 
 bool isCommandCharacter(QChar c)
@@ -15,7 +15,7 @@ bool isCommandCharacter(QChar c)
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-';
 }
 
-/// Writes text line by line, quotes marked.
+// Writes text line by line, quotes marked.
 class LineWriter
 {
 public:
@@ -41,7 +41,7 @@ public:
         startLine();
         mDepth = qMax(0, mDepth + change);
     }
-    /// A line end that only wraps.
+    // A line end that only wraps.
     void wrap()
     {
         if (!mAtLineStart)
@@ -61,7 +61,7 @@ private:
     int mDepth = 0;
 };
 
-/// What both forms have in common: commands in angle brackets.
+// What both forms have in common: commands in angle brackets.
 class EnrichedReader
 {
 public:
@@ -89,7 +89,7 @@ private:
             mOut.put(c);
     }
 
-    /// A command, or a "<" that is written as such; false for one that is nothing but itself.
+    // A command, or a "<" that is written as such; false for one that is nothing but itself.
     bool takeBracket()
     {
         if (mForm == Form::Enriched && mText.mid(mAt + 1, 1) == "<") {
@@ -127,7 +127,7 @@ private:
             mOut.startLine();
     }
 
-    /// One line end wraps; of several, one is taken away.
+    // One line end wraps; of several, one is taken away.
     void takeLineEnds()
     {
         int count = 0;

@@ -31,7 +31,7 @@ QByteArray toByteArray(std::string_view text)
     return QByteArray(text.data(), static_cast<int>(text.size()));
 }
 
-/// The forms in which one parameter can come.
+// The forms in which one parameter can come.
 class Forms
 {
 public:
@@ -80,7 +80,7 @@ private:
             mSections.try_emplace(number, Section{std::move(value), encoded});
     }
 
-    /// Cuts charset'language' off the first section; a sender may have left a quote out.
+    // Cuts charset'language' off the first section; a sender may have left a quote out.
     static QByteArray takeCharset(std::string_view& text)
     {
         const std::size_t charsetEnd = text.find('\'');

@@ -55,8 +55,8 @@ bool holdsLineBreak(const QString& text)
     return text.contains('\n') || text.contains('\r');
 }
 
-/// An encoded word that holds a line break would start a field of its own wherever the value is
-/// written again.
+// An encoded word that holds a line break would start a field of its own wherever the value is
+// written again.
 void examineWords(const PartExamination& part, const EMAIL_Field& field)
 {
     const std::string_view body = field.mBody.view();
@@ -137,7 +137,7 @@ void examineNames(const PartExamination& part)
         examineName(part, name);
 }
 
-/// The line that `text` begins with, without its line end.
+// The line that `text` begins with, without its line end.
 std::string_view firstLine(std::string_view text)
 {
     text = text.substr(0, text.find('\n'));
@@ -146,8 +146,8 @@ std::string_view firstLine(std::string_view text)
     return text;
 }
 
-/// Whether an empty line stands where the header should begin. From parts it is taken off: it
-/// stands between their text and the delimiter.
+// Whether an empty line stands where the header should begin. From parts it is taken off: it
+// stands between their text and the delimiter.
 bool beginsWithEmptyLine(const PartExamination& part)
 {
     const std::string_view text = part.entity().mString.view();

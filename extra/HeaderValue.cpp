@@ -11,9 +11,9 @@ namespace tarvomime {
 namespace {
 
 constexpr int kLongestLine = 998;
-/// Leaves room for the colon, a blank and something to say.
+// Leaves room for the colon, a blank and something to say.
 constexpr int kLongestName = 200;
-/// RFC 5322 wishes for 78, and the field's name stands on the first line.
+// RFC 5322 wishes for 78, and the field's name stands on the first line.
 constexpr int kPreferredLine = 76;
 constexpr int kPreferredFirstLine = 60;
 
@@ -27,7 +27,7 @@ bool isControl(ushort c)
     return (c < 0x20 && c != '\t') || (c >= 0x7F && c < 0xA0);
 }
 
-/// One line of a raw value, without its line end.
+// One line of a raw value, without its line end.
 Result<void> checkLine(const QByteArray& line, bool isFirst)
 {
     if (!isFirst && (line.isEmpty() || !isBlank(line[0])))
@@ -48,7 +48,7 @@ Result<void> checkLine(const QByteArray& line, bool isFirst)
     return {};
 }
 
-/// Breaks a line before a blank wherever the next word would make it longer than preferred.
+// Breaks a line before a blank wherever the next word would make it longer than preferred.
 QByteArray folded(const QByteArray& line)
 {
     QByteArray out;

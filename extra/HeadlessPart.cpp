@@ -19,7 +19,7 @@ bool saysWhatItIs(const EMAIL_Field& field)
     return equalIgnoringCase(field.mName.view().substr(0, 8), "content-");
 }
 
-/// The line ends in front of a body in a file, at most so many as anybody leaves there.
+// The line ends in front of a body in a file, at most so many as anybody leaves there.
 QByteArray lineEndsBefore(const EMAIL_Body& body)
 {
     constexpr qint64 kMost = 64;

@@ -7,11 +7,11 @@ namespace tarvomime {
 
 namespace {
 
-/// Prefixes are repeated on each line: without a bound, nested quotes would make the text longer
-/// than any multiple of its source.
+// Prefixes are repeated on each line: without a bound, nested quotes would make the text longer
+// than any multiple of its source.
 constexpr qsizetype kDeepestPrefix = 10;
 
-/// Two empty lines: more say nothing.
+// Two empty lines: more say nothing.
 constexpr int kMostBreaks = 3;
 
 constexpr QChar kNoBreakSpace(0x00A0);
@@ -21,8 +21,8 @@ bool isHtmlBlank(QChar c)
     return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r' || c == u'\f';
 }
 
-/// Characters that fill room without being seen: soft hyphen, grapheme joiner, zero-width space
-/// and no-break space.
+// Characters that fill room without being seen: soft hyphen, grapheme joiner, zero-width space
+// and no-break space.
 bool isUnseen(QChar c)
 {
     return c == QChar(0x00AD) || c == QChar(0x034F) || c == QChar(0x200B) || c == QChar(0xFEFF);

@@ -46,11 +46,11 @@ private:
 
     QString mText;
     QStringList mPrefixes;
-    /// The fewest prefixes since the last text: those of the empty lines behind it.
+    // The fewest prefixes since the last text: those of the empty lines behind it.
     qsizetype mFewestPrefixes = 0;
     QString mMarker;
     QString mSeparator;
-    /// Line ends to be written before the next text.
+    // Line ends to be written before the next text.
     int mBreaks = 0;
     bool mWantsBlank = false;
 };

@@ -17,7 +17,7 @@ bool isLetter(char c)
     return asciiLower(c) >= 'a' && asciiLower(c) <= 'z';
 }
 
-/// Reads the tags of a document as far as it takes to know where one ends.
+// Reads the tags of a document as far as it takes to know where one ends.
 class TagGuard
 {
 public:
@@ -63,7 +63,7 @@ private:
         copy(std::min(end, mHtml.size()));
     }
 
-    /// Behind the quoted value that begins at `at`, blanks skipped; `at` where there is none.
+    // Behind the quoted value that begins at `at`, blanks skipped; `at` where there is none.
     std::size_t endOfValue(std::size_t at, int& attributes) const
     {
         const std::size_t start = mHtml.find_first_not_of(" \t\r\n\f\v", at);

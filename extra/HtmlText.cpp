@@ -95,7 +95,7 @@ Kind kindOf(std::string_view name)
     return row != kElementKinds.end() && row->name == name ? row->kind : Kind::Inline;
 }
 
-/// The attributes of one tag, in libxml2's form: names and values by turns, ended by a null.
+// The attributes of one tag, in libxml2's form: names and values by turns, ended by a null.
 class Attributes
 {
 public:
@@ -168,7 +168,7 @@ bool isHiddenBy(const Attributes& attributes)
     return false;
 }
 
-/// The address that a person can use; empty for one that leads nowhere outside the message.
+// The address that a person can use; empty for one that leads nowhere outside the message.
 QString usableAddress(const Attributes& attributes)
 {
     QString address = attributes.text("href").simplified();
@@ -179,7 +179,7 @@ QString usableAddress(const Attributes& attributes)
     return {};
 }
 
-/// Whether the text of a link says its address already.
+// Whether the text of a link says its address already.
 bool says(QStringView text, const QString& address)
 {
     QStringView bare = address;
@@ -192,7 +192,7 @@ bool says(QStringView text, const QString& address)
     return !bare.isEmpty() && text.indexOf(bare, 0, Qt::CaseInsensitive) >= 0;
 }
 
-/// Receives the parser's events and writes lines.
+// Receives the parser's events and writes lines.
 class HtmlReader
 {
 public:
@@ -249,10 +249,10 @@ private:
         const xmlChar* name;
         Kind kind;
         int prefixes;
-        /// Of a link: its address and where its text begins.
+        // Of a link: its address and where its text begins.
         QString address;
         qsizetype start;
-        /// Of a list: the number of the next item, 0 for a list without numbers.
+        // Of a list: the number of the next item, 0 for a list without numbers.
         int number;
     };
 

@@ -10,7 +10,7 @@ namespace tarvomime {
 
 namespace {
 
-/// RFC 5322, section 2.1.1, without the line end.
+// RFC 5322, section 2.1.1, without the line end.
 constexpr std::size_t kLongestLine = 998;
 
 std::string_view firstLoneCr(std::string_view text)
@@ -22,7 +22,7 @@ std::string_view firstLoneCr(std::string_view text)
     return at == text.npos || at + 1 == text.size() ? std::string_view() : text.substr(at, 1);
 }
 
-/// The first line that is too long; `count` is how many are.
+// The first line that is too long; `count` is how many are.
 std::string_view firstLongLine(std::string_view text, int& count)
 {
     std::string_view first;

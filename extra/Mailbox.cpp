@@ -9,7 +9,7 @@ namespace tarvomime {
 
 namespace {
 
-/// Words of atoms with single dots between them.
+// Words of atoms with single dots between them.
 bool isDotAtom(const QString& text)
 {
     QChar before('.');
@@ -21,7 +21,7 @@ bool isDotAtom(const QString& text)
     return before != '.';
 }
 
-/// `text` is what stands between the delimiters.
+// `text` is what stands between the delimiters.
 bool isEnclosedText(const QString& text, QChar open, QChar close)
 {
     bool escaped = false;

@@ -9,7 +9,7 @@ namespace tarvomime {
 
 namespace {
 
-/// The seconds that a name begins with ("1718000000.M1P2.host"); 0 where it does not.
+// The seconds that a name begins with ("1718000000.M1P2.host"); 0 where it does not.
 qint64 secondsOf(const QString& fileName)
 {
     bool isNumber = false;

@@ -45,7 +45,7 @@ std::string_view withoutCr(std::string_view line)
     return line;
 }
 
-/// Whether one ">" was put in front of this line.
+// Whether one ">" was put in front of this line.
 bool isQuoted(std::string_view line, MboxQuoting quoting)
 {
     const std::size_t marks = std::min(line.find_first_not_of('>'), line.size());
@@ -91,7 +91,7 @@ bool MboxReader::takeLine(Line& line)
     return true;
 }
 
-/// A line that goes on in the next block, or ends without a line end.
+// A line that goes on in the next block, or ends without a line end.
 bool MboxReader::takeBrokenLine(Line& line)
 {
     line.offset = mBlockOffset + mAt;
@@ -147,7 +147,7 @@ void MboxReader::noticeLength(const Line& line)
         isNumber && length >= 0 && length < std::numeric_limits<qint64>::max() / 2 ? length : -1;
 }
 
-/// Whether a separator, or nothing, follows the bytes up to `end` and an empty line.
+// Whether a separator, or nothing, follows the bytes up to `end` and an empty line.
 bool MboxReader::leadsToSeparator(qint64 end)
 {
     const qint64 size = mDevice.size();

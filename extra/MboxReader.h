@@ -57,9 +57,9 @@ private:
     struct Line
     {
         qint64 offset = 0;
-        /// Behind the line end.
+        // Behind the line end.
         qint64 end = 0;
-        /// At most a thousand bytes, without the line end.
+        // At most a thousand bytes, without the line end.
         std::string_view start;
         bool isEmpty() const { return start.empty(); }
     };
@@ -76,7 +76,7 @@ private:
     bool mBelieveLengths;
     QByteArray mBlock;
     QByteArray mLineStart;
-    /// Offset in the device of the block's first byte, and the next byte in the block.
+    // Offset in the device of the block's first byte, and the next byte in the block.
     qint64 mBlockOffset = 0;
     qsizetype mAt = 0;
     bool mBegun = false;

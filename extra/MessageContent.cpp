@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kDeepestNumber = 100;
 
-/// HTML that names its charset does so here (HTML, section 4.2.5.4).
+// HTML that names its charset does so here (HTML, section 4.2.5.4).
 constexpr int kLabelRoom = 1024;
 
 Result<QByteArray> storedBytes(const EMAIL_Body& body)
@@ -47,7 +47,7 @@ QByteArray decoded(const QByteArray& bytes, int cte)
     return out;
 }
 
-/// The charset that HTML names for itself; empty where it names none.
+// The charset that HTML names for itself; empty where it names none.
 QByteArray labelInHtml(const QByteArray& html)
 {
     const QByteArray start = html.left(kLabelRoom).toLower();
@@ -86,7 +86,7 @@ bool saysParameter(const ContentPart& part, const char* name, const char* value)
     return typeParameter(*part.entity, name).toLower() == value;
 }
 
-/// What a part's text looks like to a person.
+// What a part's text looks like to a person.
 QString readableText(const ContentPart& part, const QString& text)
 {
     if (isHtmlPart(part))
@@ -100,7 +100,7 @@ QString readableText(const ContentPart& part, const QString& text)
     return text;
 }
 
-/// The texts of parts, one after the other, each ending its last line.
+// The texts of parts, one after the other, each ending its last line.
 Result<QString> joinedText(const MessageContent& content, const QList<int>& parts,
                            const QByteArray& fallback)
 {
@@ -161,8 +161,8 @@ Result<QString> ownText(const MessageContent& content, int message, BodyReader r
     return shown;
 }
 
-/// The text of the message or of the first below it that has one: those enclosed in it follow it
-/// in the list.
+// The text of the message or of the first below it that has one: those enclosed in it follow it
+// in the list.
 Result<QString> firstText(const MessageContent& content, int message, BodyReader read,
                           const QString& separator, const QByteArray& fallback)
 {

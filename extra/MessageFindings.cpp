@@ -80,7 +80,7 @@ std::vector<std::string> sortedBoundaries(const MessageContent& content)
     return boundaries;
 }
 
-/// How many levels each part lies below the message: parts follow what holds them.
+// How many levels each part lies below the message: parts follow what holds them.
 std::vector<int> depthsOf(const MessageContent& content)
 {
     std::vector<int> depths;

@@ -21,7 +21,7 @@ Failure tooLong()
     return {QStringLiteral("the message is too large (2 GiB or more)")};
 }
 
-/// The next block; empty at the end or where reading failed.
+// The next block; empty at the end or where reading failed.
 QByteArray takeBlock(QIODevice& device, qint64 most)
 {
     QByteArray block = device.read(most);
@@ -47,7 +47,7 @@ void parseBytes(const QByteArray& bytes, EMAIL_BasicMsg& message)
     message.mMessage->parse();
 }
 
-/// Writes what was read already and all that follows.
+// Writes what was read already and all that follows.
 Result<void> spool(const QByteArray& start, QIODevice& device, QTemporaryFile& file)
 {
     qint64 length = 0;

@@ -15,7 +15,7 @@ namespace tarvomime {
 
 namespace {
 
-/// Walks over the lines of a message and keeps account of what is open.
+// Walks over the lines of a message and keeps account of what is open.
 class Measuring
 {
 public:
@@ -37,14 +37,14 @@ public:
     }
 
 private:
-    /// What the next line belongs to.
+    // What the next line belongs to.
     enum class Place {
-        /// Empty lines in front of a header: where parsing does not skip them, there is less to
-        /// count.
+        // Empty lines in front of a header: where parsing does not skip them, there is less to
+        // count.
         BeforeHeader,
         Header,
         Body,
-        /// Text of a container in front of its first part or behind its last.
+        // Text of a container in front of its first part or behind its last.
         Between
     };
 
@@ -179,7 +179,7 @@ private:
     std::string_view mBytes;
     MessageMeasure mMeasure;
     BoundaryTrie mContainers;
-    /// The level of each open container.
+    // The level of each open container.
     std::vector<int> mLevels;
     Place mPlace = Place::BeforeHeader;
     int mLevel = 0;

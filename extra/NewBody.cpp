@@ -83,7 +83,7 @@ bool isContainer(const EMAIL_Entity& entity, const char* subtype)
     return entity.mBody->numBodyParts() > 0 && entity.mHeader->contentType()->mSubType == subtype;
 }
 
-/// The parameters that a part value does not carry.
+// The parameters that a part value does not carry.
 void setParameters(const NewBody& body, EMAIL_Entity& message)
 {
     EMAIL_Entity* shown = isContainer(message, "mixed") ? message.mBody->bodyPart(0) : &message;

@@ -18,15 +18,15 @@ std::string_view trimmed(std::string_view text)
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-/// Whether what follows a quote lets it be a closing one: nothing, a ";" or a comment. A sender
-/// that does not escape writes `name="a "b".txt"`.
+// Whether what follows a quote lets it be a closing one: nothing, a ";" or a comment. A sender
+// that does not escape writes `name="a "b".txt"`.
 bool closesBefore(std::string_view rest)
 {
     const std::size_t next = rest.find_first_not_of(kBlanks);
     return next == std::string_view::npos || rest[next] == ';' || rest[next] == '(';
 }
 
-/// Whether an odd number of backslashes ends the text.
+// Whether an odd number of backslashes ends the text.
 bool endsInEscape(std::string_view text)
 {
     const std::size_t last = text.find_last_not_of('\\');
@@ -34,8 +34,8 @@ bool endsInEscape(std::string_view text)
     return count % 2 != 0;
 }
 
-/// A backslash quotes only a quote or another backslash: senders write "C:\mail\a.txt" as it
-/// stands.
+// A backslash quotes only a quote or another backslash: senders write "C:\mail\a.txt" as it
+// stands.
 bool isEscape(std::string_view text)
 {
     return text.size() > 1 && text[0] == '\\' && (text[1] == '"' || text[1] == '\\');
@@ -73,7 +73,7 @@ void ParameterScanner::skipBlanks()
     mRest.remove_prefix(std::min(mRest.find_first_not_of(kBlanks), mRest.size()));
 }
 
-/// Moves behind the next ";" that stands outside quotes.
+// Moves behind the next ";" that stands outside quotes.
 void ParameterScanner::skipToNext()
 {
     bool quoted = false;
@@ -86,7 +86,7 @@ void ParameterScanner::skipToNext()
     mRest.remove_prefix(std::min(i + 1, mRest.size()));
 }
 
-/// Takes a quoted string and its closing quote; the rest begins behind the opening one.
+// Takes a quoted string and its closing quote; the rest begins behind the opening one.
 std::string ParameterScanner::takeQuoted()
 {
     std::string value;

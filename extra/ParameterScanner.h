@@ -31,8 +31,8 @@ private:
     bool mayClose() const { return mRest.data() <= mLastClosing; }
 
     std::string_view mRest;
-    /// The last quote that can close a value: none is looked for behind it, so that a flood of
-    /// values without closing quotes stays linear.
+    // The last quote that can close a value: none is looked for behind it, so that a flood of
+    // values without closing quotes stays linear.
     const char* mLastClosing;
 };
 

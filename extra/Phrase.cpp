@@ -20,7 +20,7 @@ bool isAscii(const QString& text)
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c < QChar(0x80); });
 }
 
-/// The characters that stand for themselves in the Q form of a phrase (RFC 2047, section 5).
+// The characters that stand for themselves in the Q form of a phrase (RFC 2047, section 5).
 bool isPlainInQ(char c)
 {
     const char lower = static_cast<char>(c | 0x20);
@@ -42,7 +42,7 @@ QByteArray encodedQ(const QByteArray& bytes)
     return out;
 }
 
-/// The end of the longest piece from `start` on that fits a word, between characters.
+// The end of the longest piece from `start` on that fits a word, between characters.
 int pieceEnd(const QByteArray& bytes, int start, bool isBase64)
 {
     const int size = static_cast<int>(bytes.size());

@@ -26,7 +26,7 @@ QStringList linesOf(const QString& text)
     return lines;
 }
 
-/// One line: how deep it is quoted, and what is quoted.
+// One line: how deep it is quoted, and what is quoted.
 struct Line
 {
     int depth = 0;
@@ -40,7 +40,7 @@ struct Line
     }
 };
 
-/// A blank behind the marks, or before a line that would be taken for a quote, is no part of it.
+// A blank behind the marks, or before a line that would be taken for a quote, is no part of it.
 Line unstuffed(const QString& text)
 {
     Line line;
@@ -51,7 +51,7 @@ Line unstuffed(const QString& text)
     return line;
 }
 
-/// Quotes as people and programs write them: "> > a" is as deep as ">> a".
+// Quotes as people and programs write them: "> > a" is as deep as ">> a".
 Line quoteOf(const QString& text)
 {
     Line line;
@@ -73,7 +73,7 @@ void trimEnd(QString& text)
     text.truncate(end);
 }
 
-/// Where a line that begins at `start` ends, the blank behind its last word included.
+// Where a line that begins at `start` ends, the blank behind its last word included.
 int lineEnd(const QString& text, int start, int length)
 {
     if (text.size() - start <= length)
@@ -84,7 +84,7 @@ int lineEnd(const QString& text, int start, int length)
     return static_cast<int>(blank < 0 ? text.size() : blank + 1);
 }
 
-/// What programs take for a quote, a stuffed line or the start of another message gets a blank.
+// What programs take for a quote, a stuffed line or the start of another message gets a blank.
 QString stuffed(int depth, const QString& content)
 {
     const bool isTaken = content.startsWith(' ') || content.startsWith('>') ||

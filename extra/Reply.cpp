@@ -41,7 +41,7 @@ QString fieldText(const EMAIL_Header& header, const char* name)
     return field == nullptr ? QString() : decodedWords(field->mBody).simplified();
 }
 
-/// What an answer and a forwarded message have in common.
+// What an answer and a forwarded message have in common.
 Result<void> start(const QString& subject, const ReplyOptions& options, EMAIL_BasicMsg& message)
 {
     const Result<QString> from = writeAddressList({options.from});

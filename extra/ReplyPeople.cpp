@@ -12,7 +12,7 @@ namespace tarvomime {
 
 namespace {
 
-/// Adds each person once.
+// Adds each person once.
 class Gathering
 {
 public:
@@ -47,7 +47,7 @@ bool holdsOnly(const QList<Mailbox>& mailboxes, const QString& address)
     return true;
 }
 
-/// The address in "List-Post: <mailto:list@a.example>"; empty where answers are not wanted.
+// The address in "List-Post: <mailto:list@a.example>"; empty where answers are not wanted.
 QString listAddress(const EMAIL_Header& header)
 {
     const EMAIL_Field* field = header.getField("List-Post");

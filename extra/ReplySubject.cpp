@@ -43,7 +43,7 @@ int skipBlanks(const QString& text, int at)
     return at;
 }
 
-/// Behind a counter such as "[2]", "(2)" or "^2", or `at` itself.
+// Behind a counter such as "[2]", "(2)" or "^2", or `at` itself.
 int skipCounter(const QString& text, int at)
 {
     int end = at;
@@ -59,7 +59,7 @@ int skipCounter(const QString& text, int at)
     return end;
 }
 
-/// Behind the prefix that begins at `at` and its colon, or `at` itself where there is none.
+// Behind the prefix that begins at `at` and its colon, or `at` itself where there is none.
 int skipPrefix(const QString& text, int at, Prefixes prefixes)
 {
     constexpr int kLongest = 8;

@@ -13,8 +13,8 @@ constexpr int kLongestName = 200;
 // What follows the last "." is an extension only up to this length, the "." included.
 constexpr int kLongestExtension = 24;
 
-/// Format characters (direction marks, joiners, soft hyphens, tags) and line separators are
-/// invisible: a name must be what it looks like. Surrogates left alone are no text.
+// Format characters (direction marks, joiners, soft hyphens, tags) and line separators are
+// invisible: a name must be what it looks like. Surrogates left alone are no text.
 bool isInvisible(uint codePoint)
 {
     switch (QChar::category(codePoint)) {
@@ -62,7 +62,7 @@ QString visible(const QString& name)
     return out;
 }
 
-/// Device names are reserved with any extension, and so is the name in front of trailing blanks.
+// Device names are reserved with any extension, and so is the name in front of trailing blanks.
 bool isDeviceName(const QString& name)
 {
     static const QStringList devices = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
@@ -80,7 +80,7 @@ bool isCutCharacter(QChar c)
     return c == '.' || c.isSpace();
 }
 
-/// Without blanks at both ends and dots at the end, which some systems drop by themselves.
+// Without blanks at both ends and dots at the end, which some systems drop by themselves.
 QString trimmedName(const QString& name)
 {
     int end = static_cast<int>(name.size());
@@ -96,7 +96,7 @@ int extensionStart(const QString& name)
     return isExtension ? dot : static_cast<int>(name.size());
 }
 
-/// At most `length` bytes of UTF-8 from the start, whole characters only.
+// At most `length` bytes of UTF-8 from the start, whole characters only.
 QString cutToBytes(const QString& text, int length)
 {
     QByteArray bytes = text.toUtf8();

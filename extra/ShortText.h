@@ -22,7 +22,7 @@ private:
     bool isReadable(const QByteArray& label);
 
     QByteArray mFallback;
-    /// What is known of the labels seen: asking for a codec costs more than decoding a word.
+    // What is known of the labels seen: asking for a codec costs more than decoding a word.
     QHash<QByteArray, bool> mReadable;
 };
 

@@ -22,8 +22,8 @@ Failure systemFailure(int number)
     return {QString::fromLocal8Bit(std::strerror(number))};
 }
 
-/// One key for all names that some system takes for the same file. Only the upper case makes
-/// letters of those that have no single one ("ß").
+// One key for all names that some system takes for the same file. Only the upper case makes
+// letters of those that have no single one ("ß").
 QString keyOf(const QString& name)
 {
     return name.normalized(QString::NormalizationForm_D)
@@ -41,7 +41,7 @@ struct TargetFolder::Private
     Private& operator=(const Private&) = delete;
     ~Private() { close(descriptor); }
 
-    /// Read when the first name is wanted; what other programs add later is met by O_EXCL.
+    // Read when the first name is wanted; what other programs add later is met by O_EXCL.
     void readNames()
     {
         if (knowsNames)
@@ -61,9 +61,9 @@ struct TargetFolder::Private
 
     int descriptor;
     bool knowsNames = false;
-    /// The keys of all names in the folder.
+    // The keys of all names in the folder.
     QSet<QString> taken;
-    /// How many copies of a name were tried, so that a flood of equal names stays linear.
+    // How many copies of a name were tried, so that a flood of equal names stays linear.
     QHash<QString, int> copies;
 };
 

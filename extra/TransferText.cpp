@@ -18,7 +18,7 @@ int lineEnd(const QByteArray& bytes, int start)
     return static_cast<int>(end < 0 ? bytes.size() : end);
 }
 
-/// Whether bytes can go as they are: 7-bit, and CR and LF only together.
+// Whether bytes can go as they are: 7-bit, and CR and LF only together.
 bool isPlain(const QByteArray& bytes)
 {
     for (int start = 0; start <= bytes.size();) {
@@ -42,8 +42,8 @@ bool isEscapedAnywhere(char c)
     return c == '=' || byte >= 0x7F || (byte < ' ' && c != '\t');
 }
 
-/// Quoted-printable that keeps lines and blanks, unlike the library's encoder, which is made for
-/// bytes of any kind and writes one endless line (RFC 2045, section 6.7).
+// Quoted-printable that keeps lines and blanks, unlike the library's encoder, which is made for
+// bytes of any kind and writes one endless line (RFC 2045, section 6.7).
 class LineEncoder
 {
 public:
@@ -84,7 +84,7 @@ private:
         return isEscapedAnywhere(c) || (isBlank && at + 1 == end);
     }
 
-    /// At the start of a line, "." ends a message on its way and "From " begins one in an mbox.
+    // At the start of a line, "." ends a message on its way and "From " begins one in an mbox.
     bool isMisread(int at) const
     {
         return mColumn == 0 &&
@@ -105,7 +105,7 @@ private:
     int mColumn = 0;
 };
 
-/// Whether so much would be escaped that nobody could read it anyway.
+// Whether so much would be escaped that nobody could read it anyway.
 bool isMostlyEscapes(const QByteArray& bytes)
 {
     const auto escapes = std::count_if(bytes.begin(), bytes.end(), isEscapedAnywhere);
@@ -121,7 +121,7 @@ QByteArray bytesOf(const QString& text, int charset)
     return bytes;
 }
 
-/// Never UTF-7, which the library does not write; a text with a NUL would end there elsewhere.
+// Never UTF-7, which the library does not write; a text with a NUL would end there elsewhere.
 bool canHold(int charset, const QString& text)
 {
     return charset != CHARSET_UNKNOWN && charset != CHARSET_UTF_7 && !text.contains(QChar(0)) &&

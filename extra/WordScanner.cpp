@@ -8,7 +8,7 @@ namespace tarvomime {
 
 namespace {
 
-/// Charset names are RFC 2047 tokens, in practice of these characters.
+// Charset names are RFC 2047 tokens, in practice of these characters.
 bool isCharsetCharacter(char c)
 {
     const char lower = static_cast<char>(c | 0x20);
@@ -16,8 +16,8 @@ bool isCharsetCharacter(char c)
            std::string_view("-_.:+()*'").find(c) != std::string_view::npos;
 }
 
-/// The position of the "?=" that ends a payload. A word that begins before it shows that this one
-/// was cut off; looking no farther keeps a million cut words linear.
+// The position of the "?=" that ends a payload. A word that begins before it shows that this one
+// was cut off; looking no farther keeps a million cut words linear.
 std::size_t payloadEnd(std::string_view text, std::size_t start)
 {
     std::size_t mark = text.find('?', start);

@@ -9,7 +9,7 @@ using namespace tarvomime::fuzz;
 
 namespace {
 
-/// What survives: blanks between words are one, and a group with members is written as its members.
+// What survives: blanks between words are one, and a group with members is written as its members.
 QList<Mailbox> addressesOf(const QList<Mailbox>& people)
 {
     QList<Mailbox> addresses;

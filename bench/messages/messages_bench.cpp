@@ -29,14 +29,14 @@ constexpr std::size_t kMegabyte = std::size_t(1) << 20;
 enum Scale { Once, Usual, Full };
 Scale scale = Usual;
 
-/// One size for each scale.
+// One size for each scale.
 struct Sizes
 {
     int sizes[3];
     int now() const { return sizes[scale]; }
 };
 
-/// A folder of its own, gone with the program.
+// A folder of its own, gone with the program.
 class Folder
 {
 public:
@@ -74,7 +74,7 @@ void measure(benchmark::State& state, const std::function<bool()>& isRight,
         job();
 }
 
-/// What `parseAndRead` is to find.
+// What `parseAndRead` is to find.
 struct Content
 {
     int parts;

@@ -11,7 +11,7 @@ struct Sample
 {
     const char* text;
     int charset;
-    /// The form of its word; 0 for a text without words.
+    // The form of its word; 0 for a text without words.
     char form;
 };
 

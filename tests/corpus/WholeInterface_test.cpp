@@ -24,7 +24,7 @@ constexpr PlainGetter plainGetters[] = {
     &EMAIL_BasicMsg::getMimeVersion, &EMAIL_BasicMsg::getRawDateStr, &EMAIL_BasicMsg::getDateStr,
     &EMAIL_BasicMsg::getTypeStr,     &EMAIL_BasicMsg::getSubTypeStr, &EMAIL_BasicMsg::getMethod};
 
-/// Everything that a message tells, as lines.
+// Everything that a message tells, as lines.
 class Transcript
 {
 public:

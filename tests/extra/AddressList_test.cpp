@@ -11,7 +11,7 @@ using namespace tarvomime;
 
 namespace {
 
-/// name|address, with the group before it and "!" before what is no address.
+// name|address, with the group before it and "!" before what is no address.
 QString summary(const QList<Mailbox>& mailboxes)
 {
     QStringList items;

@@ -11,7 +11,7 @@ struct ValueRow
 {
     const char* name;
     QString value;
-    /// Empty where it may be stored.
+    // Empty where it may be stored.
     QString reason;
 };
 

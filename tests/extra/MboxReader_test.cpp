@@ -26,7 +26,7 @@ class Mbox : public testing::TestWithParam<MboxRow>
 
 const std::string kFrom = "From a@b Mon Jun  3 10:15:00 2024\n";
 
-/// A device that cannot seek and gives out little at a time.
+// A device that cannot seek and gives out little at a time.
 class Pipe : public QIODevice
 {
 public:

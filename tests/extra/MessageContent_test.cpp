@@ -16,7 +16,7 @@ struct ContentRow
     const char* name;
     QByteArray mail;
     QString text;
-    /// The numbers of the parts that are attached, that belong to the HTML, and of the invitation.
+    // The numbers of the parts that are attached, that belong to the HTML, and of the invitation.
     QByteArray attachments;
     QByteArray inlineParts = {};
     QByteArray invitation = {};

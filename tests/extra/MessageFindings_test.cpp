@@ -14,7 +14,7 @@ struct FindingRow
 {
     const char* name;
     QByteArray mail;
-    /// What is expected, as "severity code part offset length", the last two for bytes only.
+    // What is expected, as "severity code part offset length", the last two for bytes only.
     QStringList findings;
 };
 

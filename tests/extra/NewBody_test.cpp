@@ -46,7 +46,7 @@ struct BodyRow
 {
     const char* name;
     NewBody body;
-    /// Types of the parts in reading order.
+    // Types of the parts in reading order.
     QByteArray types;
 };
 

@@ -13,7 +13,7 @@ using tarvomime::TargetFolder;
 
 namespace {
 
-/// A folder "target" in a folder of its own, so that whatever leaves the first shows in the second.
+// A folder "target" in a folder of its own, so that whatever leaves the first shows in the second.
 class TargetFolderTest : public testing::Test
 {
 protected:

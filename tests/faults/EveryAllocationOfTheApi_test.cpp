@@ -55,7 +55,7 @@ EMAIL_MultiPart leafOf(const char* type, const QByteArray& body)
     return part;
 }
 
-/// A container of two leaves and a container.
+// A container of two leaves and a container.
 void fill(EMAIL_MultiPart& part)
 {
     part.setType(TYPE_MULTIPART);

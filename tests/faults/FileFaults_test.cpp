@@ -27,7 +27,7 @@ class StreamFaults : public testing::TestWithParam<FileJob>
 {
 };
 
-/// A limit of this process for as long as it lives.
+// A limit of this process for as long as it lives.
 class Limit
 {
 public:
@@ -49,7 +49,7 @@ private:
     rlimit mBefore{};
 };
 
-/// How many descriptors are open at most when no more than `left` can be added.
+// How many descriptors are open at most when no more than `left` can be added.
 rlim_t descriptorsWith(int left)
 {
     const int next = open("/dev/null", O_RDONLY);
@@ -57,7 +57,7 @@ rlim_t descriptorsWith(int left)
     return static_cast<rlim_t>(next + left);
 }
 
-/// Output that changes the stored file in front of the n-th write.
+// Output that changes the stored file in front of the n-th write.
 class MeddlingFile : public QFile
 {
 public:

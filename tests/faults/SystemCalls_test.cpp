@@ -22,7 +22,7 @@ protected:
                             "without sanitizers, which want to be the first library themselves";
     }
 
-    /// How often the operation called what `call` stands for.
+    // How often the operation called what `call` stands for.
     static int callsOf(const PreparedJob& job, SystemCall call)
     {
         for (int nth = 1; nth <= kMostCalls; ++nth) {
@@ -36,7 +36,7 @@ protected:
         return kMostCalls;
     }
 
-    /// That it goes on as if nothing had been, whichever call comes back like this.
+    // That it goes on as if nothing had been, whichever call comes back like this.
     static void expectNoHarm(const PreparedJob& job, SystemCall call, Failure failure)
     {
         const int calls = callsOf(job, call);
@@ -97,7 +97,7 @@ INSTANTIATE_TEST_SUITE_P(Jobs, SystemCalls, testing::ValuesIn(allJobs()), rowNam
 
 namespace {
 
-/// The library's own opening: what Qt asks of the file system it can do without.
+// The library's own opening: what Qt asks of the file system it can do without.
 class StoredBodyCalls : public SystemCalls
 {
 };
@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(Jobs, StoredBodyCalls, testing::ValuesIn(streamingJobs(
 
 namespace {
 
-/// A small file is read instead.
+// A small file is read instead.
 class MappingCalls : public SystemCalls
 {
 };

@@ -13,7 +13,7 @@ QString text(const char* utf8)
     return QString::fromUtf8(utf8);
 }
 
-/// A part and its description, which are built side by side.
+// A part and its description, which are built side by side.
 struct Node
 {
     std::unique_ptr<EMAIL_MultiPart> part = std::make_unique<EMAIL_MultiPart>(nullptr);
@@ -111,7 +111,7 @@ Sample newSample(const QString& name)
     return sample;
 }
 
-/// A message whose top-level parts are those of `top`, as an application adds them.
+// A message whose top-level parts are those of `top`, as an application adds them.
 Sample sampleOf(const QString& name, Node top)
 {
     Sample sample = newSample(name);

@@ -12,7 +12,7 @@ struct CodecRow
     const char* encoding;
     QByteArray raw;
     QByteArray encoded;
-    /// What decoding adds: a line end that the encoder wrote belongs to quoted-printable text.
+    // What decoding adds: a line end that the encoder wrote belongs to quoted-printable text.
     QByteArray tail = {};
 };
 

@@ -9,9 +9,9 @@ namespace {
 
 const QString kScripts = TARVOMIME_SOURCE_DIR "/tools/tarvomime/completion/";
 
-/// How a shell is asked: it reads the script, takes the words typed from its arguments (for fish,
-/// as one line), and prints a candidate a line, with what it means behind a tab or a colon. Where
-/// files are wanted, it prints that or their names.
+// How a shell is asked: it reads the script, takes the words typed from its arguments (for fish,
+// as one line), and prints a candidate a line, with what it means behind a tab or a colon. Where
+// files are wanted, it prints that or their names.
 struct Shell
 {
     const char* name;
@@ -44,11 +44,11 @@ QStringList argumentsOf(const Shell& shell)
 struct TypedRow
 {
     const char* name;
-    /// What was typed behind "tarvomime", word for word.
+    // What was typed behind "tarvomime", word for word.
     QStringList words;
-    /// Some of what is offered.
+    // Some of what is offered.
     QStringList offered;
-    /// Something that is not.
+    // Something that is not.
     QString missing;
 };
 
@@ -82,7 +82,7 @@ class Completion : public testing::TestWithParam<std::tuple<Shell, TypedRow>>
 protected:
     const Shell& shell() const { return std::get<0>(GetParam()); }
 
-    /// Null where the shell is not installed.
+    // Null where the shell is not installed.
     QStringList offeredFor(QStringList words) const
     {
         QProcess process;

@@ -83,7 +83,7 @@ TEST(Compose, AttachmentsComeBackByteForByte)
 
 namespace {
 
-/// What another program that starts at `second` draws first.
+// What another program that starts at `second` draws first.
 QByteArray boundaryDrawnAt(unsigned int second)
 {
     QByteArray boundary(12, '-');

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The page without its markup, as far as names of commands and options go.
+// The page without its markup, as far as names of commands and options go.
 QString manPage()
 {
     QFile file(TARVOMIME_SOURCE_DIR "/docs/tarvomime.1");
@@ -39,14 +39,14 @@ QSet<QString> optionsIn(const QString& text)
     return QSet<QString>(options.begin(), options.end());
 }
 
-/// What stands for all commands, or all of one kind.
+// What stands for all commands, or all of one kind.
 QString generalOptions(const QString& page)
 {
     return page.section(".SH OPTIONS", 1).section(".SH", 0, 0) +
            page.section(".SS Options of new messages", 1).section(".SS", 0, 0);
 }
 
-/// The command lines that the page and the help of the commands show.
+// The command lines that the page and the help of the commands show.
 QStringList examples(const ToolRunner& tool)
 {
     QStringList lines = allIn(manPage(), "^\\.B (tarvomime .*)$");
@@ -57,7 +57,7 @@ QStringList examples(const ToolRunner& tool)
     return lines;
 }
 
-/// What stands below the command's name in the page, up to the next command.
+// What stands below the command's name in the page, up to the next command.
 QString entryOf(const QString& page, const QString& command, const QStringList& all)
 {
     const auto start =

@@ -16,7 +16,7 @@ using tarvomime::tool::ProgressBar;
 
 namespace {
 
-/// Puts `descriptor` in the place of standard error while it lives.
+// Puts `descriptor` in the place of standard error while it lives.
 class StandardError
 {
 public:
@@ -34,7 +34,7 @@ private:
     const Descriptor mOld;
 };
 
-/// What waits to be read, without waiting for more.
+// What waits to be read, without waiting for more.
 std::string readAll(const Descriptor& descriptor)
 {
     std::string text;
@@ -49,7 +49,7 @@ std::string readAll(const Descriptor& descriptor)
     return text;
 }
 
-/// A quarter of the work at once, and as much again when more than a second has passed.
+// A quarter of the work at once, and as much again when more than a second has passed.
 void workForMoreThanASecond()
 {
     ProgressBar bar("Writing", 200);

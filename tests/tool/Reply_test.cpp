@@ -29,7 +29,7 @@ struct PeopleRow
     const char* name;
     QStringList more;
     std::string to;
-    /// Empty for none.
+    // Empty for none.
     std::string cc;
 };
 

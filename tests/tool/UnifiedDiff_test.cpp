@@ -15,7 +15,7 @@ std::string rangeOf(int start, int count)
     return std::to_string(start) + (count == 1 ? "" : "," + std::to_string(count));
 }
 
-/// In the usual form, without the names of files. Line ends show as "\r" and "\n".
+// In the usual form, without the names of files. Line ends show as "\r" and "\n".
 std::string printed(const std::vector<DiffHunk>& hunks)
 {
     std::string out;
@@ -34,7 +34,7 @@ std::string printed(const std::vector<DiffHunk>& hunks)
     return out;
 }
 
-/// Each letter becomes a line.
+// Each letter becomes a line.
 std::string linesOf(const std::string& letters)
 {
     std::string text;
@@ -60,7 +60,7 @@ class Diff : public testing::TestWithParam<DiffRow>
 {
 };
 
-/// Goes through both texts along the hunks: whatever lies between them must be equal.
+// Goes through both texts along the hunks: whatever lies between them must be equal.
 void expectWhole(const std::string& before, const std::string& after)
 {
     const std::string oldText = linesOf(before);

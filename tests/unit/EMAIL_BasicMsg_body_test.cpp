@@ -295,7 +295,7 @@ const QByteArray base64Message = "Content-Type: image/png\r\n"
                                  "Content-Transfer-Encoding: base64\r\n\r\n" +
                                  QByteArray(100000, 'x').toBase64() + "\r\n";
 
-/// A message parsed from a file, and a file to write to.
+// A message parsed from a file, and a file to write to.
 class FileBackedBody : public testing::Test
 {
 protected:

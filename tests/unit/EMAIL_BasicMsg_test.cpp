@@ -28,7 +28,7 @@ QCString bodyOf(const EMAIL_BasicMsg& message, const char* name)
     return field == nullptr ? QCString("(absent)") : field->mBody;
 }
 
-/// A handle whose message was taken away.
+// A handle whose message was taken away.
 class EmptyHandle : public EMAIL_BasicMsg
 {
 public:

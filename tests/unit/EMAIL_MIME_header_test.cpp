@@ -155,7 +155,7 @@ TEST(HeadFromPartAlone, NullHeaderIsIgnored)
 
 namespace {
 
-/// Members before and after reading; a row names the ones that are its own.
+// Members before and after reading; a row names the ones that are its own.
 struct ReadRow
 {
     const char* name;
@@ -171,7 +171,7 @@ void PrintTo(const ReadRow& row, std::ostream* out)
 class HeadToPart : public testing::TestWithParam<ReadRow>
 {
 protected:
-    /// What every field can be absent and still leave behind.
+    // What every field can be absent and still leave behind.
     static void fillBefore(EMAIL_MultiPart& part)
     {
         part.setName(text("old name"));
@@ -188,7 +188,7 @@ protected:
         part.setNoAttDownloaded();
     }
 
-    /// What an empty header makes of it.
+    // What an empty header makes of it.
     static void fillAfter(EMAIL_MultiPart& part)
     {
         fillBefore(part);

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// A container of the given type; its boundary must differ from those of its parts.
+// A container of the given type; its boundary must differ from those of its parts.
 QByteArray container(const QByteArray& type, const QByteArray& boundary,
                      const QList<QByteArray>& parts)
 {
@@ -50,8 +50,8 @@ struct QueryRow
     QByteArray message;
     bool hasAttachment;
     int attachments;
-    /// Identifier of the text part; "(none)" when there is no message text, "" for the message
-    /// itself.
+    // Identifier of the text part; "(none)" when there is no message text, "" for the message
+    // itself.
     const char* textId;
 };
 
@@ -369,7 +369,7 @@ struct RawBodyRow
 {
     const char* name;
     QByteArray message;
-    /// Path of indices from part 0 down to the text part; null when nothing is taken.
+    // Path of indices from part 0 down to the text part; null when nothing is taken.
     const char* path;
 };
 

@@ -16,7 +16,7 @@
 
 namespace {
 
-/// A multipart message whose parts are named by their bodies.
+// A multipart message whose parts are named by their bodies.
 QByteArray messageOf(const QByteArray& contentType, const QList<QByteArray>& parts)
 {
     QByteArray text = "Content-Type: " + contentType + "; boundary=b\r\n\r\n";

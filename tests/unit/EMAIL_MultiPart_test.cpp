@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Parts whose destructor counts: who owns what shows when it dies.
+// Parts whose destructor counts: who owns what shows when it dies.
 class CountedPart : public EMAIL_MultiPart
 {
 public:

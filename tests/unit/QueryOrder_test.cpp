@@ -58,7 +58,7 @@ const std::array<Query, 9> queries{
     },
     [](const EMAIL_MIME& m) { return m.EMAIL_BasicMsg::getBody(0).toUtf8(); }};
 
-/// Messages of up to three levels, with fields as the library writes them.
+// Messages of up to three levels, with fields as the library writes them.
 class RandomMessages
 {
 public:

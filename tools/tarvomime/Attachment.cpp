@@ -58,7 +58,7 @@ void setTypeByName(const QString& fileName, EMAIL_MultiPart& part)
     }
 }
 
-/// The base name; a double quote would end the quoted string that it is written in.
+// The base name; a double quote would end the quoted string that it is written in.
 QString attachmentName(const std::string& path)
 {
     return QString::fromUtf8(path.substr(path.rfind('/') + 1).c_str()).replace('"', '\'');

@@ -43,7 +43,7 @@ bool readHtmlOption(const BodyOptions& options, QString& html, Session& session)
     return true;
 }
 
-/// The name by which HTML refers to a file: one that needs no escapes in "cid:NAME".
+// The name by which HTML refers to a file: one that needs no escapes in "cid:NAME".
 QString contentIdOf(const std::string& path)
 {
     QString name = QString::fromUtf8(path.substr(path.rfind('/') + 1).c_str());

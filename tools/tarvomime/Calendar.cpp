@@ -12,7 +12,7 @@ namespace tarvomime::tool {
 
 namespace {
 
-/// The calendars of an invitation, or else all parts of the type of the first calendar.
+// The calendars of an invitation, or else all parts of the type of the first calendar.
 QList<ContentPart> calendarParts(const MessageContent& content)
 {
     QList<ContentPart> invitations;
@@ -31,7 +31,7 @@ QList<ContentPart> calendarParts(const MessageContent& content)
     return invitations.isEmpty() ? attached : invitations;
 }
 
-/// A terminal gets the text made harmless, everything else the bytes as they are.
+// A terminal gets the text made harmless, everything else the bytes as they are.
 void printCalendar(const QByteArray& calendar, Session& session)
 {
     if (isOutputTerminal())

@@ -7,8 +7,8 @@ namespace tarvomime::tool {
 
 namespace {
 
-/// The next line that is not blank, upper-case and without the blanks around it; empty at the end.
-/// Only names and words are looked at, which nobody folds.
+// The next line that is not blank, upper-case and without the blanks around it; empty at the end.
+// Only names and words are looked at, which nobody folds.
 QByteArray takeLine(std::string_view& rest)
 {
     while (!rest.empty()) {
@@ -26,7 +26,7 @@ std::string_view withoutMark(std::string_view bytes)
     return bytes.substr(0, 3) == "\xEF\xBB\xBF" ? bytes.substr(3) : bytes;
 }
 
-/// The value of "METHOD:value" or "METHOD;parameter:value"; null for another line.
+// The value of "METHOD:value" or "METHOD;parameter:value"; null for another line.
 QByteArray methodIn(const QByteArray& line)
 {
     const QByteArray name = line.left(7).toUpper();

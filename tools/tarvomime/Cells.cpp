@@ -12,7 +12,7 @@ namespace {
 
 constexpr char16_t kEllipsis = 0x2026;
 
-/// The table that knows all of Unicode, whatever the user's locale, for the calling thread.
+// The table that knows all of Unicode, whatever the user's locale, for the calling thread.
 class UnicodeTable
 {
 public:
@@ -29,7 +29,7 @@ public:
     }
 
 private:
-    /// None at all leaves the locale as it is.
+    // None at all leaves the locale as it is.
     static locale_t unicodeLocale()
     {
         static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
@@ -45,7 +45,7 @@ struct Beginning
     int cells;
 };
 
-/// As many characters as fit, and how many cells they fill.
+// As many characters as fit, and how many cells they fill.
 Beginning fittingBeginning(const QString& text, int cells)
 {
     const UnicodeTable table;

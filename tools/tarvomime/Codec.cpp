@@ -24,7 +24,7 @@ struct CodecOptions
     std::string out;
 };
 
-/// An estimate, for the progress bar: lines of 76 characters and CR LF carry 57 bytes in base64.
+// An estimate, for the progress bar: lines of 76 characters and CR LF carry 57 bytes in base64.
 qint64 expectedSize(const CodecOptions& options, qint64 inputSize, int cte)
 {
     if (cte != CTE_BASE64)

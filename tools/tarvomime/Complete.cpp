@@ -18,13 +18,13 @@ namespace tarvomime::tool {
 
 namespace {
 
-/// What was typed before the last word.
+// What was typed before the last word.
 struct Situation
 {
     const CLI::App* command = nullptr;
-    /// The option whose value comes next; null for none.
+    // The option whose value comes next; null for none.
     const CLI::Option* waiting = nullptr;
-    /// What is no option behind the command.
+    // What is no option behind the command.
     std::vector<std::string> values;
     bool optionsEnded = false;
 };
@@ -90,7 +90,7 @@ void readWord(const std::string& word, Situation& situation)
         situation.values.push_back(word);
 }
 
-/// Gathers the words that begin like the one typed.
+// Gathers the words that begin like the one typed.
 class Candidates
 {
 public:
@@ -138,7 +138,7 @@ void addCharsets(const std::string& prefix, Candidates& candidates)
     }
 }
 
-/// The numbers of the parts of the file that was typed, and what they are.
+// The numbers of the parts of the file that was typed, and what they are.
 void addParts(const Situation& situation, const std::string& prefix, Candidates& candidates)
 {
     const InputFile file(situation.values.empty() ? std::string() : situation.values.front());
@@ -155,7 +155,7 @@ void addParts(const Situation& situation, const std::string& prefix, Candidates&
     }
 }
 
-/// The words of a type such as "auto|always|never".
+// The words of a type such as "auto|always|never".
 void addChoices(const std::string& type, const std::string& prefix, Candidates& candidates)
 {
     for (std::size_t start = 0; start < type.size();) {
@@ -165,7 +165,7 @@ void addChoices(const std::string& type, const std::string& prefix, Candidates& 
     }
 }
 
-/// Each value stands behind `prefix`, which is empty or "--option=".
+// Each value stands behind `prefix`, which is empty or "--option=".
 void addValues(const Situation& situation, const CLI::Option& option, const std::string& prefix,
                Candidates& candidates)
 {
@@ -184,7 +184,7 @@ void addValues(const Situation& situation, const CLI::Option& option, const std:
         candidates.wish(":folders");
 }
 
-/// What may stand behind a command that is neither option nor command.
+// What may stand behind a command that is neither option nor command.
 void addPositionals(const Situation& situation, Candidates& candidates)
 {
     std::size_t index = 0;

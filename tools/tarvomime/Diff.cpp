@@ -56,7 +56,7 @@ void printHunk(const DiffHunk& hunk, LineEnds ends, const Style& style, Session&
         session.print(painted(line, ends, style) + '\n');
 }
 
-/// Parses and writes the message. False where that fails.
+// Parses and writes the message. False where that fails.
 bool writeAgain(const QByteArray& bytes, QTemporaryFile& again)
 {
     EMAIL_Message message;

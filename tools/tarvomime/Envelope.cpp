@@ -48,7 +48,7 @@ std::string textProblem(const std::string& value)
     return problem.empty() ? writeHeaderValue(textOf(value)).reason().toStdString() : problem;
 }
 
-/// The fields that have options, or that the message's form decides.
+// The fields that have options, or that the message's form decides.
 bool isOwnField(const QByteArray& name)
 {
     static const char* const own[] = {"from",        "to",          "cc",   "bcc",
@@ -86,7 +86,7 @@ std::string headerProblem(const std::string& header)
     return textProblem(fieldValue(header));
 }
 
-/// Ids are taken with and without their brackets.
+// Ids are taken with and without their brackets.
 QCString messageIdOf(const std::string& value)
 {
     const QByteArray id = textOf(value).trimmed().toUtf8();

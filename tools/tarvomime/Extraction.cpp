@@ -17,7 +17,7 @@ namespace {
 
 constexpr qint64 kReleaseStep = 16 << 20;
 
-/// What is neither shown as text nor stands beside it for programs only.
+// What is neither shown as text nor stands beside it for programs only.
 bool isFile(PartRole role)
 {
     return role == PartRole::Attachment || role == PartRole::Message || role == PartRole::Inline ||
@@ -115,8 +115,8 @@ void Extraction::writeFile(int index)
         mSession.complain(path, target.errorString().toStdString());
 }
 
-/// What was decoded is not needed again: a large attachment must not fill the memory. Every
-/// encoding has at least as many bytes as what it stands for.
+// What was decoded is not needed again: a large attachment must not fill the memory. Every
+// encoding has at least as many bytes as what it stands for.
 bool Extraction::decode(const EMAIL_Entity& entity, QFile& target, ProgressBar* bar)
 {
     const QCString& body = entity.mBody->mString;

@@ -22,7 +22,7 @@ struct ForwardCommand
     bool attached = false;
 };
 
-/// The text below the new one, and the attachments before the new ones. False after a complaint.
+// The text below the new one, and the attachments before the new ones. False after a complaint.
 bool addInside(const Original& original, NewBody& body, Session& session)
 {
     QString text;

@@ -19,7 +19,7 @@ struct HeadersOptions
     std::string color;
 };
 
-/// Without the line ends of folds; the white space behind them stays (RFC 5322, section 2.2.3).
+// Without the line ends of folds; the white space behind them stays (RFC 5322, section 2.2.3).
 QByteArray unfolded(const QCString& body)
 {
     QByteArray out = body;

@@ -54,7 +54,7 @@ private:
     std::string mProblem;
     const char* mData = "";
     qint64 mSize = 0;
-    /// How much is mapped: the file and what follows it.
+    // How much is mapped: the file and what follows it.
     std::size_t mMapped = 0;
 };
 

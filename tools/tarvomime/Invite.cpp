@@ -33,8 +33,8 @@ std::string methodProblem(const std::string& method)
     return isCalendarMethod(method) ? "" : "a method is one word, such as REQUEST";
 }
 
-/// The method to write, or an empty text after a complaint. Programs that see two of them follow
-/// the one or the other (RFC 6047, section 2.4).
+// The method to write, or an empty text after a complaint. Programs that see two of them follow
+// the one or the other (RFC 6047, section 2.4).
 QByteArray methodFor(const InviteOptions& options, const InputFile& file, Session& session)
 {
     const CalendarFile calendar = readCalendar(file.bytes());

@@ -8,10 +8,10 @@ namespace tarvomime::tool {
 
 namespace {
 
-/// Up to so many lines of either text are compared each with each: a line costs no more than that.
+// Up to so many lines of either text are compared each with each: a line costs no more than that.
 constexpr int kSmallGap = 64;
 
-/// Lines of one text that stand between two pairs.
+// Lines of one text that stand between two pairs.
 struct Gap
 {
     int before;
@@ -57,7 +57,7 @@ private:
         return mBefore[static_cast<std::size_t>(before)] == mAfter[static_cast<std::size_t>(after)];
     }
 
-    /// Takes what is equal at both ends out of the gap; returns what was at its end.
+    // Takes what is equal at both ends out of the gap; returns what was at its end.
     std::vector<LinePair> takeEnds(Gap& gap)
     {
         for (; !gap.isEmpty() && isEqual(gap.before, gap.after); ++gap.before, ++gap.after)
@@ -69,7 +69,7 @@ private:
         return end;
     }
 
-    /// In the order of the text before.
+    // In the order of the text before.
     std::vector<LinePair> linesThatStandOnce(const Gap& gap) const
     {
         std::vector<NumberedLine> lines;
@@ -92,7 +92,7 @@ private:
         return pairs;
     }
 
-    /// The longest row of pairs that stand in the same order in both texts, by patience sorting.
+    // The longest row of pairs that stand in the same order in both texts, by patience sorting.
     static std::vector<LinePair> longestRow(const std::vector<LinePair>& pairs)
     {
         std::vector<std::size_t> tops;
@@ -125,8 +125,8 @@ private:
         mPairs.insert(mPairs.end(), end.begin(), end.end());
     }
 
-    /// The longest common row of a small gap: the lengths from every pair of lines on, then the way
-    /// through them.
+    // The longest common row of a small gap: the lengths from every pair of lines on, then the way
+    // through them.
     void compareEach(const Gap& gap)
     {
         std::array<std::array<int, kSmallGap + 1>, kSmallGap + 1> longest{};

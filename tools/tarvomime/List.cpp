@@ -28,7 +28,7 @@ struct ListOptions
     qint64 jobs = 0;
 };
 
-/// The lines of a job's messages, and the bytes that they are about.
+// The lines of a job's messages, and the bytes that they are about.
 struct ListedMessages
 {
     std::vector<ListRow> rows;

@@ -25,7 +25,7 @@ constexpr int kNarrowestSubject = 20;
 constexpr int kSubjectBesideFile = 40;
 constexpr int kUnbounded = std::numeric_limits<int>::max();
 
-/// "2024-06-03 10:15" in the user's zone.
+// "2024-06-03 10:15" in the user's zone.
 QString localDate(unsigned long date)
 {
     if (date == 0)
@@ -43,7 +43,7 @@ int attachmentCount(Mail& mail)
     return static_cast<int>(mail.content().messages[0].attachments.size());
 }
 
-/// "@2" for two attachments, "!" for a message that was not downloaded completely.
+// "@2" for two attachments, "!" for a message that was not downloaded completely.
 QString marks(Mail& mail)
 {
     const int count = attachmentCount(mail);
@@ -51,20 +51,20 @@ QString marks(Mail& mail)
     return mail.message().isCompleteMessage() ? attachments : attachments + '!';
 }
 
-/// The text as a terminal shows it, so that its cells can be counted.
+// The text as a terminal shows it, so that its cells can be counted.
 QString shown(const QString& text)
 {
     return QString::fromUtf8(printableLine(text.simplified()));
 }
 
-/// How a file of its messages is named on a command line.
+// How a file of its messages is named on a command line.
 QString fileOf(const MailPlace& place)
 {
     const QString file = QString::fromUtf8(printableLine(place.file->path()));
     return place.isInMbox() ? file + " --message " + QString::number(place.number) : file;
 }
 
-/// A column of a line. What is only blank is none.
+// A column of a line. What is only blank is none.
 struct Cell
 {
     QString text;
@@ -72,7 +72,7 @@ struct Cell
     QByteArray (Style::*paint)(const QByteArray& text) const;
 };
 
-/// The line ends with the last column that holds something.
+// The line ends with the last column that holds something.
 QByteArray joined(const std::vector<Cell>& cells, const Style& style)
 {
     std::size_t count = cells.size();

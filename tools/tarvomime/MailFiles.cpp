@@ -22,7 +22,7 @@ struct FolderCloser
     void operator()(DIR* folder) const { closedir(folder); }
 };
 
-/// Links to folders are not followed, so that no loop is walked.
+// Links to folders are not followed, so that no loop is walked.
 bool belongsToFolder(const std::string& name, const std::string& entry)
 {
     struct stat link;
@@ -66,7 +66,7 @@ private:
             openFolder(path);
     }
 
-    /// Sub-folders of a Maildir have none of their own.
+    // Sub-folders of a Maildir have none of their own.
     void addMaildirs(const QString& path)
     {
         addMaildir(path);

@@ -12,7 +12,7 @@ namespace tarvomime::tool {
 
 namespace {
 
-/// A mapped file of any size; a QByteArray, and so a QBuffer, ends at 2 GiB with Qt 5.
+// A mapped file of any size; a QByteArray, and so a QBuffer, ends at 2 GiB with Qt 5.
 class MappedDevice : public QIODevice
 {
 public:

@@ -57,7 +57,7 @@ private:
     std::size_t mNextFile = 0;
     bool mHoldsSeveral;
     std::shared_ptr<const InputFile> mFile;
-    /// The bytes of the file in the hands of the reader, which is null for a file that is no mbox.
+    // The bytes of the file in the hands of the reader, which is null for a file that is no mbox.
     std::unique_ptr<QIODevice> mDevice;
     std::unique_ptr<MboxReader> mReader;
     int mNumber = 0;

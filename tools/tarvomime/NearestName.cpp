@@ -8,7 +8,7 @@ namespace tarvomime::tool {
 
 namespace {
 
-/// How many letters are wrong, missing, too many or swapped with their neighbour.
+// How many letters are wrong, missing, too many or swapped with their neighbour.
 std::size_t distanceOf(std::string_view a, std::string_view b)
 {
     // Three rows of the table of distances between all beginnings of the two.

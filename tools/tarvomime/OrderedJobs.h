@@ -67,7 +67,7 @@ public:
     }
 
 private:
-    /// Jobs handed in before the results of earlier ones are taken, by thread.
+    // Jobs handed in before the results of earlier ones are taken, by thread.
     static constexpr std::size_t kAhead = 4;
 
     void takeFirst()
@@ -96,7 +96,7 @@ private:
     std::deque<std::future<Result>> mResults;
     std::mutex mMutex;
     std::condition_variable mWork;
-    /// These two are the mutex's.
+    // These two are the mutex's.
     std::deque<std::packaged_task<Result()>> mQueue;
     bool mIsOver = false;
 };

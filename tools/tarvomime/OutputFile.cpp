@@ -22,7 +22,7 @@ mode_t modeOfNewFiles()
     return 0666 & ~mask;
 }
 
-/// The file that `path` leads to, symbolic links followed, so that a link stays one.
+// The file that `path` leads to, symbolic links followed, so that a link stays one.
 std::string resolved(const std::string& path)
 {
     char buffer[PATH_MAX];

@@ -31,7 +31,7 @@ bool isInstalled(const std::string& program)
     return false;
 }
 
-/// Empty where the user wants none.
+// Empty where the user wants none.
 const char* pagerCommand()
 {
     const char* pager = std::getenv("PAGER");

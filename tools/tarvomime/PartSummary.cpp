@@ -26,7 +26,7 @@ QByteArray rawValue(const EMAIL_Header& header, const QCString& name)
     return field == nullptr ? QByteArray() : QByteArray(field->mBody).simplified();
 }
 
-/// Base64 makes 4 characters of 3 bytes; line ends are not told apart from them.
+// Base64 makes 4 characters of 3 bytes; line ends are not told apart from them.
 int decodedSize(int storedSize, int cte)
 {
     return cte == CTE_BASE64 ? (storedSize + 3) / 4 * 3 : storedSize;

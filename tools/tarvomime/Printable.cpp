@@ -12,8 +12,8 @@ namespace {
 
 using Byte = unsigned char;
 
-/// Embeddings, overrides and isolates reorder what stands around them; the two separators end a
-/// line where no line feed is.
+// Embeddings, overrides and isolates reorder what stands around them; the two separators end a
+// line where no line feed is.
 bool disturbsLines(char32_t codePoint)
 {
     return (codePoint >= 0x2028 && codePoint <= 0x202E) ||
@@ -57,7 +57,7 @@ QByteArray lineEndEscape(char c)
     return c == '\r' ? "\\r" : "\\t";
 }
 
-/// The stretch that needs no look at its characters: printable ASCII.
+// The stretch that needs no look at its characters: printable ASCII.
 std::size_t plainLength(std::string_view text)
 {
     const auto odd = std::find_if(text.begin(), text.end(),

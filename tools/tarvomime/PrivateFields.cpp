@@ -9,7 +9,7 @@ namespace tarvomime::tool {
 
 namespace {
 
-/// The first of the two fields that the header has, or null.
+// The first of the two fields that the header has, or null.
 const EMAIL_Field* firstField(const EMAIL_Header& header, const char* name, const char* other)
 {
     const EMAIL_Field* field = header.getField(name);

@@ -31,7 +31,7 @@ struct ReplyCommand
     bool noQuote = false;
 };
 
-/// "On Mon, 3 Jun 2024 10:15:00 +0200, Mira wrote:", as far as the message says so.
+// "On Mon, 3 Jun 2024 10:15:00 +0200, Mira wrote:", as far as the message says so.
 QString attribution(const EMAIL_Header& original)
 {
     const EMAIL_Field* date = original.getField("Date");
@@ -67,7 +67,7 @@ ReplyOptions replyOptions(const ReplyCommand& command)
     return options;
 }
 
-/// The header; false after a complaint.
+// The header; false after a complaint.
 bool address(const ReplyCommand& command, const Original& original, EMAIL_MIME& reply,
              Session& session)
 {

@@ -12,7 +12,7 @@ namespace tarvomime::tool {
 
 namespace {
 
-/// Whether standard output is a pipe that nobody reads any more.
+// Whether standard output is a pipe that nobody reads any more.
 bool isReaderGone()
 {
     pollfd output = {STDOUT_FILENO, 0, 0};

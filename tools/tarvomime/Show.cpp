@@ -26,7 +26,7 @@ QByteArray headerLine(const Style& style, const char* name, const QString& value
     return style.label(QByteArray(name) + ':') + ' ' + printableLine(value.simplified()) + '\n';
 }
 
-/// The header fields that a reader wants to see, decoded.
+// The header fields that a reader wants to see, decoded.
 QByteArray readerHeader(const Mail& mail, const EMAIL_MIME& message, const Style& style)
 {
     QByteArray header;
@@ -39,7 +39,7 @@ QByteArray readerHeader(const Mail& mail, const EMAIL_MIME& message, const Style
     return header;
 }
 
-/// What others wrote stands back.
+// What others wrote stands back.
 QByteArray withFaintQuotes(const QByteArray& text, const Style& style)
 {
     QByteArray out;

@@ -20,7 +20,7 @@ namespace tarvomime::tool {
 
 namespace {
 
-/// The count that read() gives, asked again when a signal other than Ctrl-C came between.
+// The count that read() gives, asked again when a signal other than Ctrl-C came between.
 ssize_t readBlock(char* block, std::size_t length)
 {
     for (;;) {

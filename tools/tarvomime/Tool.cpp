@@ -50,11 +50,11 @@ void addCommands(CLI::App& tool, Session& session)
     tool.add_subcommand("help", "Explain a command")->group("Commands");
 }
 
-/// CLI11 reads an argument like "[a,b]" as a list of values, and there are mail folders called
-/// "[Gmail]": behind a closing bracket stands this mark until CLI11 is done with the argument.
+// CLI11 reads an argument like "[a,b]" as a list of values, and there are mail folders called
+// "[Gmail]": behind a closing bracket stands this mark until CLI11 is done with the argument.
 constexpr char kBracketMark = '\x01';
 
-/// "help COMMAND" is "COMMAND --help".
+// "help COMMAND" is "COMMAND --help".
 std::vector<std::string> wordsOf(int argumentCount, const char* const* arguments)
 {
     std::vector<std::string> words(arguments + std::min(argumentCount, 1),
@@ -92,7 +92,7 @@ void removeMarks(CLI::App& command)
         removeMarks(*subcommand);
 }
 
-/// Help and version go to standard output; they end the parsing like a mistake does.
+// Help and version go to standard output; they end the parsing like a mistake does.
 int answerWithText(const CLI::App& tool, const CLI::Success& wish, Session& session)
 {
     std::ostringstream answer;
@@ -113,7 +113,7 @@ std::string commandLineOf(const CLI::App& tool)
     return line;
 }
 
-/// What is wrong with the name of the command; empty where nothing is.
+// What is wrong with the name of the command; empty where nothing is.
 std::string commandProblem(const CLI::App& tool, const std::vector<std::string>& words)
 {
     if (words.empty() || words.front().empty() || words.front()[0] == '-')

@@ -23,8 +23,8 @@ struct TreeOptions
     std::string color;
 };
 
-/// The parts form a flat list: nested objects would be as deep as the message, and programs that
-/// read JSON stop at some depth.
+// The parts form a flat list: nested objects would be as deep as the message, and programs that
+// read JSON stop at some depth.
 void printJson(Mail& mail, Session& session)
 {
     const MessageContent& content = mail.content();

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kDeepestDrawn = 40;
 
-/// Draws the lines that lead to the parts of a tree, asked for in reading order.
+// Draws the lines that lead to the parts of a tree, asked for in reading order.
 class Lines
 {
 public:
@@ -31,7 +31,7 @@ public:
     }
 
 private:
-    /// By level: whether the part there that was drawn last has no sibling below it.
+    // By level: whether the part there that was drawn last has no sibling below it.
     std::vector<bool> mIsLast;
 };
 

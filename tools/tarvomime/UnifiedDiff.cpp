@@ -27,7 +27,7 @@ Lines linesOf(std::string_view text, LineEnds ends)
     return lines;
 }
 
-/// Turns the pairs of equal lines into hunks.
+// Turns the pairs of equal lines into hunks.
 class HunkWriter
 {
 public:
@@ -45,7 +45,7 @@ public:
     }
 
 private:
-    /// The lines up to `next`, which none of the pairs holds.
+    // The lines up to `next`, which none of the pairs holds.
     void addChange(const LinePair& next)
     {
         if (mNext.before == next.before && mNext.after == next.after)
@@ -89,7 +89,7 @@ private:
         hunk.afterCount += kind == DiffLine::Kind::Removed ? 0 : 1;
     }
 
-    /// Takes the equal lines off again that are no context.
+    // Takes the equal lines off again that are no context.
     void close()
     {
         if (!mIsOpen)
@@ -109,7 +109,7 @@ private:
     std::vector<DiffHunk> mHunks;
     LinePair mNext{0, 0};
     bool mIsOpen = false;
-    /// Equal lines since the last change of the open hunk.
+    // Equal lines since the last change of the open hunk.
     int mEqual = 0;
 };
 

@@ -75,7 +75,7 @@ TEST(WriteFile, AFullDiskFails)
     }
 }
 
-/// 0, 1, 2, ...
+// 0, 1, 2, ...
 std::vector<std::size_t> firstNumbers(std::size_t count)
 {
     std::vector<std::size_t> numbers(count);

@@ -15,7 +15,7 @@ constexpr int kThreshold = 32768;
 using Writes = std::vector<qint64>;
 using Calls = std::vector<std::size_t>;
 
-/// A file on a disk that has room for so many bytes.
+// A file on a disk that has room for so many bytes.
 class SmallFile : public RecordingFile
 {
 public:
@@ -40,7 +40,7 @@ struct Form
     const char* name;
     int (*run)(const QByteArray& in, QFile* out, const ProgressCallback& callback);
     QByteArray (*expected)(const QByteArray& in);
-    /// An input whose output is made of all of `bytes`.
+    // An input whose output is made of all of `bytes`.
     QByteArray (*textOf)(const QByteArray& bytes);
     Asks asks;
 };
@@ -113,7 +113,7 @@ class EveryStream : public testing::TestWithParam<Form>
 {
 };
 
-/// The codecs alone, whose text has an end to be written.
+// The codecs alone, whose text has an end to be written.
 class CodecStream : public testing::TestWithParam<Form>
 {
 };
@@ -206,7 +206,7 @@ struct BlockRow
     const char* form;
     QByteArray in;
     Writes writes;
-    /// Behind how many writes each call comes.
+    // Behind how many writes each call comes.
     Calls calls;
 };
 

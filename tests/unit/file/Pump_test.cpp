@@ -24,9 +24,9 @@ struct StreamRow
 {
     const char* name;
     int (*run)(const BodyBytes& in, QFile* out, const ProgressCallback& callback);
-    /// Bytes of which each means something of its own, alone or cut from its neighbours.
+    // Bytes of which each means something of its own, alone or cut from its neighbours.
     QByteArray alphabet;
-    /// What such text normally looks like.
+    // What such text normally looks like.
     QByteArray filling;
 };
 
@@ -51,8 +51,8 @@ const QByteArray base64Lines =
     (QByteArray("abcdefghijklmnopqrst").repeated(4).left(76) + "\r\n").repeated(1000);
 const QByteArray prose = QByteArray("Some text, and = signs\r\n").repeated(4000);
 
-/// Output that is kept in memory, for tests of many small rows: what was written and, before each
-/// block that the callback was asked for, how much of it there was.
+// Output that is kept in memory, for tests of many small rows: what was written and, before each
+// block that the callback was asked for, how much of it there was.
 class KeptOutput : public QFile
 {
 public:

@@ -16,8 +16,8 @@ namespace {
 
 constexpr int deepLevels = 100000;
 
-/// Runs `action` on a thread with a stack of 256 KiB: a walk that recurses over this depth does not
-/// come back.
+// Runs `action` on a thread with a stack of 256 KiB: a walk that recurses over this depth does not
+// come back.
 void onSmallStack(const std::function<void()>& action)
 {
     pthread_attr_t attributes;
@@ -64,7 +64,7 @@ int depthOf(const EMAIL_MultiPart& top)
     return depth;
 }
 
-/// A random tree: containers of up to four sub-parts, leaves of every kind of body.
+// A random tree: containers of up to four sub-parts, leaves of every kind of body.
 class RandomTree
 {
 public:
