@@ -52,12 +52,11 @@ std::string_view core(std::string_view line)
     return line;
 }
 
-// Whether a line looks as if it were meant to be a delimiter of `boundary`: other case, other
-// dashes, blanks, or up to three characters short of it or longer.
-bool almostMatches(std::string_view line, std::string_view boundary)
+// Whether a line looks as if it were meant to be a delimiter of the boundary whose core is `meant`:
+// other case, other dashes, blanks, or up to three characters short of it or longer.
+bool almostMatches(std::string_view line, std::string_view meant)
 {
     std::string_view said = core(line);
-    const std::string_view meant = core(boundary);
     if (meant.empty() || said.size() + 3 < meant.size() || said.size() > meant.size() + 3)
         return false;
     if (said.size() > meant.size() && equalIgnoringCase(said.substr(0, meant.size()), meant))
@@ -75,7 +74,7 @@ public:
     BoundaryWalk(const PartExamination& part, std::string_view boundary,
                  const std::vector<std::string>& boundaries)
         : mPart(part), mBytes(part.body()), mDelimiter("--" + std::string(boundary)),
-          mBoundary(boundary), mBoundaries(boundaries)
+          mMeant(core(boundary)), mBoundaries(boundaries)
     {
     }
 
@@ -127,7 +126,7 @@ private:
 
     void examineNearMiss(std::string_view line)
     {
-        if (almostMatches(line, mBoundary) && !isKnownLine(line))
+        if (almostMatches(line, mMeant) && !isKnownLine(line))
             mPart.report(FindingKind::BoundaryNearMiss,
                          QStringLiteral("a line almost matches the delimiter and is none"), line);
     }
@@ -184,7 +183,8 @@ private:
     const PartExamination& mPart;
     std::string_view mBytes;
     std::string mDelimiter;
-    std::string_view mBoundary;
+    // Found once: a boundary may be as long as the message.
+    std::string_view mMeant;
     const std::vector<std::string>& mBoundaries;
     Stage mStage = Stage::Preamble;
     std::size_t mStageStart = 0;

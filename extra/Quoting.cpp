@@ -10,6 +10,9 @@ namespace {
 constexpr int kLineLength = 72;
 // Deep quotes leave room for a few words.
 constexpr int kShortestLine = 20;
+// Deeper ones, which nobody reads, stay in one line: their marks on each line of many would take the
+// square of the text.
+constexpr int kDeepestWrapped = 100;
 
 QString signatureLine()
 {
@@ -95,7 +98,9 @@ QString stuffed(int depth, const QString& content)
 
 void appendFlowed(const Line& line, QStringList& out)
 {
-    const int length = qMax(kShortestLine, kLineLength - line.depth - 1);
+    const int length = line.depth > kDeepestWrapped
+                           ? static_cast<int>(line.content.size())
+                           : qMax(kShortestLine, kLineLength - line.depth - 1);
     int start = 0;
     do {
         const int end = lineEnd(line.content, start, length);

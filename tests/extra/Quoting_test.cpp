@@ -107,3 +107,16 @@ TEST(FlowedAgain, IsTheSameText)
           QString(40, '>') + ' ' + QString("word ").repeated(30) + "end"})
         EXPECT_EQ(textFromFlowed(flowedText(text)), text) << text.toStdString();
 }
+
+// The marks of a deep quote are not written on each line of many: that would be the square.
+TEST(QuotingFlood, StaysInProportion)
+{
+    const QString marks(200000, '>');
+    const QString words = QString("a ").repeated(100000);
+    for (const QString& text : {marks + ' ' + words, QString("> ").repeated(100000) + words,
+                                QString("> ").repeated(60) + words, words, marks}) {
+        EXPECT_LE(flowedText(text).size(), 5 * text.size()) << text.left(200).toStdString();
+        EXPECT_LE(quotedText(text).size(), 2 + text.size());
+        EXPECT_LE(textFromFlowed(text).size(), 1 + text.size());
+    }
+}
