@@ -4,7 +4,6 @@
 #include "utility/EMAIL_Util.h"
 #include "utility/codec/Charset.h"
 #include "utility/codec/CharsetNames.h"
-#include "utility/codec/DoubleByteCharset.h"
 
 #include <QTextCodec>
 #include <random>
@@ -109,34 +108,5 @@ TEST(SingleByteCharset, RandomTextsEncodeAsTheCodecDoes)
         EXPECT_EQ(decodedByTable(bytes, charset), decodedPlainly(bytes, charset)) << seed;
         EXPECT_EQ(bytesInCharset(text, charset), bytesThroughCodec(text, codec)) << seed;
         EXPECT_EQ(heldByTable(text, charset), heldPlainly(text, charset)) << seed;
-    }
-}
-
-TEST(DoubleByteCharset, OnlyGbkAndBig5HaveOne)
-{
-    for (int charset = -1; charset <= 24; ++charset)
-        EXPECT_EQ(DoubleByteCharset::of(charset) != nullptr, charset >= 14 && charset <= 16)
-            << charset;
-}
-
-// Nothing but what the tables hold, so that the codec is not asked.
-TEST(DoubleByteCharset, TextsOfPairsDecodeAndEncodeAsTheCodecDoes)
-{
-    const unsigned seed = 2312;
-    std::mt19937 random(seed);
-    for (int round = 0; round < 2000 && !HasFailure(); ++round) {
-        const int charset = round % 2 == 0 ? CHARSET_GB2312 : CHARSET_BIG5;
-        QByteArray bytes;
-        for (unsigned left = random() % 40; left > 0; --left) {
-            bytes += static_cast<char>(0xB0 + random() % 0x10);
-            bytes += static_cast<char>(0xA1 + random() % 0x50);
-            bytes += random() % 3 == 0 ? "ascii" : "";
-        }
-        const QString text = decodedPlainly(bytes, charset);
-        QByteArray written;
-        EXPECT_TRUE(DoubleByteCharset::of(charset)->encode(text, written)) << bytes.toHex().data();
-        EXPECT_EQ(written, bytes);
-        EXPECT_EQ(decodedByTable(bytes, charset), text) << bytes.toHex().data();
-        EXPECT_EQ(heldByTable(text, charset), heldPlainly(text, charset)) << bytes.toHex().data();
     }
 }
