@@ -19,6 +19,8 @@ TARVOMIME_EXTRA_EXPORT QString textFromFlowed(const QString& text, bool delSp = 
 
 /// The text as format=flowed: lines of at most 72 characters where there are blanks to end them at,
 /// quotes and the signature's line kept. `textFromFlowed` makes the paragraphs of it again.
+/// Quotes of more than a hundred marks stay in one line, so that the text does not outgrow its
+/// bytes.
 TARVOMIME_EXTRA_EXPORT QString flowedText(const QString& text);
 
 } // namespace tarvomime
