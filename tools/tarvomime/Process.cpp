@@ -26,7 +26,10 @@ void prepareProcess()
     refuseWhenClosed(STDOUT_FILENO, O_RDONLY);
     refuseWhenClosed(STDERR_FILENO, O_RDWR);
     std::signal(SIGPIPE, SIG_IGN);
-    // File names are turned into Qt's text and back by the rules of the user's locale.
+}
+
+void adoptLocale()
+{
     std::setlocale(LC_CTYPE, "");
 }
 

@@ -11,4 +11,7 @@ namespace tarvomime::tool {
 ///    silent death.
 void prepareProcess();
 
+/// File names are turned into Qt's text and back by the rules of the user's locale.
+void adoptLocale();
+
 } // namespace tarvomime::tool

@@ -5,11 +5,15 @@
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/Complete.h"
 #include "tools/tarvomime/NearestName.h"
+#include "tools/tarvomime/Process.h"
 #include "tools/tarvomime/Session.h"
 #include "utility/EMAIL_Util.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <iostream>
 #include <sstream>
 
@@ -128,6 +132,17 @@ std::string commandProblem(const CLI::App& tool, const std::vector<std::string>&
            (nearest.empty() ? "" : "; did you mean '" + nearest + "'?");
 }
 
+/// Scripts ask this often, and locale, output and commands take longer to set up than all the rest.
+int tellVersion()
+{
+    if (std::puts(kVersion) >= 0 && std::fflush(stdout) == 0)
+        return 0;
+    const int error = errno;
+    Session session;
+    session.complainOfOutput(std::strerror(error));
+    return session.finish();
+}
+
 int refuseCommandLine(const CLI::App& tool, const std::string& reason, Session& session)
 {
     session.refuse(reason);
@@ -183,13 +198,11 @@ CLI::Option* addCharset(CLI::App& command, int& charset)
 
 int runTool(int argumentCount, const char* const* arguments)
 {
-    Session session;
     std::vector<std::string> words = wordsOf(argumentCount, arguments);
-    // Scripts ask this often, and the commands take longer to set up than all the rest.
-    if (words.size() == 1 && (words.front() == "--version" || words.front() == "-V")) {
-        session.print(QByteArray(kVersion) + '\n');
-        return session.finish();
-    }
+    if (words.size() == 1 && (words.front() == "--version" || words.front() == "-V"))
+        return tellVersion();
+    adoptLocale();
+    Session session;
     CLI::App tool("Reads, changes and writes Internet mail (RFC 822, MIME).", "tarvomime");
     tool.set_version_flag("-V,--version", kVersion, "Print the version and exit");
     tool.get_formatter()->label("SUBCOMMAND", "COMMAND");
