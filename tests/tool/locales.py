@@ -42,7 +42,8 @@ def run_on_terminal(tool, arguments, environment):
     process, screen = terminal.start(tool, arguments, 100, {"NO_COLOR": "1", **environment})
     shown = terminal.read_until(screen)
     os.close(screen)
-    return os.waitstatus_to_exitcode(os.waitpid(process, 0)[1]), shown
+    # On a slow machine a progress bar comes and goes: its own escapes are allowed.
+    return os.waitstatus_to_exitcode(os.waitpid(process, 0)[1]), shown.replace("\r\x1b[K", "\r")
 
 
 def run_in_pipe(tool, arguments, environment):
