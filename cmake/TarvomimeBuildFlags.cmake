@@ -16,6 +16,14 @@ target_compile_options(tarvomime_flags INTERFACE -Wall -Wextra -Wpedantic -Wshad
 file(RELATIVE_PATH source_from_build ${CMAKE_BINARY_DIR} ${PROJECT_SOURCE_DIR})
 target_compile_options(tarvomime_flags INTERFACE
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}/= -ffile-prefix-map=${source_from_build}=)
+# The libraries call their own functions directly: nobody replaces them, and no program looks them up
+# in all libraries when it starts.
+include(CheckLinkerFlag)
+check_linker_flag(CXX LINKER:-Bsymbolic-functions TARVOMIME_HAS_SYMBOLIC_FUNCTIONS)
+if(TARVOMIME_HAS_SYMBOLIC_FUNCTIONS)
+  target_link_options(tarvomime_flags INTERFACE
+    $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,SHARED_LIBRARY>:LINKER:-Bsymbolic-functions>)
+endif()
 if(TARVOMIME_WERROR)
   target_compile_options(tarvomime_flags INTERFACE -Werror)
 endif()
