@@ -5,6 +5,7 @@
 #include "tools/tarvomime/StandardInput.h"
 
 #include <QFile>
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
@@ -16,6 +17,9 @@
 namespace tarvomime::tool {
 
 namespace {
+
+// Below this, mapping and its page faults cost more than a copy, and threads wait for each other's.
+constexpr std::size_t kMostRead = 96 << 10;
 
 std::string problemOf(const struct stat& status, Sizes sizes)
 {
@@ -50,12 +54,12 @@ void InputFile::open(Sizes sizes)
     const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
     const Descriptor descriptor(mPath == "-" ? openStandardInput() : ::open(mPath.c_str(), flags));
     if (descriptor.isOpen())
-        map(descriptor.number(), sizes);
+        load(descriptor.number(), sizes);
     else
         mProblem = std::strerror(errno);
 }
 
-void InputFile::map(int descriptor, Sizes sizes)
+void InputFile::load(int descriptor, Sizes sizes)
 {
     struct stat status;
     if (fstat(descriptor, &status) != 0) {
@@ -65,21 +69,45 @@ void InputFile::map(int descriptor, Sizes sizes)
     mProblem = problemOf(status, sizes);
     if (!mProblem.empty() || status.st_size == 0)
         return;
-    // Zeros follow the file in its last page. A file that fills that page gets another one.
     const auto size = static_cast<std::size_t>(status.st_size);
+    if (size <= kMostRead ? read(descriptor, size) : map(descriptor, size))
+        mSize = status.st_size;
+    else
+        mProblem = std::strerror(errno);
+}
+
+// What the file has lost since its size was asked stays zero.
+bool InputFile::read(int descriptor, std::size_t size)
+{
+    mRead = std::make_unique<char[]>(size + 1);
+    mData = mRead.get();
+    std::size_t done = 0;
+    while (done < size) {
+        const ssize_t count =
+            pread(descriptor, mRead.get() + done, size - done, static_cast<off_t>(done));
+        if (count == 0)
+            break;
+        if (count < 0 && errno != EINTR)
+            return false;
+        done += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+    }
+    return true;
+}
+
+// Zeros follow the file in its last page. A file that fills that page gets another one.
+bool InputFile::map(int descriptor, std::size_t size)
+{
     const bool fills = size % static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) == 0;
     void* room =
         fills ? mmap(nullptr, size + 1, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0) : nullptr;
     void* start = room == MAP_FAILED ? room
                                      : mmap(room, size, PROT_READ,
                                             MAP_PRIVATE | (fills ? MAP_FIXED : 0), descriptor, 0);
-    if (start == MAP_FAILED) {
-        mProblem = std::strerror(errno);
-        return;
-    }
+    if (start == MAP_FAILED)
+        return false;
     mData = static_cast<const char*>(start);
-    mSize = status.st_size;
     mMapped = fills ? size + 1 : size;
+    return true;
 }
 
 QString InputFile::reopenPath() const
@@ -91,7 +119,7 @@ QString InputFile::reopenPath() const
 
 void InputFile::release(qint64 length) const
 {
-    if (length > 0)
+    if (length > 0 && mMapped > 0)
         madvise(const_cast<char*>(mData), static_cast<std::size_t>(length), MADV_DONTNEED);
 }
 

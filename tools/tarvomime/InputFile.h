@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <limits>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -16,7 +17,8 @@ constexpr const char* kTooLongProblem = "is too large (2 GiB or more)";
 /// one text.
 enum class Sizes { Text, OrEmpty, OrTooLong };
 
-/// A whole file, mapped for reading and never changed; "-" is standard input, read to its end.
+/// A whole file, read where it is small and mapped where not, and never changed; "-" is standard
+/// input, read to its end.
 ///
 /// Only regular files open; a FIFO is refused at once instead of being waited for. A NUL follows
 /// the last byte.
@@ -41,19 +43,22 @@ public:
     /// The name by which the library can open this file again to read bodies from it; empty when it
     /// cannot: it opens files for reading and writing, and Qt must be able to spell the name.
     QString reopenPath() const;
-    /// Gives the memory of the mapping's first `length` bytes back; reading them again is possible,
+    /// Gives the memory of a mapping's first `length` bytes back; reading them again is possible,
     /// from the page cache.
     void release(qint64 length) const;
 
 private:
     void open(Sizes sizes);
-    void map(int descriptor, Sizes sizes);
+    void load(int descriptor, Sizes sizes);
+    bool read(int descriptor, std::size_t size);
+    bool map(int descriptor, std::size_t size);
 
     std::string mPath;
     std::string mName;
     std::string mProblem;
     const char* mData = "";
     qint64 mSize = 0;
+    std::unique_ptr<char[]> mRead;
     // How much is mapped: the file and what follows it.
     std::size_t mMapped = 0;
 };
