@@ -8,10 +8,13 @@ namespace tarvomime {
 namespace {
 
 constexpr int kLineLength = 72;
+// RFC 3676 asks for no shorter ones. Lines that somebody else laid out stay whole up to here: their
+// ends do not flow into the next lines, and a word or two would be left alone on most.
+constexpr int kLongestWhole = 78;
 // Deep quotes leave room for a few words.
 constexpr int kShortestLine = 20;
-// Deeper ones, which nobody reads, stay in one line: their marks on each line of many would take the
-// square of the text.
+// Deeper ones, which nobody reads, stay in one line: their marks on each line of many would take
+// the square of the text.
 constexpr int kDeepestWrapped = 100;
 
 QString signatureLine()
@@ -98,9 +101,9 @@ QString stuffed(int depth, const QString& content)
 
 void appendFlowed(const Line& line, QStringList& out)
 {
-    const int length = line.depth > kDeepestWrapped
-                           ? static_cast<int>(line.content.size())
-                           : qMax(kShortestLine, kLineLength - line.depth - 1);
+    const int whole = static_cast<int>(line.content.size());
+    const bool staysWhole = line.depth > kDeepestWrapped || line.depth + 1 + whole <= kLongestWhole;
+    const int length = staysWhole ? whole : qMax(kShortestLine, kLineLength - line.depth - 1);
     int start = 0;
     do {
         const int end = lineEnd(line.content, start, length);

@@ -76,7 +76,7 @@ TEST_P(Flowed, HasShortLines)
     const QString flowed = flowedText(GetParam().text);
     EXPECT_EQ(flowed, GetParam().expected) << GetParam().text.toStdString();
     for (const QString& line : flowed.split('\n'))
-        EXPECT_TRUE(line.size() <= 73 || !line.trimmed().contains(' ')) << line.toStdString();
+        EXPECT_TRUE(line.size() <= 78 || !line.trimmed().contains(' ')) << line.toStdString();
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -85,6 +85,12 @@ INSTANTIATE_TEST_SUITE_P(
                     TextRow{"Long", QString("word ").repeated(20) + "end",
                             QString("word ").repeated(14) + '\n' + QString("word ").repeated(6) +
                                 "end"},
+                    TextRow{"Whole", QString("word ").repeated(15) + "76",
+                            QString("word ").repeated(15) + "76"},
+                    TextRow{"WholeQuote", ">> " + QString("word ").repeated(14) + "78777",
+                            ">> " + QString("word ").repeated(14) + "78777"},
+                    TextRow{"NotWhole", ">> " + QString("word ").repeated(14) + "797877",
+                            ">> " + QString("word ").repeated(13) + "\n>> word 797877"},
                     TextRow{"LongWord", QString(100, 'x'), QString(100, 'x')},
                     TextRow{"LongWordBehind", "a " + QString(100, 'x') + " b",
                             "a \n" + QString(100, 'x') + " \nb"},
