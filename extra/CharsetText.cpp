@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace tarvomime {
 
@@ -19,28 +20,63 @@ namespace {
 // Longer than any name that a codec answers to.
 constexpr int kLongestName = 64;
 
-struct Alias
+struct NamedCodec
 {
     std::string_view name;
     const char* codec;
 };
 
-// Names that mail uses and Qt's codecs do not answer to. Its own codec of ISO-2022-JP stumbles
-// where one piece of Japanese follows another, as it does in every folded subject: ICU's superset
-// does not.
-constexpr std::array<Alias, 11> kAliases = {{
+// Names that mail uses and Qt's codecs do not answer to, and those that it uses most beside the
+// numbered charsets. Qt's own codec of ISO-2022-JP stumbles where one piece of Japanese follows
+// another, as it does in every folded subject: ICU's superset does not.
+constexpr std::array<NamedCodec, 28> kNamedCodecs = {{
+    {"437", "IBM437"},
+    {"big5-hkscs", "big5-hkscs"},
+    {"cp1251", "cp1251"},
+    {"cp1252", "cp1252"},
     {"cp50220", "ISO-2022-JP-2"},
     {"cp50221", "ISO-2022-JP-2"},
     {"cp949", "windows-949"},
-    {"gbk", "GB18030"},
+    {"euc-jp", "euc-jp"},
+    {"euc-kr", "euc-kr"},
+    {"gb18030", "gb18030"},
     {"gb2312", "GB18030"},
     {"gb_2312-80", "GB18030"},
-    {"uhc", "windows-949"},
+    {"gbk", "GB18030"},
     {"iso-2022-jp", "ISO-2022-JP-2"},
+    {"iso-2022-kr", "iso-2022-kr"},
+    {"macintosh", "macintosh"},
+    {"uhc", "windows-949"},
     {"unicode", "UTF-16"},
+    {"windows-1250", "windows-1250"},
+    {"windows-1251", "windows-1251"},
+    {"windows-1252", "windows-1252"},
+    {"windows-1253", "windows-1253"},
+    {"windows-1254", "windows-1254"},
+    {"windows-1255", "windows-1255"},
+    {"windows-1256", "windows-1256"},
+    {"windows-1257", "windows-1257"},
+    {"windows-1258", "windows-1258"},
     {"x-gbk", "GB18030"},
-    {"437", "IBM437"},
 }};
+
+// Asked for once: for Qt to find a codec takes a hundred times as long as to read a name with it.
+template <std::size_t Row>
+QTextCodec* codecOfRow()
+{
+    static QTextCodec* const codec = QTextCodec::codecForName(kNamedCodecs[Row].codec);
+    return codec;
+}
+
+using CodecGetter = QTextCodec* (*)();
+
+template <std::size_t... Rows>
+constexpr std::array<CodecGetter, sizeof...(Rows)> codecGetters(std::index_sequence<Rows...>)
+{
+    return {{&codecOfRow<Rows>...}};
+}
+
+constexpr auto kCodecGetters = codecGetters(std::make_index_sequence<kNamedCodecs.size()>());
 
 std::string_view viewOf(const QByteArray& bytes)
 {
@@ -74,9 +110,11 @@ QTextCodec* codecOfName(const QByteArray& plain)
     if (plain.isEmpty() || plain.size() > kLongestName ||
         !std::all_of(plain.begin(), plain.end(), isNameChar))
         return nullptr;
-    const auto* alias = std::find_if(kAliases.begin(), kAliases.end(),
-                                     [&](const Alias& row) { return row.name == viewOf(plain); });
-    QTextCodec* codec = alias == kAliases.end() ? nullptr : QTextCodec::codecForName(alias->codec);
+    const auto* const row =
+        std::find_if(kNamedCodecs.begin(), kNamedCodecs.end(),
+                     [&](const NamedCodec& named) { return named.name == viewOf(plain); });
+    const auto index = static_cast<std::size_t>(row - kNamedCodecs.begin());
+    QTextCodec* codec = row == kNamedCodecs.end() ? nullptr : kCodecGetters[index]();
     return codec == nullptr && isCodecName(plain) ? QTextCodec::codecForName(plain) : codec;
 }
 

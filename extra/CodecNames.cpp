@@ -10,8 +10,8 @@ namespace tarvomime {
 
 namespace {
 
-// Letters and digits of all names and aliases that Qt's own codecs and those of ICU answer to, each
-// between blanks.
+// Letters and digits of all names and aliases that Qt's own codecs and those of ICU answer to,
+// sorted, each between blanks.
 constexpr std::string_view kNames =
     " 037 1026 1047 1089 1383 273 277 278 280 284 285 297 420 424 437 500 5601 646 775 819 838"
     " 850 851 852 855 857 860 861 862 863 865 866 868 869 871 88591 885913 885915 88592 88593"
@@ -101,18 +101,51 @@ constexpr std::string_view kNames =
     " xwindows874 xwindows950 xwindowsiso2022jp"
     " ";
 
+// The name that `at` lies in, or that ends there.
+constexpr std::string_view nameAround(std::size_t at)
+{
+    const std::size_t start = kNames.rfind(' ', at - 1) + 1;
+    return kNames.substr(start, kNames.find(' ', start) - start);
+}
+
+constexpr bool areSorted()
+{
+    std::string_view before;
+    for (std::size_t end = kNames.find(' ', 1); end != kNames.npos;
+         end = kNames.find(' ', end + 1)) {
+        const std::string_view name = nameAround(end);
+        if (!(before < name))
+            return false;
+        before = name;
+    }
+    return true;
+}
+static_assert(areSorted(), "names are looked for by halves");
+
 } // namespace
 
 bool isCodecName(const QByteArray& name)
 {
-    std::string key = " ";
+    std::string key;
     for (const char c : name) {
         const char lower = asciiLower(c);
         if (isDigit(lower) || (lower >= 'a' && lower <= 'z'))
             key += lower;
     }
-    key += ' ';
-    return key.size() > 2 && kNames.find(key) != kNames.npos;
+    // Blanks that a name stands between, or all of them do.
+    std::size_t low = 0;
+    std::size_t high = kNames.size() - 1;
+    while (low < high) {
+        const std::string_view middle = nameAround(low + (high - low + 1) / 2);
+        if (middle == key)
+            return true;
+        const auto start = static_cast<std::size_t>(middle.data() - kNames.data());
+        if (key < middle)
+            high = start - 1;
+        else
+            low = start + middle.size();
+    }
+    return false;
 }
 
 } // namespace tarvomime

@@ -23,6 +23,14 @@ TEST(CodecNames, AreComparedByLettersAndDigits)
         EXPECT_TRUE(isCodecName(name)) << name;
 }
 
+TEST(CodecNames, AreFoundAtBothEndsOfTheList)
+{
+    for (const char* name : {"037", "1026", "x-windows-950", "x-windows-iso2022jp"})
+        EXPECT_TRUE(isCodecName(name)) << name;
+    for (const char* name : {"0", "036", "x-windows-iso2022jq", "zz"})
+        EXPECT_FALSE(isCodecName(name)) << name;
+}
+
 TEST(CodecNames, AreWhole)
 {
     for (const char* name : {"", "-", "windows", "indows1252", "windows12520", "utf8 utf16",
