@@ -131,6 +131,18 @@ ROWS = [
     ("extract_from_standard_input", "$T extract - --part=1.2 --out - < mixed.eml", "abc", 0),
     ("extract_of_an_mbox", "$T extract archive.mbox --message 2 --all --out new && cat new/*",
      "1  new/part-1.txt\nx\n\nFrom here on\n", 0),
+    # reply and forward
+    ("reply_to_a_message_of_an_mbox", "$T reply archive.mbox --message 2 --from a@b.example "
+     "--text Ja. | $T text - | tail -4", "On Mon, 3 Jun 2024 10:15:00 +0000, Jörn wrote:\n> x\n>\n"
+     "> From here on\n", 0),
+    ("reply_to_an_mbox", "$T reply archive.mbox --from a@b.example",
+     "tarvomime: archive.mbox: holds several messages: --message says which\n", 1),
+    ("reply_to_a_folder", "$T reply sort --from a@b.example",
+     "tarvomime: sort: is a folder, not a file\n", 1),
+    ("reply_keeps_whole_lines", "{ echo 'From: a@b.example'; echo; printf 'word %.0s' $(seq 15); } "
+     "> a.eml; $T reply a.eml --from c@d.example | $T text - | tail -1", "> " + 14 * "word " + "word\n", 0),
+    ("forward_a_message_of_an_mbox", "$T forward archive.mbox --message 2 --attached --from "
+     "a@b.example --to c@d.example | $T text - --part=1.2.1", "x\n\nFrom here on\n", 0),
     # JSON
     ("bytes_that_are_no_text", "$T list --json caf*.eml | jq -c .file",
      '{"base64":"Y2Fm6S5lbWw="}\n', 0),

@@ -12,6 +12,7 @@ class Option;
 namespace tarvomime::tool {
 
 class Session;
+struct MailInputs;
 
 // Each adds one subcommand; parsing a command line that names it runs it in `session`.
 void addHeaders(CLI::App& tool, Session& session);
@@ -41,6 +42,8 @@ CLI::App* addCommand(CLI::App& tool, const std::string& name, const std::string&
 CLI::Option* addFiles(CLI::App& command, std::vector<std::string>& files);
 /// Adds "FILE" (exactly one).
 CLI::Option* addFile(CLI::App& command, std::string& file);
+/// Adds "FILE" (exactly one) and "--message NUMBER", for the one message of it.
+void addMessage(CLI::App& command, MailInputs& inputs);
 /// Adds "--out FILE"; standard output without it.
 CLI::Option* addOut(CLI::App& command, std::string& out);
 /// Adds "--json".

@@ -16,7 +16,7 @@ namespace {
 
 struct ForwardCommand
 {
-    std::string file;
+    MailInputs original;
     Envelope envelope;
     BodyOptions body;
     bool attached = false;
@@ -38,16 +38,16 @@ bool addInside(const Original& original, NewBody& body, Session& session)
 void attachWhole(const Original& original, NewBody& body)
 {
     EMAIL_MultiPart part;
-    attachMessage(QByteArray(original.file().data(), original.file().size()), part);
+    attachMessage(original.bytes(), part);
     body.attachments.prepend(part);
 }
 
 void forward(const ForwardCommand& command, Session& session)
 {
     requireRecipient(command.envelope);
-    const Original original(command.file);
+    const Original original(command.original, session);
     NewBody body;
-    if (!original.isOpen(session) || !readBody(command.body, body, session))
+    if (!original.isOpen() || !readBody(command.body, body, session))
         return;
     if (command.attached)
         attachWhole(original, body);
@@ -59,7 +59,7 @@ void forward(const ForwardCommand& command, Session& session)
     options.from = senderOf(command.envelope);
     const Result<void> started = startForward(original.header(), options, message);
     if (!started) {
-        session.complain(command.file, started.reason().toStdString());
+        session.complain(original.name(), started.reason().toStdString());
         return;
     }
     applyRecipients(command.envelope, message);
@@ -80,7 +80,7 @@ void addForward(CLI::App& tool, Session& session)
         "Example:\n"
         "  tarvomime forward mail.eml --from mira@a.example --to joern@b.example --out fwd.eml\n"
         "  tarvomime forward mail.eml --attached --from mira@a.example --to joern@b.example");
-    addFile(*command, options->file);
+    addMessage(*command, options->original);
     addEnvelope(*command, options->envelope);
     addRecipients(*command, options->envelope);
     command->add_flag("--attached", options->attached, "Attach the message as it is");

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "extra/MessageContent.h"
-#include "tools/tarvomime/InputFile.h"
+#include "tools/tarvomime/MailSource.h"
 #include "utility/EMAIL_MIME.h"
 
 namespace tarvomime::tool {
@@ -13,18 +13,24 @@ class Session;
 class Original
 {
 public:
-    explicit Original(const std::string& path);
+    /// The one message that `inputs` lead to.
+    Original(const MailInputs& inputs, Session& session);
 
-    /// False after a complaint about the file.
-    bool isOpen(Session& session) const;
+    /// False after a complaint.
+    bool isOpen() const { return mPlace.file != nullptr; }
+    std::string name() const { return mPlace.name(); }
     const EMAIL_Header& header() const { return *mMessage.getHeader(); }
     const MessageContent& content() const { return mContent; }
-    const InputFile& file() const { return mFile; }
+    /// All of it, as it was before an mbox took it in.
+    const QByteArray& bytes() const { return mBytes; }
     /// The text to quote. False after a complaint.
     bool readText(QString& text, Session& session) const;
 
 private:
-    InputFile mFile;
+    bool findPlace(const MailInputs& inputs, Session& session);
+
+    MailPlace mPlace;
+    QByteArray mBytes;
     EMAIL_MIME mMessage;
     MessageContent mContent;
 };

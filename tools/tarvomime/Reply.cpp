@@ -22,7 +22,7 @@ namespace {
 
 struct ReplyCommand
 {
-    std::string file;
+    MailInputs original;
     Envelope envelope;
     BodyOptions body;
     std::vector<std::string> own;
@@ -73,23 +73,23 @@ bool address(const ReplyCommand& command, const Original& original, EMAIL_MIME& 
 {
     const Result<void> started = startReply(original.header(), replyOptions(command), reply);
     if (!started) {
-        session.complain(command.file, started.reason().toStdString());
+        session.complain(original.name(), started.reason().toStdString());
         return false;
     }
     applyAdditions(command.envelope, reply);
     const bool hasReader = reply.getHeader()->getField("Cc") != nullptr ||
                            !readAddressList(*reply.getHeader(), "To").isEmpty();
     if (!hasReader)
-        session.complain(command.file, "names nobody who could be answered");
+        session.complain(original.name(), "names nobody who could be answered");
     return hasReader;
 }
 
 void reply(const ReplyCommand& command, Session& session)
 {
-    const Original original(command.file);
+    const Original original(command.original, session);
     NewBody body;
     body.text = "";
-    if (!original.isOpen(session) || !readBody(command.body, body, session) ||
+    if (!original.isOpen() || !readBody(command.body, body, session) ||
         !(command.noQuote || addQuote(original, body.text, session)))
         return;
     EMAIL_MIME message;
@@ -114,7 +114,7 @@ void addReply(CLI::App& tool, Session& session)
         "  tarvomime reply mail.eml --from mira@a.example --text 'Gern!' --out reply.eml\n"
         "  tarvomime reply mail.eml --all --from mira@a.example --own mo@b.example \\\n"
         "    --text - <answer.txt >reply.eml");
-    addFile(*command, options->file);
+    addMessage(*command, options->original);
     addEnvelope(*command, options->envelope);
     CLI::Option* all =
         command->add_flag("--all", options->toAll, "Answer to all who got the message too");

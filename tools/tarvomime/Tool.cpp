@@ -4,6 +4,7 @@
 #include "tools/tarvomime/CharsetNames.h"
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/Complete.h"
+#include "tools/tarvomime/MailInputs.h"
 #include "tools/tarvomime/NearestName.h"
 #include "tools/tarvomime/Process.h"
 #include "tools/tarvomime/Session.h"
@@ -15,6 +16,7 @@
 #include <cstdio>
 #include <cstring>
 #include <iostream>
+#include <limits>
 #include <sstream>
 
 namespace tarvomime::tool {
@@ -170,6 +172,17 @@ CLI::Option* addFiles(CLI::App& command, std::vector<std::string>& files)
 CLI::Option* addFile(CLI::App& command, std::string& file)
 {
     return command.add_option("FILE", file, "Message file")->required()->type_name("");
+}
+
+void addMessage(CLI::App& command, MailInputs& inputs)
+{
+    command.add_option("FILE", inputs.paths, "The message, or the mbox that holds it")
+        ->required()
+        ->type_name("")
+        ->expected(1);
+    command.add_option("--message", inputs.number, "Only this message of an mbox, counted from 1")
+        ->type_name("NUMBER")
+        ->check(CLI::Range(qint64(1), std::numeric_limits<qint64>::max()));
 }
 
 CLI::Option* addOut(CLI::App& command, std::string& out)
