@@ -53,6 +53,21 @@ bool isQuoted(std::string_view line, MboxQuoting quoting)
     return enough && line.compare(marks, kSeparator.size(), kSeparator) == 0;
 }
 
+// Where the next quoted line begins; behind the end where there is none.
+std::size_t quotedLine(std::string_view bytes, std::size_t from, MboxQuoting quoting)
+{
+    if (quoting == MboxQuoting::None)
+        return bytes.npos;
+    std::size_t at = bytes.find('>', from);
+    while (at < bytes.size()) {
+        const bool startsLine = at == 0 || bytes[at - 1] == '\n';
+        if (startsLine && isQuoted(bytes.substr(at), quoting))
+            return at;
+        at = bytes.find('>', at + 1);
+    }
+    return at;
+}
+
 } // namespace
 
 MboxReader::MboxReader(QIODevice& device, bool believeLengths)
@@ -211,19 +226,19 @@ bool MboxReader::next(MboxMessage& message)
 
 QByteArray unquotedMboxMessage(const QByteArray& stored, MboxQuoting quoting)
 {
-    if (quoting == MboxQuoting::None)
-        return stored;
     const std::string_view bytes = viewOf(stored);
     QByteArray restored;
-    restored.reserve(int(bytes.size()));
-    std::size_t at = 0;
-    while (at < bytes.size()) {
-        const std::size_t end = std::min(bytes.find('\n', at), bytes.size() - 1) + 1;
-        const std::size_t skipped = isQuoted(bytes.substr(at, end - at), quoting) ? 1 : 0;
-        restored.append(bytes.data() + at + skipped, int(end - at - skipped));
-        at = end;
+    std::size_t done = 0;
+    for (std::size_t at = quotedLine(bytes, 0, quoting); at < bytes.size();
+         at = quotedLine(bytes, done, quoting)) {
+        if (done == 0)
+            restored.reserve(stored.size());
+        restored.append(bytes.data() + done, int(at - done));
+        done = at + 1;
     }
-    return restored;
+    if (done == 0)
+        return stored;
+    return restored.append(bytes.data() + done, int(bytes.size() - done));
 }
 
 Result<QByteArray> readMboxMessage(QIODevice& device, const MboxMessage& message,

@@ -90,6 +90,7 @@ private:
 };
 
 /// The bytes of a message as they were before they were stored: quoted "From " lines are restored.
+/// Where there are none, they are the same bytes, not a copy.
 TARVOMIME_EXTRA_EXPORT QByteArray unquotedMboxMessage(const QByteArray& stored,
                                                       MboxQuoting quoting);
 

@@ -159,8 +159,19 @@ INSTANTIATE_TEST_SUITE_P(
         QuotingRow{"Twice", ">>From a\n", ">>From a\n", ">>From a\n", ">From a\n"},
         QuotingRow{"AtTheEnd", "x\n>From a", "x\n>From a", "x\nFrom a", "x\nFrom a"},
         QuotingRow{"InALine", "x >From a\n", "x >From a\n", "x >From a\n", "x >From a\n"},
+        QuotingRow{"Several", ">From a\n>\nb\n>>From c\n> From d\n>From e",
+                   ">From a\n>\nb\n>>From c\n> From d\n>From e",
+                   "From a\n>\nb\n>>From c\n> From d\nFrom e",
+                   "From a\n>\nb\n>From c\n> From d\nFrom e"},
         QuotingRow{"AnotherWord", ">Frome a\n", ">Frome a\n", ">Frome a\n", ">Frome a\n"}),
     [](const auto& row) { return std::string(row.param.name); });
+
+TEST(MboxWithoutQuotes, IsNotCopied)
+{
+    const QByteArray stored("a\n> From b\n");
+    EXPECT_EQ(unquotedMboxMessage(stored, MboxQuoting::QuotedFromLines).constData(),
+              stored.constData());
+}
 
 TEST(MboxAboveTwoGigabytes, IsCut)
 {

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
 """The command lines of the documents, run as they stand there: documented.py TOOL README MANPAGE
 
-Those of the README, of the man page and of every command's help run in a folder that holds the files
-they name. Each must succeed and complain of nothing; the pipelines below must stand in both documents,
-and print what is said here.
+Those of the README, of the man page and of every command's help run in a folder that holds the
+files they name. Each must succeed and complain of nothing; the pipelines below must stand in both
+documents, and print what is said here.
 """
 import os
 import pathlib
@@ -30,7 +30,7 @@ FILES = {
     "archive.mbox": "\n".join([SEPARATOR + MAIL] * 3),
     "home/Maildir/cur/1.a:2,S": MAIL,
     "home/Maildir/new/2.b": "Subject: without\n\ntext\n",
-    "invitation.eml": "Content-Type: text/calendar; method=REQUEST\n\n" + CALENDAR.format("REQUEST"),
+    "invitation.eml": "Content-Type: text/calendar\n\n" + CALENDAR.format("REQUEST"),
     "meeting.ics": CALENDAR.format("REQUEST"),
     "off.ics": CALENDAR.format("CANCEL"),
     "letter.html": '<p>A letter with <img src="cid:map.png">',

@@ -2,9 +2,9 @@
 """Real mail in three locales, on a terminal and in a pipe: locales.py TOOL CORPUS
 
 One in seven messages of the corpus, or with TARVOMIME_WHOLE_CORPUS=1 every one, goes through every
-command that reads messages, in the C locale, in one of UTF-8 and in one of 8 bits. Exit statuses are
-the documented ones, no sanitizer speaks up, and no control character reaches the terminal. Without
-corpus the test skips; without locale sources it does without the third locale.
+command that reads messages, in the C locale, in one of UTF-8 and in one of 8 bits. Exit statuses
+are the documented ones, no sanitizer speaks up, and no control character reaches the terminal.
+Without corpus the test skips; without locale sources it does without the third locale.
 """
 import os
 import pathlib

@@ -140,7 +140,8 @@ ROWS = [
     ("reply_to_a_folder", "$T reply sort --from a@b.example",
      "tarvomime: sort: is a folder, not a file\n", 1),
     ("reply_keeps_whole_lines", "{ echo 'From: a@b.example'; echo; printf 'word %.0s' $(seq 15); } "
-     "> a.eml; $T reply a.eml --from c@d.example | $T text - | tail -1", "> " + 14 * "word " + "word\n", 0),
+     "> a.eml; $T reply a.eml --from c@d.example | $T text - | tail -1",
+     "> " + 14 * "word " + "word\n", 0),
     ("forward_a_message_of_an_mbox", "$T forward archive.mbox --message 2 --attached --from "
      "a@b.example --to c@d.example | $T text - --part=1.2.1", "x\n\nFrom here on\n", 0),
     # JSON
@@ -168,10 +169,12 @@ LARGE = ("{ head -c 60 archive.mbox; echo; echo; } > large.mbox; truncate -s 2G 
          "{ echo; echo; cat archive.mbox; } >> large.mbox; ")
 LARGE_PROBLEM = "tarvomime: large.mbox, message 1: is too large (2 GiB or more)\n"
 ROWS_OF_64_BITS = [
-    ("mbox_beyond_2_gib", LARGE + "$T list --jobs 1 --json large.mbox | jq -c '[.subject, .offset]'",
+    ("mbox_beyond_2_gib",
+     LARGE + "$T list --jobs 1 --json large.mbox | jq -c '[.subject, .offset]'",
      LARGE_PROBLEM + f'["one",{(1 << 31) + 36}]\n["two",{(1 << 31) + 2 + SECOND}]\n'
      f'["three",{(1 << 31) + 2 + THIRD}]\n', 0),
-    ("message_by_a_byte_beyond_2_gib", LARGE + f"$T extract --part=1 --out - large.mbox --offset {(1 << 31) + 2 + SECOND}",
+    ("message_by_a_byte_beyond_2_gib", LARGE +
+     f"$T extract --part=1 --out - large.mbox --offset {(1 << 31) + 2 + SECOND}",
      "x\n\nFrom here on\n", 0),
     ("file_of_2_gib", "truncate -s 2G large; $T list large",
      "tarvomime: large: is too large (2 GiB or more)\n", 1),
