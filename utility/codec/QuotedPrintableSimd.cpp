@@ -16,6 +16,8 @@
 
 #if TARVOMIME_HAS_VECTORS
 
+#include "utility/codec/QuotedPrintableFour-inl.h"
+#include "utility/codec/QuotedPrintableUnits-inl.h"
 #include "utility/codec/QuotedPrintableVectors-inl.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -165,36 +167,6 @@ Stretch encodeLines(const std::uint8_t* in, std::size_t length, std::uint8_t* ou
     }
 }
 
-// The bytes of a vector that a unit of two or three bytes takes, told by looking back: what "=" has
-// begun is known at its last byte.
-template <class D>
-struct UnitMarks
-{
-    ByteMask<D> dropped;
-    // The last bytes of escapes, and what they stand for.
-    ByteMask<D> escapeEnds;
-    Bytes<D> values;
-    // Where the plain walk has to look: behind a "=" that begins no unit, and at a NUL, of which it
-    // knows whether it ends the text.
-    ByteMask<D> odd;
-};
-
-// `before` and `twoBefore` hold what stands one and two bytes in front of `bytes`.
-template <class D>
-HWY_INLINE UnitMarks<D> markUnits(D d, Bytes<D> bytes, Bytes<D> before, Bytes<D> twoBefore)
-{
-    const auto equals = hn::Set(d, '=');
-    const auto lineFeed = hn::Set(d, '\n');
-    // "=" LF has ended with the byte before.
-    const auto ends = hn::AndNot(hn::Eq(before, lineFeed), hn::Eq(twoBefore, equals));
-    const auto longBreaks = hn::And(hn::Eq(before, hn::Set(d, '\r')), hn::Eq(bytes, lineFeed));
-    const auto digits = hexPair(d, before, bytes);
-    const auto regular = hn::Or(longBreaks, digits.valid);
-    const auto begun = hn::Or(hn::Eq(bytes, equals), hn::Eq(before, equals));
-    return {hn::Or(begun, hn::And(ends, longBreaks)), ends, digits.value,
-            hn::Or(hn::Eq(bytes, hn::Zero(d)), hn::AndNot(regular, ends))};
-}
-
 // Whether no unit begins or ends here.
 template <class D>
 HWY_INLINE bool isPlain(D d, Bytes<D> bytes, Bytes<D> before, Bytes<D> twoBefore)
@@ -206,7 +178,8 @@ HWY_INLINE bool isPlain(D d, Bytes<D> bytes, Bytes<D> before, Bytes<D> twoBefore
 }
 
 // Decodes the vector at `in`, which has two bytes of the text in front, or any but "=". Returns how
-// far it was taken: all of it, or up to something odd.
+// far it was taken: all of it, or up to something odd: what is irregular, or a NUL, of which the
+// plain walk knows whether it ends the text.
 template <class D>
 HWY_INLINE std::size_t decodeVector(D d, const std::uint8_t* in, std::uint8_t*& out)
 {
@@ -221,9 +194,9 @@ HWY_INLINE std::size_t decodeVector(D d, const std::uint8_t* in, std::uint8_t*& 
         return kVector;
     }
     const UnitMarks<D> marks = markUnits(d, bytes, before, twoBefore);
-    const std::size_t taken = hn::AllFalse(d, marks.odd)
-                                  ? kVector
-                                  : static_cast<std::size_t>(hn::FindFirstTrue(d, marks.odd));
+    const auto odd = hn::Or(hn::Eq(bytes, hn::Zero(d)), marks.irregular);
+    const std::size_t taken =
+        hn::AllFalse(d, odd) ? kVector : static_cast<std::size_t>(hn::FindFirstTrue(d, odd));
     const auto decoded = hn::IfThenElse(marks.escapeEnds, marks.values, bytes);
     out += compact(d, decoded, ~bitsOf(d, marks.dropped) & lowBits(taken), out);
     return taken;
@@ -254,6 +227,8 @@ Stretch decodeRun(const std::uint8_t* in, std::size_t length, std::uint8_t* out,
         read += taken;
         if (taken < kVector)
             break;
+        const std::size_t left = room - static_cast<std::size_t>(next - out);
+        read += decodeFours(in + read, std::min(length - read, left), next);
         from = in + read;
     }
     return {read - begunUnit(in, read), static_cast<std::size_t>(next - out)};

@@ -24,9 +24,6 @@ namespace tarvomime {
 namespace HWY_NAMESPACE {
 namespace {
 
-template <class D>
-using ByteMask = decltype(hn::Eq(Bytes<D>(), Bytes<D>()));
-
 /// One bit for each byte, the first byte's lowest.
 template <class D>
 HWY_INLINE std::uint64_t bitsOf(D d, ByteMask<D> mask)
@@ -64,60 +61,6 @@ HWY_INLINE Bytes<D> lowerDigit(D d, Bytes<D> bytes)
     const auto table = hn::LoadDup128(d, rawBytes(kHexDigits.data()));
     return hn::TableLookupBytes(table, hn::And(bytes, hn::Set(d, 0x0F)));
 }
-
-/// What two hexadecimal digits of either case stand for, and where both are digits.
-template <class D>
-struct HexPair
-{
-    Bytes<D> value;
-    ByteMask<D> valid;
-};
-
-#if TARVOMIME_HAS_VBMI
-
-/// The value of each byte below 0x80; 0x80 for what is no digit.
-constexpr std::array<std::uint8_t, 128> makeNibbles()
-{
-    std::array<std::uint8_t, 128> nibbles{};
-    for (std::size_t byte = 0; byte < nibbles.size(); ++byte)
-        nibbles[byte] = kQpHexValues[byte] < 16 ? kQpHexValues[byte] : 0x80;
-    return nibbles;
-}
-
-alignas(64) constexpr std::array<std::uint8_t, 128> kNibbles = makeNibbles();
-
-template <class D>
-HWY_INLINE HexPair<D> hexPair(D d, Bytes<D> first, Bytes<D> second)
-{
-    const auto high = lookUp128(d, kNibbles, first);
-    const auto low = lookUp128(d, kNibbles, second);
-    // Bytes from 0x80 on have found the entry of another byte.
-    const auto marks = hn::Or3(hn::Or(high, low), first, second);
-    return {hn::Or(hn::ShiftLeft<4>(high), low), hn::Lt(marks, hn::Set(d, 0x80))};
-}
-
-#else
-
-template <class D>
-HWY_INLINE HexPair<D> hexDigit(D d, Bytes<D> bytes)
-{
-    const auto number = hn::Sub(bytes, hn::Set(d, '0'));
-    const auto letter = hn::Sub(hn::Or(bytes, hn::Set(d, 0x20)), hn::Set(d, 'a'));
-    const auto isNumber = hn::Lt(number, hn::Set(d, 10));
-    const auto isLetter = hn::Lt(letter, hn::Set(d, 6));
-    return {hn::IfThenElse(isNumber, number, hn::Add(letter, hn::Set(d, 10))),
-            hn::Or(isNumber, isLetter)};
-}
-
-template <class D>
-HWY_INLINE HexPair<D> hexPair(D d, Bytes<D> first, Bytes<D> second)
-{
-    const auto high = hexDigit(d, first);
-    const auto low = hexDigit(d, second);
-    return {hn::Or(hn::ShiftLeft<4>(high.value), low.value), hn::And(high.valid, low.valid)};
-}
-
-#endif
 
 // Processors with AVX-512 VBMI2 drop any of 64 bytes in one step. The others do it for 8 bytes by a
 // table.

@@ -27,6 +27,8 @@ using Wide = hn::CappedTag<std::uint8_t, HWY_ARCH_X86 ? 64 : 16>;
 
 template <class D>
 using Bytes = hn::VFromD<D>;
+template <class D>
+using ByteMask = decltype(hn::Eq(Bytes<D>(), Bytes<D>()));
 
 } // namespace
 } // namespace HWY_NAMESPACE
