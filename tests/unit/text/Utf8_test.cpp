@@ -16,15 +16,15 @@ void expectAsTheStringWrites(const QString& text)
 
 } // namespace
 
-TEST(Utf8, EveryCharacterAloneAndInARow)
+// Beyond the alphabets one in 61: characters of one length are written alike.
+TEST(Utf8, CharactersAloneAndInARow)
 {
-    for (char32_t code = 0; code < 0x110000 && !HasFailure(); ++code) {
+    for (char32_t code = 0; code < 0x110000 && !HasFailure(); code += code < 0x1000 ? 1 : 61) {
         const QString character = code >= 0xD800 && code < 0xE000
                                       ? QString(QChar(static_cast<ushort>(code)))
                                       : QString::fromUcs4(&code, 1);
         expectAsTheStringWrites(character);
-        if (code < 0x1000 || code % 0x100 < 2)
-            expectAsTheStringWrites("a" + character + character + QChar(0x7FF) + character);
+        expectAsTheStringWrites("a" + character + character + QChar(0x7FF) + character);
     }
 }
 
