@@ -114,7 +114,7 @@ def failures_in(shell, tool, scripts):
 
 
 def main(tool, scripts):
-    signal.alarm(120)
+    signal.alarm(600)
     failures = []
     present = [shell for shell in SHELLS if shutil.which(shell)]
     for shell in SHELLS:
