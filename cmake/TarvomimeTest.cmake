@@ -38,7 +38,8 @@ function(tarvomime_runnable target result)
   set(${result} ${path} PARENT_SCOPE)
 endfunction()
 
-function(tarvomime_register_test name)
+# What all test programs are compiled with: with equal flags they can share one precompiled header.
+function(tarvomime_compile_as_test name)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE tarvomime_flags GTest::gmock GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE
@@ -47,8 +48,13 @@ function(tarvomime_register_test name)
   if(CMAKE_CROSSCOMPILING_EMULATOR)
     target_compile_definitions(${name} PRIVATE TARVOMIME_EMULATED)
   endif()
-  # Test code is compiled far more often than it runs: heavy optimisation would only cost time.
-  target_compile_options(${name} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-O1>)
-  target_precompile_headers(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/Precompiled.h)
+  # Test code is compiled far more often than it runs: optimising it would only cost time, with sanitizers
+  # most of all. What is tested is compiled as the preset says. Debian's hardening wants optimised code.
+  target_compile_options(${name} PRIVATE -O0 -U_FORTIFY_SOURCE)
+endfunction()
+
+function(tarvomime_register_test name)
+  tarvomime_compile_as_test(${name})
+  target_precompile_headers(${name} REUSE_FROM tarvomime_test_headers)
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
 endfunction()

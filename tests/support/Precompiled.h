@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// What nearly every test needs, compiled once per test program.
+// What nearly every test needs, compiled once for all test programs.
 #include "tests/support/Printers.h"
 
 #include <QByteArray>
