@@ -33,6 +33,9 @@ SHELLS = {
             "fpath=($SCRIPTS $fpath); autoload -Uz compinit; compinit -u -D"),
 }
 
+# The begin of a part's number that only one part has.
+BEGUN = "1.1."
+
 # Name, what is typed, and what the line becomes.
 COMPLETED = [
     ("command", "tarvomime forw\t", "<forward>"),
@@ -42,10 +45,10 @@ COMPLETED = [
     ("charset", "tarvomime text a.eml --charset koi\t", "<text><a.eml><--charset><koi8-u>"),
     ("charset_behind_equals", "tarvomime text --charset=koi\t", "<text><--charset=koi8-u>"),
     ("choice", "tarvomime tree --color alw\t", "<tree><--color><always>"),
-    ("part", "tarvomime extract a.eml --part 1.1.\t", "<extract><a.eml><--part><1.1.1>"),
-    ("part_behind_equals", "tarvomime extract a.eml --part=1.1.\t",
+    ("part", f"tarvomime extract a.eml --part {BEGUN}\t", "<extract><a.eml><--part><1.1.1>"),
+    ("part_behind_equals", f"tarvomime extract a.eml --part={BEGUN}\t",
      "<extract><a.eml><--part=1.1.1>"),
-    ("part_of_a_spaced_name", "tarvomime extract two\\ words.eml --part 1.1.\t",
+    ("part_of_a_spaced_name", f"tarvomime extract two\\ words.eml --part {BEGUN}\t",
      "<extract><two words.eml><--part><1.1.1>"),
     ("file", "tarvomime show two\t", "<show><two words.eml>"),
 ]
