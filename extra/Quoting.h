@@ -18,9 +18,9 @@ TARVOMIME_EXTRA_EXPORT QString quotedText(const QString& text);
 TARVOMIME_EXTRA_EXPORT QString textFromFlowed(const QString& text, bool delSp = false);
 
 /// The text as format=flowed: lines of at most 72 characters where there are blanks to end them at
-/// (one of up to 78 stays whole), quotes and the signature's line kept. `textFromFlowed` makes the paragraphs of it again.
-/// Quotes of more than a hundred marks stay in one line, so that the text does not outgrow its
-/// bytes.
+/// (one of up to 78 stays whole), quotes and the signature's line kept. `textFromFlowed` makes the
+/// paragraphs of it again. Quotes of more than a hundred marks stay in one line, so that the text
+/// does not outgrow its bytes.
 TARVOMIME_EXTRA_EXPORT QString flowedText(const QString& text);
 
 } // namespace tarvomime

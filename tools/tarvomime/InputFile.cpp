@@ -70,13 +70,12 @@ void InputFile::load(int descriptor, Sizes sizes)
     if (!mProblem.empty() || status.st_size == 0)
         return;
     const auto size = static_cast<std::size_t>(status.st_size);
-    if (size <= kMostRead ? read(descriptor, size) : map(descriptor, size))
-        mSize = status.st_size;
-    else
+    const bool isLoaded = size <= kMostRead ? read(descriptor, size) : map(descriptor, size);
+    if (!isLoaded)
         mProblem = std::strerror(errno);
 }
 
-// What the file has lost since its size was asked stays zero.
+// The file may have lost something since its size was asked.
 bool InputFile::read(int descriptor, std::size_t size)
 {
     mRead = std::make_unique<char[]>(size + 1);
@@ -91,6 +90,7 @@ bool InputFile::read(int descriptor, std::size_t size)
             return false;
         done += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
     }
+    mSize = static_cast<qint64>(done);
     return true;
 }
 
@@ -107,6 +107,7 @@ bool InputFile::map(int descriptor, std::size_t size)
         return false;
     mData = static_cast<const char*>(start);
     mMapped = fills ? size + 1 : size;
+    mSize = static_cast<qint64>(size);
     return true;
 }
 
