@@ -35,7 +35,8 @@ def size_of(name):
 
 def print_codecs(rows):
     rates = {tuple(row["run_name"].split("/")): rate(row) for row in rows}
-    copies = {size: value for (job, _, size, _), value in rates.items() if job == "copy"}
+    copies = {size: value for (job, _, size, library), value in rates.items()
+              if (job, library) == ("copy", "memcpy")}
     print(f"{'job':<24}{'input':<9}{'size':<7}{'library':<22}{'GB/s':>9}"
           f"{'of memcpy':>11}{'ours / it':>11}")
     # The runs come interleaved: back to one block for each job, the fastest first.

@@ -24,13 +24,15 @@ struct Findings
     bool operator==(const Findings&) const = default;
 };
 
-enum class Job { Parse, ParseFile, Save, Build, Decode, Encode };
+enum class Job { Parse, ParseInPlace, ParseFile, Save, Build, Decode, Encode };
 /// What a library cannot do is left out.
 bool canDo(Job job);
 
 /// Parses the message, reads From, To, Subject, Date, the Content-Type and the name of every part,
 /// decodes words, and frees all of it.
 Findings parseAndRead(const std::string& text);
+/// The same out of the caller's bytes, where a library otherwise copies them first.
+Findings parseInPlace(const std::string& text);
 /// The same from a file.
 Findings parseFile(const std::string& path);
 /// Writes the decoded bytes of the second part of the message in `path` to the file `to`.

@@ -180,7 +180,7 @@ bool copy(istream* from, std::ofstream& to)
 
 bool canDo(Job job)
 {
-    return isReady && job != Job::Build && job != Job::Encode;
+    return isReady && job != Job::Build && job != Job::Encode && job != Job::ParseInPlace;
 }
 
 Findings parseAndRead(const std::string& text)

@@ -74,7 +74,7 @@ Owned<GMimeStream> openFile(const std::string& path, const char* mode)
 
 bool canDo(Job job)
 {
-    return isReady && job != Job::Build;
+    return isReady && job != Job::Build && job != Job::ParseInPlace;
 }
 
 Findings parseAndRead(const std::string& text)

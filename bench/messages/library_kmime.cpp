@@ -61,9 +61,9 @@ QByteArray asBytes(const std::string& text)
 
 } // namespace
 
-bool canDo(Job)
+bool canDo(Job job)
 {
-    return true;
+    return job != Job::ParseInPlace;
 }
 
 Findings parseAndRead(const std::string& text)

@@ -152,7 +152,7 @@ mailmime* newAttachment(const std::string& bytes)
 
 bool canDo(Job job)
 {
-    return job != Job::Encode;
+    return job != Job::Encode && job != Job::ParseInPlace;
 }
 
 Findings parseAndRead(const std::string& text)

@@ -53,7 +53,7 @@ Findings readAll(const mimetic::MimeEntity& message)
 
 bool canDo(Job job)
 {
-    return job != Job::Decode && job != Job::Encode;
+    return job != Job::Decode && job != Job::Encode && job != Job::ParseInPlace;
 }
 
 Findings parseAndRead(const std::string& text)

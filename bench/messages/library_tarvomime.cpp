@@ -85,6 +85,15 @@ Findings parseAndRead(const std::string& text)
     return readAll(message);
 }
 
+Findings parseInPlace(const std::string& text)
+{
+    EMAIL_MIME message;
+    message.mMessage = new EMAIL_Message(
+        QCString::fromRawData(text.data(), static_cast<int>(text.size())), nullptr);
+    message.mMessage->parse();
+    return readAll(message);
+}
+
 Findings parseFile(const std::string& path)
 {
     EMAIL_MIME message;

@@ -69,7 +69,7 @@ Findings readAll(const vmime::shared_ptr<vmime::message>& message)
 
 bool canDo(Job job)
 {
-    return isReady && job != Job::Build && job != Job::Encode;
+    return isReady && job != Job::Build && job != Job::Encode && job != Job::ParseInPlace;
 }
 
 Findings parseAndRead(const std::string& text)

@@ -2,6 +2,8 @@
 #include "bench/codecs/Jobs.h"
 #include "utility/EMAIL_Util.h"
 
+#include <vector>
+
 namespace bench {
 
 namespace {
@@ -55,11 +57,38 @@ std::size_t decodeBody(const std::string& in)
     return size(out);
 }
 
+// Room that a caller keeps, so that no page is new: the codec alone.
+char* keptRoom(qint64 size)
+{
+    static std::vector<char> room;
+    if (room.size() < static_cast<std::size_t>(size))
+        room.resize(static_cast<std::size_t>(size));
+    return room.data();
+}
+
+std::size_t encodeQpToRoom(const std::string& in)
+{
+    const qint64 room = EMAIL_Util::encQpRoom(in.size(), 1);
+    return static_cast<std::size_t>(EMAIL_Util::encQpTo(in.data(), in.size(), 1, keptRoom(room),
+                                                        static_cast<unsigned long>(room)));
+}
+
+std::size_t decodeQpToRoom(const std::string& in)
+{
+    const qint64 room = EMAIL_Util::decQpRoom(in.size());
+    return static_cast<std::size_t>(EMAIL_Util::decQpTo(in.data(), in.size(), keptRoom(room),
+                                                        static_cast<unsigned long>(room)));
+}
+
 constexpr const char* kBodyName = "tarvomime-body";
+constexpr const char* kRoomName = "tarvomime-room";
 
 const bool addedBodies = addWork(kBodyName, Job::DecodeBase64, decodeBody<CTE_BASE64>) &&
                          addWork(kBodyName, Job::DecodeBase64Unbroken, decodeBody<CTE_BASE64>) &&
                          addWork(kBodyName, Job::DecodeQp, decodeBody<CTE_QUOTED_PRINTABLE>);
+
+const bool addedRooms = addWork(kRoomName, Job::EncodeQp, encodeQpToRoom) &&
+                        addWork(kRoomName, Job::DecodeQp, decodeQpToRoom);
 
 const bool added = addWork(kName, Job::EncodeBase64, encodeBase64) &&
                    addWork(kName, Job::EncodeBase64Unbroken, encodeBase64Unbroken) &&
