@@ -114,7 +114,7 @@ MessageContent ContentWalk::run(const EMAIL_Entity& message)
 void ContentWalk::visit(const Pending& next)
 {
     const int index = int(mContent.parts.size());
-    const QByteArray type = mediaTypeOf(*next.entity);
+    const QByteArray type = typeNameOf(*next.entity);
     mContent.parts.append(ContentPart{next.entity, next.parent, next.ordinal, next.message,
                                       PartRole::Attachment, type, contentIdOf(*next.entity)});
     enterWrapper(next, index);

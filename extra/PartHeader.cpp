@@ -10,7 +10,7 @@
 
 namespace tarvomime {
 
-QByteArray mediaTypeOf(const EMAIL_Entity& entity)
+QByteArray typeNameOf(const EMAIL_Entity& entity)
 {
     const EMAIL_ContentType* type = entity.mHeader->getContentType();
     if (type == nullptr || type->mType.isEmpty())

@@ -8,7 +8,7 @@ class EMAIL_Entity;
 namespace tarvomime {
 
 /// "type/subtype" in lower case; "text/plain" for a part that does not say.
-QByteArray mediaTypeOf(const EMAIL_Entity& entity);
+QByteArray typeNameOf(const EMAIL_Entity& entity);
 
 /// A parameter of Content-Type, in plain ASCII; empty without one.
 QByteArray typeParameter(const EMAIL_Entity& entity, const char* name);

@@ -34,7 +34,7 @@ TEST_P(PartHeader, IsRead)
     const PartRow& row = GetParam();
     EMAIL_Message message(QCString(row.header) + "\r\nbody\r\n", nullptr);
     message.parse();
-    EXPECT_EQ(tarvomime::mediaTypeOf(message), row.mediaType);
+    EXPECT_EQ(tarvomime::typeNameOf(message), row.mediaType);
     EXPECT_EQ(tarvomime::typeParameter(message, "charset"), row.charset);
     EXPECT_EQ(tarvomime::contentIdOf(message), row.contentId);
     EXPECT_EQ(tarvomime::saysAttachment(message), row.attachment);
