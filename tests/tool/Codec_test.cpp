@@ -92,7 +92,8 @@ TEST_P(CodecInterrupt, RemovesTheHalfWrittenFile)
     const auto process = tool.start(QStringList(GetParam()) << "in"
                                                             << "--out"
                                                             << "out");
-    ASSERT_TRUE(ToolRunner::waitUntilInterruptible(*process));
+    // By then it handles Ctrl-C.
+    ASSERT_TRUE(tool.waitForFiles(*process, 2));
     kill(static_cast<pid_t>(process->processId()), SIGINT);
     const ToolResult result = ToolRunner::finish(*process);
     EXPECT_EQ(result.status, 130) << testing::PrintToString(result);
@@ -108,6 +109,9 @@ INSTANTIATE_TEST_SUITE_P(Tool, CodecInterrupt,
 
 TEST(CodecInterruptAtTheKeyboard, EndsTheWaitForInput)
 {
+#ifdef TARVOMIME_EMULATED
+    GTEST_SKIP() << "the emulator handles every signal itself: nobody sees when the tool begins to";
+#endif
     const ToolRunner tool;
     const auto process = tool.start({"encode", "base64", "--out", "out"});
     ASSERT_TRUE(ToolRunner::waitUntilInterruptible(*process));

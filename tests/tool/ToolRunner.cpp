@@ -101,6 +101,18 @@ ToolResult ToolRunner::finish(QProcess& process)
             process.readAllStandardError()};
 }
 
+bool ToolRunner::waitForFiles(QProcess& process, int count) const
+{
+    QElapsedTimer timer;
+    for (timer.start(); timer.elapsed() < kPatience;) {
+        if (files().size() >= count)
+            return true;
+        if (process.waitForFinished(2))
+            return false;
+    }
+    return false;
+}
+
 bool ToolRunner::waitUntilInterruptible(const QProcess& process)
 {
     const QString status = QString("/proc/%1/status").arg(process.processId());

@@ -38,6 +38,8 @@ public:
     /// Starts the tool and leaves it running.
     std::unique_ptr<QProcess> start(const QStringList& arguments) const;
     static ToolResult finish(QProcess& process);
+    /// Returns once there are `count` files; false when `process` ended first.
+    bool waitForFiles(QProcess& process, int count) const;
     /// Returns once `process` no longer dies of Ctrl-C but handles it; false when it ended first.
     static bool waitUntilInterruptible(const QProcess& process);
 

@@ -6,6 +6,7 @@ are words of a shell, so that pipelines stand here as their users write them.
 """
 import os
 import pathlib
+import shlex
 import shutil
 import subprocess
 import sys
@@ -189,7 +190,11 @@ def write_files(folder):
 
 
 def has_64_bits(tool):
-    with open(tool, "rb") as file:
+    program = pathlib.Path(tool)
+    if program.read_bytes().startswith(b"#!"):
+        # It starts the emulator of another processor, with the program and the arguments behind it.
+        program = pathlib.Path(shlex.split(program.read_text(encoding="utf-8"))[-2])
+    with program.open("rb") as file:
         return file.read(5) == b"\x7fELF\x02"
 
 
@@ -207,7 +212,11 @@ def failure_of(tool, command, expected, status):
 
 def main(tool):
     failed = 0
-    rows = ROWS + (ROWS_OF_64_BITS if has_64_bits(tool) else [])
+    rows = ROWS
+    if has_64_bits(tool):
+        rows = ROWS + ROWS_OF_64_BITS
+    else:
+        print(f"there are no files of 2 GiB for 32 bits: {len(ROWS_OF_64_BITS)} rows are left out")
     if shutil.which("jq") is None:
         missing = [row for row in rows if "jq " in row[1]]
         rows = [row for row in rows if row not in missing]
