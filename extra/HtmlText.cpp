@@ -2,13 +2,12 @@
 #include "extra/HtmlText.h"
 
 #include "extra/HtmlLines.h"
+#include "extra/HtmlParser.h"
 #include "extra/HtmlTagGuard.h"
 #include "types/Ascii.h"
 
 #include <algorithm>
 #include <array>
-#include <libxml/HTMLparser.h>
-#include <libxml/parserInternals.h>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -196,12 +195,14 @@ bool says(QStringView text, const QString& address)
 class HtmlReader
 {
 public:
+    explicit HtmlReader(const HtmlParser& functions) : mFunctions(functions) {}
+
     void start(xmlParserCtxtPtr parser, const xmlChar* name, const xmlChar** attributes)
     {
         const Attributes given(attributes);
         const Kind kind = isHiddenBy(given) ? Kind::Hidden : kindOf(viewOf(name));
         if (parser->nameNr > kDeepest) {
-            namePop(parser);
+            mFunctions.popName(parser);
             // Its end will not be told from that of an outer element.
             mIsHiddenForGood = mIsHiddenForGood || mHidden > 0 || kind == Kind::Hidden;
             return;
@@ -405,17 +406,13 @@ private:
         mLines.append(QString(QStringLiteral(" <") + link.address + u'>'));
     }
 
+    const HtmlParser& mFunctions;
     HtmlLines mLines;
     std::vector<Open> mOpen;
     int mHidden = 0;
     int mPreformatted = 0;
     int mLists = 0;
     bool mIsHiddenForGood = false;
-};
-
-struct ParserDeleter
-{
-    void operator()(xmlParserCtxtPtr parser) const { htmlFreeParserCtxt(parser); }
 };
 
 HtmlReader& readerOf(void* context)
@@ -443,23 +440,26 @@ xmlSAXHandler readerEvents()
 
 QString textFromHtml(const QString& html)
 {
+    const HtmlParser* functions = htmlParser();
+    if (functions == nullptr)
+        return html;
     const QByteArray bytes = guardedHtml(html.toUtf8());
     if (bytes.isEmpty())
         return {};
-    const std::unique_ptr<xmlParserCtxt, ParserDeleter> parser(
-        htmlCreateMemoryParserCtxt(bytes.constData(), static_cast<int>(bytes.size())));
+    const std::unique_ptr<xmlParserCtxt, decltype(functions->free)> parser(
+        functions->create(bytes.constData(), static_cast<int>(bytes.size())), functions->free);
     if (!parser)
         return {};
-    HtmlReader reader;
+    HtmlReader reader(*functions);
     xmlSAXHandler events = readerEvents();
     *parser->sax = events;
     parser->_private = &reader;
     // Labels inside the document are about bytes that were decoded long before.
-    htmlCtxtUseOptions(parser.get(), HTML_PARSE_RECOVER | HTML_PARSE_NOERROR |
-                                         HTML_PARSE_NOWARNING | HTML_PARSE_NONET |
-                                         HTML_PARSE_IGNORE_ENC);
-    xmlSwitchEncoding(parser.get(), XML_CHAR_ENCODING_UTF8);
-    htmlParseDocument(parser.get());
+    functions->useOptions(parser.get(), HTML_PARSE_RECOVER | HTML_PARSE_NOERROR |
+                                            HTML_PARSE_NOWARNING | HTML_PARSE_NONET |
+                                            HTML_PARSE_IGNORE_ENC);
+    functions->switchEncoding(parser.get(), XML_CHAR_ENCODING_UTF8);
+    functions->parse(parser.get());
     return reader.take();
 }
 

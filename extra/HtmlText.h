@@ -20,6 +20,8 @@ namespace tarvomime {
 ///
 /// Takes time and memory linear in the text; lists and quotes nested more than ten levels deep are
 /// no longer told apart, and whatever is nested deep inside something hidden hides the rest too.
+///
+/// The first call loads libxml2; where that is missing, the HTML is given back as it is.
 TARVOMIME_EXTRA_EXPORT QString textFromHtml(const QString& html);
 
 } // namespace tarvomime

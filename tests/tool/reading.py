@@ -1,8 +1,9 @@
 # SPDX-License-Identifier: MIT
-"""What the reading commands print: reading.py TOOL
+"""What the reading commands print: reading.py TOOL [NAME]
 
 Each row is a command line, run in a folder with the files below, and what it must print. Arguments
-are words of a shell, so that pipelines stand here as their users write them.
+are words of a shell, so that pipelines stand here as their users write them. NAME is that of the HTML
+parser's library, where it is opened when it is needed.
 """
 import os
 import pathlib
@@ -181,6 +182,12 @@ ROWS_OF_64_BITS = [
      "tarvomime: large: is too large (2 GiB or more)\n", 1),
 ]
 
+# A file that is no library hides the real one.
+ROWS_WITHOUT_HTML_PARSER = [
+    ("html_without_its_parser", "mkdir none; touch none/$HTML_PARSER; "
+     "LD_LIBRARY_PATH=$PWD/none:$LD_LIBRARY_PATH $T text html.eml", "<p>one<p>two\n", 0),
+]
+
 
 def write_files(folder):
     for name, content in FILES.items():
@@ -198,8 +205,8 @@ def has_64_bits(tool):
         return file.read(5) == b"\x7fELF\x02"
 
 
-def failure_of(tool, command, expected, status):
-    environment = dict(os.environ, T=tool, TZ="UTC", LC_ALL="C.UTF-8")
+def failure_of(tool, html_parser, command, expected, status):
+    environment = dict(os.environ, T=tool, HTML_PARSER=html_parser, TZ="UTC", LC_ALL="C.UTF-8")
     with tempfile.TemporaryDirectory() as folder:
         write_files(folder)
         result = subprocess.run(["bash", "-c", f"exec 2>&1; {command}"], cwd=folder,
@@ -210,11 +217,11 @@ def failure_of(tool, command, expected, status):
             f"     got {result.returncode}: {result.stdout.decode(errors='replace')!r}")
 
 
-def main(tool):
+def main(tool, html_parser=""):
     failed = 0
-    rows = ROWS
+    rows = ROWS + (ROWS_WITHOUT_HTML_PARSER if html_parser else [])
     if has_64_bits(tool):
-        rows = ROWS + ROWS_OF_64_BITS
+        rows = rows + ROWS_OF_64_BITS
     else:
         print(f"there are no files of 2 GiB for 32 bits: {len(ROWS_OF_64_BITS)} rows are left out")
     if shutil.which("jq") is None:
@@ -222,7 +229,7 @@ def main(tool):
         rows = [row for row in rows if row not in missing]
         print(f"jq is not installed: {len(missing)} rows are left out")
     for name, command, expected, status in rows:
-        failure = failure_of(tool, command, expected, status)
+        failure = failure_of(tool, html_parser, command, expected, status)
         if failure:
             failed += 1
             print(f"FAILED {name}\n{failure}")
@@ -231,6 +238,6 @@ def main(tool):
 
 
 if __name__ == "__main__":
-    names = [row[0] for row in ROWS + ROWS_OF_64_BITS]
+    names = [row[0] for row in ROWS + ROWS_OF_64_BITS + ROWS_WITHOUT_HTML_PARSER]
     assert len(set(names)) == len(names), "names are unique"
-    sys.exit(main(sys.argv[1]))
+    sys.exit(main(*sys.argv[1:]))
