@@ -51,13 +51,15 @@ std::size_t skipSeparator(std::string_view text, std::size_t position)
 
 } // namespace
 
-EntitySplit splitEntity(std::string_view text)
+EntitySplit splitEntity(const char* data, TextRange range)
 {
+    const std::string_view text = viewOf(data, range);
     const std::size_t headerStart = skipLineBreaks(text);
     const std::size_t headerEnd = findHeaderEnd(text, headerStart);
     const std::size_t bodyStart = skipSeparator(text, headerEnd);
-    return {static_cast<int>(headerStart), static_cast<int>(headerEnd),
-            static_cast<int>(bodyStart)};
+    return {
+        {range.start + static_cast<int>(headerStart), range.start + static_cast<int>(headerEnd)},
+        range.start + static_cast<int>(bodyStart)};
 }
 
 } // namespace tarvomime

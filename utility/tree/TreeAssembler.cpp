@@ -113,10 +113,9 @@ private:
 
     bool run()
     {
-        while (!mLevels.isEmpty()) {
-            Level& level = mLevels.top();
-            const bool done = !level.multipart || level.nextPart >= level.body->numBodyParts();
-            if (!(done ? leave() : enterPart(level)))
+        while (Level* level = mLevels.top()) {
+            const bool done = !level->multipart || level->nextPart >= level->body->numBodyParts();
+            if (!(done ? leave() : enterPart(*level)))
                 return false;
         }
         return true;

@@ -62,24 +62,24 @@ class TreeParser
 {
 public:
     explicit TreeParser(Source source)
-        : mSource(std::move(source)), mDelimiters(mSource.data(), mSource.range())
+        : mSource(std::move(source)), mDelimiters(mSource.data, mSource.whole)
     {
     }
 
     // The header lies in `range`; the body goes on to the end of the source.
     void parse(EMAIL_Entity& entity, TextRange range)
     {
-        takeEntity(entity, range, mSource.range().end);
+        takeEntity(entity, range, mSource.whole.end);
         run();
     }
     void parseBodyOf(EMAIL_Entity& entity, int start)
     {
-        takeBodyOf(entity, {start, mSource.range().end});
+        takeBodyOf(entity, {start, mSource.whole.end});
         run();
     }
     void parse(EMAIL_Body& body)
     {
-        takeBody(body, headerOf(body), mSource.range());
+        takeBody(body, headerOf(body), mSource.whole);
         run();
     }
 
@@ -106,8 +106,8 @@ private:
             if (mPending.entity != nullptr) {
                 const Pending next = std::exchange(mPending, {});
                 takeEntity(*next.entity, next.range, next.range.end);
-            } else if (!mLevels.isEmpty()) {
-                cutNextPart();
+            } else if (Level* level = mLevels.top()) {
+                cutNextPart(*level);
             } else {
                 return;
             }
@@ -116,10 +116,10 @@ private:
 
     void takeEntity(EMAIL_Entity& entity, TextRange range, int bodyEnd)
     {
-        const EntitySplit split = splitEntity(viewOf(mSource.data(), range));
-        entity.mHeader->setMessage(mSource.headerText(split.headerIn(range)));
+        const EntitySplit split = splitEntity(mSource.data, range);
+        entity.mHeader->setMessage(mSource.headerText(split.header));
         entity.mHeader->parse();
-        takeBodyOf(entity, {range.start + split.bodyStart, bodyEnd});
+        takeBodyOf(entity, {split.bodyStart, bodyEnd});
     }
 
     void takeBodyOf(EMAIL_Entity& entity, TextRange range)
@@ -171,9 +171,8 @@ private:
     }
 
     // Text behind the last delimiter is no part: the body may have been cut off anywhere.
-    void cutNextPart()
+    void cutNextPart(Level& level)
     {
-        Level& level = mLevels.top();
         EMAIL_Body& body = *level.body;
         const int partStart = level.rest.start;
         const Delimiter delimiter = nextDelimiter(level);
@@ -181,7 +180,7 @@ private:
         if (!delimiter.found || delimiter.closing)
             mLevels.take();
         if (delimiter.found)
-            addPart(body, withoutLineBreaks(mSource.data(), {partStart, delimiter.start}));
+            addPart(body, withoutLineBreaks(mSource.data, {partStart, delimiter.start}));
     }
 
     void addPart(EMAIL_Body& body, TextRange range)
@@ -208,11 +207,10 @@ TextRange rangeOf(int start, int length)
 // An entity whose header is shown by the caller: its body is its own text from there on.
 void parseWithHeaderOf(EMAIL_Entity& entity, const char* data, TextRange range)
 {
-    const EntitySplit split = splitEntity(viewOf(data, range));
-    const TextRange header = split.headerIn(range);
-    entity.mHeader->setMessage(QCString(data + header.start, header.length()));
+    const EntitySplit split = splitEntity(data, range);
+    entity.mHeader->setMessage(QCString(data + split.header.start, split.header.length()));
     entity.mHeader->parse();
-    TreeParser(MemorySource(entity.mString)).parseBodyOf(entity, range.start + split.bodyStart);
+    TreeParser(MemorySource(entity.mString)).parseBodyOf(entity, split.bodyStart);
 }
 
 // A body without text of its own may be a range that it kept from another time: what lies outside
@@ -238,7 +236,7 @@ void parseEntity(EMAIL_Entity& entity, const char* data, int start, int length, 
 {
     const TextRange range = rangeOf(start, length);
     if (!path.isEmpty())
-        TreeParser(FileSource(path, data, range)).parse(entity, range);
+        TreeParser(FileSource{path, data, range}).parse(entity, range);
     else if (data == entity.mString.begin())
         TreeParser(MemorySource(entity.mString)).parse(entity, range);
     else
@@ -249,7 +247,7 @@ void parseBody(EMAIL_Body& body, const char* data, int start, int length, const 
 {
     const TextRange range = rangeOf(start, length);
     if (!path.isEmpty()) {
-        TreeParser(FileSource(path, data, range)).parse(body);
+        TreeParser(FileSource{path, data, range}).parse(body);
         return;
     }
     const bool hasText = !body.mString.isEmpty();

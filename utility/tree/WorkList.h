@@ -14,8 +14,8 @@ class WorkList
 {
 public:
     bool isEmpty() const { return mItems.empty(); }
-    /// The last item, good until the next push.
-    Item& top() { return mItems.back(); }
+    /// The last item, good until the next push; null when nothing is left to do.
+    Item* top() { return mItems.empty() ? nullptr : &mItems.back(); }
 
     /// False, and nothing done, when there is no memory.
     [[nodiscard]] bool push(Item item)

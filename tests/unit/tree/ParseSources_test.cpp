@@ -9,7 +9,7 @@ TEST(MemorySource, CutsSlicesOfItsText)
 {
     const QCString text("0123456789");
     const MemorySource source(text);
-    EXPECT_EQ(source.range().length(), 10);
+    EXPECT_EQ(source.whole.length(), 10);
     EXPECT_EQ(source.headerText({2, 5}), "234");
     EXPECT_EQ(source.partText({2, 5}).begin(), text.begin() + 2);
 }
@@ -34,7 +34,7 @@ TEST(MemorySource, LeavesABodyWithoutTextAsItIs)
 TEST(FileSource, CopiesHeaderTextUpToItsFirstNul)
 {
     constexpr char data[] = "A: 1\0\r\n";
-    const FileSource source(QStringLiteral("path"), data, {0, 7});
+    const FileSource source{QStringLiteral("path"), data, {0, 7}};
     const QCString header = source.headerText({0, 7});
     EXPECT_EQ(header, "A: 1");
     EXPECT_NE(header.begin(), data);
@@ -44,7 +44,7 @@ TEST(FileSource, CopiesHeaderTextUpToItsFirstNul)
 TEST(FileSource, LeavesBodiesInTheFile)
 {
     constexpr char data[] = "0\r\ntext\r\n";
-    const FileSource source(QStringLiteral("path"), data, {0, 9});
+    const FileSource source{QStringLiteral("path"), data, {0, 9}};
     EMAIL_Body body;
     source.place(body, {1, 9});
     EXPECT_FALSE(body.mInMemory);
