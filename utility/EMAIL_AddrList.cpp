@@ -3,7 +3,7 @@
 
 #include "types/AllocationCheck.h"
 #include "utility/EMAIL_Numbers.h"
-#include "utility/text/RefusedText.h"
+#include "utility/text/Joined.h"
 #include "utility/text/Tokens.h"
 
 #include <algorithm>

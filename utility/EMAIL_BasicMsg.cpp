@@ -66,10 +66,11 @@ int EMAIL_BasicMsg::parse(const QString& path)
     if (mMessage == nullptr)
         return -1;
     const WholeFile file(path);
-    if (!file.isOpen())
+    const std::string_view bytes = file.view();
+    if (bytes.empty())
         return -1;
-    mLength = file.size();
-    mMessage->parse(file.data(), 0, file.size(), path);
+    mLength = static_cast<int>(bytes.size());
+    mMessage->parse(bytes.data(), 0, mLength, path);
     return 0;
 }
 

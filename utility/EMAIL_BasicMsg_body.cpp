@@ -8,7 +8,7 @@
 #include "utility/codec/DecodedBody.h"
 #include "utility/codec/TransferEncoding.h"
 #include "utility/header/FieldNames.h"
-#include "utility/text/RefusedText.h"
+#include "utility/text/Joined.h"
 #include "utility/tree/StoredBody.h"
 
 #include <algorithm>

@@ -5,8 +5,8 @@
 #include "utility/EMAIL_Numbers.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/MediaTypes.h"
-#include "utility/header/WrittenValue.h"
-#include "utility/text/RefusedText.h"
+#include "utility/header/TypedField.h"
+#include "utility/text/Joined.h"
 #include "utility/text/Tokens.h"
 
 #include <atomic>
@@ -38,7 +38,7 @@ void forEachPiece(const EMAIL_ContentType& field, Take take)
         take("\"");
     }
     for (auto param = field.mParams.constBegin(); param != field.mParams.constEnd(); ++param) {
-        if (param.key() == kBoundaryKey)
+        if (param.key().view() == kBoundaryKey)
             continue;
         take(";\r\n\t");
         take(param.key().view());

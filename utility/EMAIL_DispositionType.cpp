@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_DispositionType.h"
 
-#include "utility/header/WrittenValue.h"
+#include "utility/header/TypedField.h"
 #include "utility/text/Joined.h"
-#include "utility/text/RefusedText.h"
 #include "utility/text/Tokens.h"
 
 using namespace tarvomime;

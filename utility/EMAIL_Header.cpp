@@ -6,7 +6,7 @@
 #include "utility/EMAIL_Field.h"
 #include "utility/header/FieldFactory.h"
 #include "utility/header/FieldNames.h"
-#include "utility/text/RefusedText.h"
+#include "utility/text/Joined.h"
 #include "utility/text/Tokens.h"
 #include "utility/tree/HeaderAssembly.h"
 
@@ -19,42 +19,30 @@ namespace {
 
 using namespace tarvomime;
 
-// Reads logical lines (RFC 5322, section 2.2.3): an LF that SP or HTAB follows is a fold, and the
-// line goes on with the fold inside it.
-class LineReader
+// Where the first logical line ends (RFC 5322, section 2.2.3): an LF that SP or HTAB follows is a
+// fold, and the line goes on with the fold inside it.
+std::size_t lineEnd(std::string_view text)
 {
-public:
-    explicit LineReader(std::string_view text) : mText(text) {}
+    std::size_t end = 0;
+    do {
+        const std::size_t lineFeed = text.find('\n', end);
+        if (lineFeed == std::string_view::npos)
+            return text.size();
+        end = lineFeed + 1;
+    } while (end < text.size() && isBlank(text[end]));
+    return end;
+}
 
-    bool hasMore() const { return mPosition < mText.size(); }
-
-    // The next line, without the CR and LF characters at its end.
-    std::string_view take()
-    {
-        const std::string_view rest = mText.substr(mPosition);
-        std::string_view line = rest.substr(0, lineEnd(rest));
-        mPosition += line.size();
-        while (!line.empty() && isLineBreak(line.back()))
-            line.remove_suffix(1);
-        return line;
-    }
-
-private:
-    static std::size_t lineEnd(std::string_view text)
-    {
-        std::size_t end = 0;
-        do {
-            const std::size_t lineFeed = text.find('\n', end);
-            if (lineFeed == std::string_view::npos)
-                return text.size();
-            end = lineFeed + 1;
-        } while (end < text.size() && isBlank(text[end]));
-        return end;
-    }
-
-    std::string_view mText;
-    std::size_t mPosition = 0;
-};
+// The first logical line, without the CR and LF characters at its end; `text` becomes what is
+// behind it.
+std::string_view takeLine(std::string_view& text)
+{
+    std::string_view line = text.substr(0, lineEnd(text));
+    text.remove_prefix(line.size());
+    while (!line.empty() && isLineBreak(line.back()))
+        line.remove_suffix(1);
+    return line;
+}
 
 // Most names already differ in their lengths, which are looked at in place.
 int indexOf(const QPtrList<EMAIL_Field>& fields, const QCString& text)
@@ -93,9 +81,8 @@ EMAIL_Header::~EMAIL_Header()
 void EMAIL_Header::parse()
 {
     const QCString nameless;
-    LineReader lines(mString.view());
-    while (lines.hasMore()) {
-        const std::string_view line = lines.take();
+    for (std::string_view rest = mString.view(); !rest.empty();) {
+        const std::string_view line = takeLine(rest);
         const Sides sides = sidesOfFirst(":", line, true);
         EMAIL_Field* parsed = createFieldOf(*this, line.empty() ? nameless : mString, sides.left);
         if (sides.right)

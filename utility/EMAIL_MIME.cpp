@@ -12,7 +12,7 @@
 #include "utility/EMAIL_MultiPart.h"
 #include "utility/codec/MediaTypes.h"
 #include "utility/file/WholeFile.h"
-#include "utility/text/RefusedText.h"
+#include "utility/text/Joined.h"
 #include "utility/tree/FreshBoundaries.h"
 #include "utility/tree/WorkList.h"
 
@@ -291,10 +291,11 @@ int EMAIL_MIME::convertFileToMulitPart(const QString& path, EMAIL_MultiPart& par
 {
     hasHeader = true;
     const WholeFile file(path);
-    if (!file.isOpen())
+    const std::string_view bytes = file.view();
+    if (bytes.empty())
         return -1;
     EMAIL_BodyPart entity(QCString(""), nullptr);
-    entity.parse(file.data(), 0, file.size(), path);
+    entity.parse(bytes.data(), 0, static_cast<int>(bytes.size()), path);
     hasHeader = !entity.mHeader->getMessage().isEmpty();
     if (hasHeader)
         entityToMulitPart(&entity, part);

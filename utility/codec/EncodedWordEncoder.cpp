@@ -8,7 +8,6 @@
 #include "utility/codec/QuotedPrintable.h"
 #include "utility/codec/WordChunks.h"
 #include "utility/text/Joined.h"
-#include "utility/text/RefusedText.h"
 #include "utility/text/Room.h"
 #include "utility/text/Utf8.h"
 

@@ -57,17 +57,13 @@ bool BodyBlocks::atEnd() const
     return mLeft == 0 && mBytes.ok();
 }
 
+// A thread's stack may have no room for a second block beside the one that gathers the output.
 std::optional<std::string_view> BodyBlocks::next(std::string_view rest)
 {
-    if (!mBytes.isInMemory())
-        return nextOfFile(rest);
-    mLeft = 0;
-    return mBytes.view();
-}
-
-// A thread's stack may have no room for a second block beside the one that gathers the output.
-std::optional<std::string_view> BodyBlocks::nextOfFile(std::string_view rest)
-{
+    if (mBytes.isInMemory()) {
+        mLeft = 0;
+        return mBytes.view();
+    }
     const std::size_t count = std::min(mLeft, mBlockSize);
     if (mBlock == nullptr && mBytes.ok())
         mBlock.reset(new (std::nothrow) char[kLongestRest + count]);

@@ -68,8 +68,6 @@ public:
     static constexpr std::size_t kLongestRest = 8;
 
 private:
-    std::optional<std::string_view> nextOfFile(std::string_view rest);
-
     const BodyBytes& mBytes;
     std::size_t mLeft;
     std::size_t mBlockSize;

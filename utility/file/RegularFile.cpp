@@ -62,6 +62,16 @@ bool RegularFile::isOpen() const
     return mDescriptor >= 0;
 }
 
+int RegularFile::size() const
+{
+    return mSize;
+}
+
+int RegularFile::descriptor() const
+{
+    return mDescriptor;
+}
+
 bool RegularFile::holds(int offset, int length) const
 {
     return isOpen() && offset >= 0 && length >= 0 && offset <= mSize - length;

@@ -25,8 +25,8 @@ public:
 
     bool isOpen() const;
     /// Its length when it was opened.
-    int size() const { return mSize; }
-    int descriptor() const { return mDescriptor; }
+    int size() const;
+    int descriptor() const;
     /// Whether `length` bytes at `offset` lay inside the file when it was opened. A stored range
     /// can lie outside: the file may have been cut short since.
     bool holds(int offset, int length) const;

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <memory>
+#include <string_view>
 
 namespace tarvomime {
 
@@ -23,15 +24,13 @@ public:
     WholeFile& operator=(const WholeFile&) = delete;
     ~WholeFile();
 
-    bool isOpen() const { return mData != nullptr; }
-    const char* data() const { return mData; }
-    int size() const { return mSize; }
+    /// The bytes; none of a file that was refused.
+    std::string_view view() const;
 
 private:
     std::unique_ptr<char[]> mCopy;
-    const char* mData = nullptr;
     void* mMapping = nullptr;
-    int mSize = 0;
+    std::string_view mView;
 };
 
 } // namespace tarvomime

@@ -6,7 +6,7 @@
 #include "utility/codec/TransferEncoding.h"
 #include "utility/file/BlockWriter.h"
 #include "utility/file/BodyBytes.h"
-#include "utility/text/RefusedText.h"
+#include "utility/text/Joined.h"
 #include "utility/tree/HeaderAssembly.h"
 
 #include <QFile>
@@ -85,7 +85,7 @@ FileAssembly::FileAssembly(QFile& file)
 {
 }
 
-bool FileAssembly::flushBlock()
+bool FileAssembly::flush()
 {
     if (mUsed == 0)
         return mFile.isWritable() && flushedStatus(&mFile) == 0;
@@ -109,7 +109,7 @@ bool FileAssembly::write(std::string_view text)
         }
         std::copy(piece.begin(), piece.end(), mBlock.get() + mUsed);
         mUsed += length;
-        if (mUsed == kBlockThreshold && !flushBlock())
+        if (mUsed == kBlockThreshold && !flush())
             return false;
     }
     return true;
@@ -134,7 +134,7 @@ bool FileAssembly::writeFileBody(const EMAIL_Body& body, const EMAIL_Header& hea
     // Raw content is the whole file, whatever the offset says: it was attached, not cut out.
     const BodyBytes stored(body.mFile, body.mEncoded ? body.mOffset : 0, body.mLength);
     if (!body.mEncoded)
-        return flushBlock() && encodeTransfer(stored, &mFile, header.getCte()) == 0;
+        return flush() && encodeTransfer(stored, &mFile, header.getCte()) == 0;
     for (BodyBlocks blocks(stored); !blocks.atEnd();) {
         const auto block = blocks.next();
         if (!block || !write(*block))
@@ -146,11 +146,6 @@ bool FileAssembly::writeFileBody(const EMAIL_Body& body, const EMAIL_Header& hea
 void FileAssembly::begin(EMAIL_BaseComponent& component)
 {
     component.mString = QCString::fromLiteral("");
-}
-
-bool FileAssembly::finish()
-{
-    return flushBlock();
 }
 
 } // namespace tarvomime

@@ -90,13 +90,12 @@ public:
     /// The text goes to the file only.
     void begin(EMAIL_BaseComponent& component);
     void handOut(EMAIL_BaseComponent&, int) {}
-    /// Writes what is left, also of a text that could not be completed, and tells whether the file
-    /// has taken everything.
-    bool finish();
+    /// Writes what is gathered, at the end also that of a text which could not be completed, and
+    /// tells whether the file has taken everything.
+    bool flush();
 
 private:
     bool writeFileBody(const EMAIL_Body& body, const EMAIL_Header& header);
-    bool flushBlock();
 
     QFile& mFile;
     // Null when there was no memory for it.

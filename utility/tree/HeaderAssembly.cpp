@@ -4,7 +4,7 @@
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/header/FieldNames.h"
-#include "utility/text/RefusedText.h"
+#include "utility/text/Joined.h"
 #include "utility/tree/TextBuilder.h"
 
 #include <algorithm>
@@ -23,9 +23,12 @@ bool isPlain(const EMAIL_Field& field)
     return typeid(field) == typeid(EMAIL_Field);
 }
 
-// The pieces of a plain field's line; none of a field without a body.
+// The pieces of the field's line: an assembled one is whole, and a plain field without a body has
+// none.
 std::array<std::string_view, 4> linePieces(const EMAIL_Field& field)
 {
+    if (!isPlain(field))
+        return {field.mString.view()};
     if (field.mBody.isEmpty())
         return {};
     return {field.mName.view(), ": ", field.mBody.view(), "\r\n"};
@@ -59,22 +62,15 @@ qint64 measure(EMAIL_Header& header)
     return length;
 }
 
-bool writeLine(const EMAIL_Field& field, TextBuilder& text)
-{
-    if (!isPlain(field))
-        return text.write(field.mString.view());
-    const auto pieces = linePieces(field);
-    return std::all_of(pieces.begin(), pieces.end(),
-                       [&text](std::string_view piece) { return text.write(piece); });
-}
-
 // The line of a plain field that writes nothing becomes empty; an empty one of any other class is
 // its own affair.
 bool write(EMAIL_Field& field, TextBuilder& text)
 {
     const int start = text.position();
-    if (!writeLine(field, text))
-        return false;
+    for (const std::string_view piece : linePieces(field)) {
+        if (!text.write(piece))
+            return false;
+    }
     if (text.position() > start)
         field.mString = text.writtenFrom(start);
     else if (isPlain(field))

@@ -16,7 +16,11 @@ namespace tarvomime {
 class TextBuilder
 {
 public:
-    explicit TextBuilder(int length) : TextBuilder(bufferOf(length)) {}
+    explicit TextBuilder(int length)
+        : mText(QCString::fromBytes(bufferOf(length))), mStart(const_cast<char*>(mText.begin()))
+    {
+        preferHugePages(mStart, static_cast<std::size_t>(length));
+    }
 
     /// False, and nothing written, where there is no room: the text would be longer than was said.
     bool write(std::string_view piece)
@@ -48,17 +52,9 @@ private:
         return buffer;
     }
 
-    // Written through a pointer: the text already shares the buffer. Taken by value, so that the
-    // pointer is into a buffer that nobody else has.
-    // cppcheck-suppress passedByValue
-    explicit TextBuilder(QByteArray buffer)
-        : mStart(buffer.isEmpty() ? nullptr : buffer.data()), mText(QCString::fromBytes(buffer))
-    {
-        preferHugePages(mStart, static_cast<std::size_t>(buffer.size()));
-    }
-
-    char* mStart;
     QCString mText;
+    // Into the text's buffer, which nobody else has yet.
+    char* mStart;
     int mPosition = 0;
 };
 

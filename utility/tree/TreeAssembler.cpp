@@ -70,10 +70,9 @@ private:
         bool multipart;
     };
 
-    bool write(const QCString& text) { return mSink.write(text.view()); }
     bool writeDelimiter(const EMAIL_Body& body, std::string_view end)
     {
-        return mSink.write("--") && write(body.mBoundary) && mSink.write(end);
+        return mSink.write("--") && mSink.write(body.mBoundary.view()) && mSink.write(end);
     }
     template <class Own, class Component>
     static bool isForeign(const Component& component)
@@ -165,7 +164,7 @@ bool assembleToFile(Component& root, QFile& file)
 {
     FileAssembly sink(file);
     const bool isComplete = Assembly(sink).run(root);
-    return sink.finish() && isComplete;
+    return sink.flush() && isComplete;
 }
 
 template <class Component>

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "utility/text/Joined.h"
 
-#include "utility/text/RefusedText.h"
-
 using namespace tarvomime;
 
 TEST(Joined, PutsThePiecesOneBehindTheOther)
@@ -21,10 +19,18 @@ TEST(Joined, RefusesPiecesThatAreTooLongTogether)
     EXPECT_TRUE(isRefused(joined({longest, longest, longest, longest})));
 }
 
-TEST(AppendText, AppendsTheBytesOfASlice)
+TEST(RefusedText, IsEmptyAndKnown)
 {
-    QByteArray out = "<";
-    appendText(out, QCString("abcd").mid(1, 2));
-    appendText(out, QCString());
-    EXPECT_EQ(out, "<bc");
+    EXPECT_TRUE(refusedText().isEmpty());
+    EXPECT_TRUE(isRefused(refusedText()));
+    const QCString copy = refusedText();
+    EXPECT_TRUE(isRefused(copy)) << "a copy stands for the same";
+}
+
+TEST(RefusedText, IsNoOtherText)
+{
+    EXPECT_FALSE(isRefused(QCString()));
+    EXPECT_FALSE(isRefused(QCString("")));
+    EXPECT_FALSE(isRefused(QCString::fromLiteral("")));
+    EXPECT_FALSE(isRefused(QCString("text").left(0)));
 }

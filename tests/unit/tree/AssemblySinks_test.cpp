@@ -71,7 +71,7 @@ TEST(FileAssembly, WritesBlocks)
             FileAssembly sink(file);
             for (std::size_t i = 0; i < size; i += piece)
                 EXPECT_TRUE(sink.write(std::string_view(text).substr(i, piece)));
-            EXPECT_TRUE(sink.finish());
+            EXPECT_TRUE(sink.flush());
             EXPECT_EQ(file.written().size(), int(size));
             for (const qint64 length : file.writes())
                 EXPECT_LE(length, 32768) << size << " in pieces of " << piece;
@@ -84,5 +84,5 @@ TEST(FileAssembly, RefusesAFileThatIsNotOpenForWriting)
 {
     QFile closed(QStringLiteral("/nowhere/at/all"));
     FileAssembly sink(closed);
-    EXPECT_FALSE(sink.finish()) << "even with nothing to write";
+    EXPECT_FALSE(sink.flush()) << "even with nothing to write";
 }
