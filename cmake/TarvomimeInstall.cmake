@@ -69,10 +69,8 @@ install(FILES
 
 if(TARGET tarvomime_tool)
   set(tool tarvomime${TARVOMIME_SUFFIX})
-  tarvomime_way_between(${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_LIBDIR} libraries_from_tool)
   set_target_properties(tarvomime_tool PROPERTIES
-    INSTALL_RPATH "$ORIGIN/${libraries_from_tool}" INSTALL_RPATH_USE_LINK_PATH ON
-    OUTPUT_NAME ${tool})
+    INSTALL_RPATH_USE_LINK_PATH ON OUTPUT_NAME ${tool})
   install(TARGETS tarvomime_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   install(FILES ${PROJECT_SOURCE_DIR}/docs/tarvomime.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 RENAME ${tool}.1)
