@@ -40,10 +40,10 @@ std::optional<QByteArray> BodyBytes::first(std::size_t count) const
     if (!sink)
         return std::nullopt;
     if (isInMemory())
-        std::copy_n(mMemory.data(), count, sink->next());
-    else if (!mFile.read(mOffset, sink->next(), static_cast<int>(count)))
+        std::copy_n(mMemory.data(), count, sink->next);
+    else if (!mFile.read(mOffset, sink->next, static_cast<int>(count)))
         return std::nullopt;
-    sink->advanceTo(sink->next() + count);
+    sink->next += count;
     return sink->takeResult();
 }
 

@@ -18,20 +18,6 @@
 /// input is cut into blocks makes no difference.
 namespace tarvomime {
 
-/// Runs `codec` over the input it has. Returns 0, or the sink's refusal.
-template <class Codec, class Sink>
-int drain(Codec& codec, Sink& sink)
-{
-    for (;;) {
-        sink.advanceTo(codec.run(sink.next(), sink.limit()));
-        if (sink.next() < sink.limit())
-            return 0;
-        const int refused = sink.flush();
-        if (refused != 0)
-            return refused;
-    }
-}
-
 /// What is read of a file at a time: whole lines of base64, of 76 digits with CR LF or LF alone.
 /// The fast path would fall out of step at a line that a block's end divides.
 constexpr std::size_t kWholeLines = std::size_t{78} * 77 * 5;
@@ -47,11 +33,15 @@ int pump(Codec& codec, const BodyBytes& input, Sink& sink)
         if (!block)
             return -1;
         codec.take(*block);
-        const int refused = drain(codec, sink);
-        if (refused != 0)
-            return refused;
+        sink.next = codec.run(sink.next, sink.limit);
+        while (sink.next >= sink.limit) {
+            const int refused = sink.flush();
+            if (refused != 0)
+                return refused;
+            sink.next = codec.run(sink.next, sink.limit);
+        }
     }
-    sink.advanceTo(codec.finish(sink.next()));
+    sink.next = codec.finish(sink.next);
     return 0;
 }
 

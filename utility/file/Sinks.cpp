@@ -9,10 +9,11 @@
 
 namespace tarvomime {
 
-MemorySink::MemorySink(QByteArray array)
-    : mArray(std::move(array)), mStart(mArray.data()), mNext(mStart)
+MemorySink::MemorySink(QByteArray array) : SinkRoom{}, mArray(std::move(array))
 {
-    preferHugePages(mStart, static_cast<std::size_t>(mArray.size()));
+    next = mArray.data();
+    limit = next + mArray.size();
+    preferHugePages(next, static_cast<std::size_t>(mArray.size()));
 }
 
 std::optional<MemorySink> MemorySink::withCapacity(std::size_t capacity)
@@ -24,41 +25,28 @@ std::optional<MemorySink> MemorySink::withCapacity(std::size_t capacity)
 
 QByteArray MemorySink::takeResult()
 {
-    mArray.resize(static_cast<int>(mNext - mStart));
+    mArray.resize(static_cast<int>(next - mArray.constData()));
     return std::move(mArray);
 }
 
 BlockSink::BlockSink(QFile* file, const ProgressCallback& callback)
-    : mFile(file), mCallback(callback)
+    : SinkRoom{}, mFile(file), mCallback(callback)
 {
-}
-
-char* BlockSink::next() const
-{
-    return mNext;
-}
-
-char* BlockSink::limit()
-{
-    return mBlock.data() + kBlockThreshold;
-}
-
-void BlockSink::advanceTo(char* next)
-{
-    mNext = next;
+    next = mBlock.data();
+    limit = next + kBlockThreshold;
 }
 
 int BlockSink::flush()
 {
-    int used = static_cast<int>(mNext - mBlock.data());
+    int used = static_cast<int>(next - mBlock.data());
     const int refused = writeFile(mFile, mBlock.data(), used, kBlockThreshold, mCallback);
-    mNext = mBlock.data() + used;
+    next = mBlock.data() + used;
     return refused;
 }
 
 int BlockSink::writeRest()
 {
-    const int used = static_cast<int>(mNext - mBlock.data());
+    const int used = static_cast<int>(next - mBlock.data());
     return used > 0 ? writeBlock(mFile, mBlock.data(), used) : flushedStatus(mFile);
 }
 

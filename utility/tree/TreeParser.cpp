@@ -47,14 +47,6 @@ EMAIL_Message& createEnclosedMessage(EMAIL_Body& body)
     return *body.mMessage;
 }
 
-EMAIL_BodyPart& createPart(EMAIL_Body& body, const QCString& text)
-{
-    auto* bodyPart = new (std::nothrow) EMAIL_BodyPart(text, &body);
-    TARVOMIME_CHECK_ALLOCATION(bodyPart != nullptr && body.mBodyParts.append(bodyPart), "bodyPart",
-                               kBodySource, kBodyParse);
-    return *bodyPart;
-}
-
 // Walks the text without recursion: each multipart body whose parts are being taken waits on a
 // list. A message that nests as deep as its sender likes costs memory for its parts, never stack.
 template <class Source>
@@ -185,8 +177,12 @@ private:
 
     void addPart(EMAIL_Body& body, TextRange range)
     {
-        if (!range.isEmpty())
-            mPending = {&createPart(body, mSource.partText(range)), range};
+        if (range.isEmpty())
+            return;
+        auto* bodyPart = new (std::nothrow) EMAIL_BodyPart(mSource.partText(range), &body);
+        TARVOMIME_CHECK_ALLOCATION(bodyPart != nullptr && body.mBodyParts.append(bodyPart),
+                                   "bodyPart", kBodySource, kBodyParse);
+        mPending = {bodyPart, range};
     }
 
     Source mSource;
