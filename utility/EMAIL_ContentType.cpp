@@ -149,11 +149,12 @@ void EMAIL_ContentType::parse()
     const int position = parseMediaType();
     // Until all is read, the text is what counts.
     mParsed = Unparsed;
-    if (mBody[position] == ';')
+    const bool isFollowed = mBody.at(position) == ';';
+    if (isFollowed)
         readParameters(mBody.mid(position + 1), mParams);
     else if (position == 0)
         readParameters(mBody, mParams);
-    if (position == 0 || mBody[position] == ';')
+    if (isFollowed || position == 0)
         readQuoted(mParams, kBoundaryKey, mBoundary);
     mParsed = parsedState(before, writtenSize(*this));
 }

@@ -38,47 +38,47 @@ void setBody(EMAIL_Header& header, const QCString& name, const QCString& value)
 
 EMAIL_AddrList* EMAIL_Header::getTo() const
 {
-    return parsedField<EMAIL_AddrList>(*this, FieldName::to());
+    return parsedAs<EMAIL_AddrList>(getField(FieldName::to()));
 }
 
 EMAIL_AddrList* EMAIL_Header::getCc() const
 {
-    return parsedField<EMAIL_AddrList>(*this, FieldName::cc());
+    return parsedAs<EMAIL_AddrList>(getField(FieldName::cc()));
 }
 
 EMAIL_AddrList* EMAIL_Header::getBcc() const
 {
-    return parsedField<EMAIL_AddrList>(*this, FieldName::bcc());
+    return parsedAs<EMAIL_AddrList>(getField(FieldName::bcc()));
 }
 
 EMAIL_AddrList* EMAIL_Header::getFrom() const
 {
-    return parsedField<EMAIL_AddrList>(*this, FieldName::from());
+    return parsedAs<EMAIL_AddrList>(getField(FieldName::from()));
 }
 
 EMAIL_AddrList* EMAIL_Header::getSender() const
 {
-    return parsedField<EMAIL_AddrList>(*this, FieldName::sender());
+    return parsedAs<EMAIL_AddrList>(getField(FieldName::sender()));
 }
 
 EMAIL_AddrList* EMAIL_Header::getReplyTo() const
 {
-    return parsedField<EMAIL_AddrList>(*this, FieldName::replyTo());
+    return parsedAs<EMAIL_AddrList>(getField(FieldName::replyTo()));
 }
 
 EMAIL_DateTime* EMAIL_Header::getDate() const
 {
-    return parsedField<EMAIL_DateTime>(*this, FieldName::date());
+    return parsedAs<EMAIL_DateTime>(getField(FieldName::date()));
 }
 
 EMAIL_ContentType* EMAIL_Header::getContentType() const
 {
-    return parsedField<EMAIL_ContentType>(*this, FieldName::contentType());
+    return parsedAs<EMAIL_ContentType>(getField(FieldName::contentType()));
 }
 
 EMAIL_DispositionType* EMAIL_Header::getContentDisposition() const
 {
-    return parsedField<EMAIL_DispositionType>(*this, FieldName::contentDisposition());
+    return parsedAs<EMAIL_DispositionType>(getField(FieldName::contentDisposition()));
 }
 
 EMAIL_ContentType* EMAIL_Header::contentType()

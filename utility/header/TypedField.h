@@ -35,7 +35,8 @@ Typed* asTyped(EMAIL_Field* field)
     return dynamic_cast<Typed*>(field);
 }
 
-/// The field, parsed; null for one of another class.
+/// The field, parsed; null where there is none. One that an application added under the name may be
+/// of another class: it then counts as absent.
 template <class Typed>
 Typed* parsedAs(EMAIL_Field* field)
 {
@@ -43,14 +44,6 @@ Typed* parsedAs(EMAIL_Field* field)
     if (typed != nullptr && typed->mParsed == 0)
         typed->parse();
     return typed;
-}
-
-/// The first field of that name, parsed; null when absent. A field that an application added under
-/// this name may be of another class: it then counts as absent.
-template <class Typed>
-Typed* parsedField(const EMAIL_Header& header, const QCString& name)
-{
-    return parsedAs<Typed>(header.getField(name));
 }
 
 /// Puts a field of the class that belongs to the name in the place of `other`, which is deleted; it

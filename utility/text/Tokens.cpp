@@ -69,17 +69,11 @@ void stripChar(char c, const QCString& source, QCString& out)
 {
     if (source.length() <= 2)
         return;
-    int start = 0;
-    while (start < source.length() && source[start] == c)
-        ++start;
-    if (start == source.length()) {
-        out = source;
-        return;
-    }
-    int end = source.length() - 1;
-    while (source[end] == c)
-        --end;
-    out = source.mid(start, end - start + 1);
+    const std::string_view text = source.view();
+    const std::size_t first = text.find_first_not_of(c);
+    out = first == std::string_view::npos
+              ? source
+              : source.slice(text.substr(first, text.find_last_not_of(c) - first + 1));
 }
 
 QCString withoutQuotes(const QCString& value)

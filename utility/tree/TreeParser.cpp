@@ -33,11 +33,6 @@ const EMAIL_Header* headerOf(const EMAIL_Body& body)
     return entity == nullptr ? nullptr : entity->mHeader;
 }
 
-bool isContainerType(const EMAIL_ContentType& type)
-{
-    return isContainer({type.mTypeEnum, type.mSubTypeEnum});
-}
-
 // A message that was there is replaced.
 EMAIL_Message& createEnclosedMessage(EMAIL_Body& body)
 {
@@ -138,7 +133,7 @@ private:
             return;
         if (Source::kInMemory && type->mTypeEnum == TYPE_MESSAGE) {
             mPending = {&createEnclosedMessage(body), range};
-        } else if (isContainerType(*type)) {
+        } else if (isContainer({type->mTypeEnum, type->mSubTypeEnum})) {
             body.mBoundary = type->mBoundary;
             startCutting(body, range);
         } else {
@@ -215,7 +210,8 @@ void narrowKeptRange(EMAIL_Body& body, const char* data, TextRange given)
 {
     const EMAIL_Header* header = headerOf(body);
     const EMAIL_ContentType* type = header == nullptr ? nullptr : header->getContentType();
-    if (type == nullptr || type->mTypeEnum == TYPE_MESSAGE || isContainerType(*type))
+    if (type == nullptr || type->mTypeEnum == TYPE_MESSAGE ||
+        isContainer({type->mTypeEnum, type->mSubTypeEnum}))
         return;
     const bool isInside =
         body.mLength > 0 && body.mOffset >= given.start && body.mLength <= given.end - body.mOffset;
