@@ -1,0 +1,13 @@
+# SPDX-License-Identifier: MIT
+# The headers of Qt and of the language that nearly every file reads take longer to parse than the file
+# takes to compile, so each library parses them once. Ours are not among them: every file includes what it
+# uses, and where this is off (preset clang) none can be forgotten.
+option(TARVOMIME_PRECOMPILE "Parse the headers of Qt and the language once for each library" ON)
+
+function(tarvomime_precompile target)
+  if(TARVOMIME_PRECOMPILE)
+    target_precompile_headers(${target} PRIVATE
+      <QByteArray> <QFile> <QString> <QStringList>
+      <algorithm> <array> <memory> <optional> <string> <string_view> <vector>)
+  endif()
+endfunction()
