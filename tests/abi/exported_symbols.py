@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Compares the exported symbols of a library with a list: exported_symbols.py LIBRARY LIST [--update]
+"""Compares the exported symbols of a library with a list: exported_symbols.py NM LIBRARY LIST [--update]
 
 Inline functions and instances of foreign templates are left out: which of them end up in a library
 is up to the compiler and to how far it optimises. Qt 5 and Qt 6 name their list of texts differently.
@@ -14,9 +14,9 @@ STRONG_TYPES = "TDBR"
 TYPE_INFORMATION = re.compile(r"(?:vtable|typeinfo|typeinfo name) for ")
 
 
-def exported_symbols(library):
+def exported_symbols(nm, library):
     lines = subprocess.run(
-        ["nm", "--dynamic", "--defined-only", "--demangle", library],
+        [nm, "--dynamic", "--defined-only", "--demangle", library],
         check=True, capture_output=True, text=True).stdout.splitlines()
     for line in lines:
         _, kind, name = line.split(" ", 2)
@@ -25,9 +25,9 @@ def exported_symbols(library):
             yield name
 
 
-def main(library, list_path, *options):
+def main(nm, library, list_path, *options):
     path = pathlib.Path(list_path)
-    found = sorted(set(exported_symbols(library)))
+    found = sorted(set(exported_symbols(nm, library)))
     if "--update" in options:
         path.write_text("\n".join(found) + "\n", encoding="utf-8")
         return 0
