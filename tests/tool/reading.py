@@ -36,6 +36,8 @@ FILES = {
     "latin.eml": b"A: b\n\n\xe9\n",
     "wide.eml": mail("日本語の件名".encode()),
     "midnight.eml": mail(b"m", date=b"Mon, 31 Dec 2023 23:30:00 +0000"),
+    "years.mbox": b"\n".join(SEPARATOR + mail(b"y", date=b"1 May " + year + b" 10:15:00 +0000")
+                              for year in (b"95", b"108", b"50", b"00", b"1969")),
     "none.eml": b"A: b\n\nx\n",
     "sender.eml": mail(b""),
     "marks.eml": b"Content-Type: image/png\n\nx\n",
@@ -86,6 +88,11 @@ ROWS = [
     # list
     ("list_is_local_time", "TZ=Asia/Tokyo $T list midnight.eml",
      "2024-01-01 08:30  Jörn <j@b.example>                     m\n", 0),
+    ("list_reads_short_years", "$T list years.mbox | cut -c 1-16 | cut -d ' ' -f 1",
+     "1995-05-01\n2008-05-01\n1950-05-01\n2000-05-01\n1969-05-01\n", 0),
+    ("list_json_reads_short_years",
+     "$T list --json --sort date years.mbox | jq -r .date | cut -c 1-10",
+     "1950-05-01\n1969-05-01\n1995-05-01\n2000-05-01\n2008-05-01\n", 0),
     ("list_counts_cells", "$T list wide.eml --files",
      "2024-06-03 10:15  Jörn <j@b.example>                     "
      "日本語の件名                              wide.eml\n", 0),
@@ -178,6 +185,9 @@ ROWS_OF_64_BITS = [
     ("message_by_a_byte_beyond_2_gib", LARGE +
      f"$T extract --part=1 --out - large.mbox --offset {(1 << 31) + 2 + SECOND}",
      "x\n\nFrom here on\n", 0),
+    ("list_reads_years_beyond_2038",
+     "sed 's/May 95/May 49/; s/May 108/May 12345/' years.mbox > far.mbox; "
+     "$T list --json far.mbox | jq -r .date | head -2", "2049-05-01T10:15:00Z\nnull\n", 0),
     ("file_of_2_gib", "truncate -s 2G large; $T list large",
      "tarvomime: large: is too large (2 GiB or more)\n", 1),
 ]

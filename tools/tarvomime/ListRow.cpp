@@ -7,6 +7,8 @@
 #include "tools/tarvomime/PlaceJson.h"
 #include "tools/tarvomime/Printable.h"
 #include "tools/tarvomime/Style.h"
+#include "utility/EMAIL_DateTime.h"
+#include "utility/EMAIL_Header.h"
 
 #include <QDateTime>
 #include <algorithm>
@@ -25,17 +27,41 @@ constexpr int kNarrowestSubject = 20;
 constexpr int kSubjectBesideFile = 40;
 constexpr int kUnbounded = std::numeric_limits<int>::max();
 
-// "2024-06-03 10:15" in the user's zone.
-QString localDate(unsigned long date)
+// The library takes a year as it is written. Of less than four digits people read it as RFC 5322,
+// section 4.3, does: old mail is from "95", and clocks that count from 1900 wrote "108".
+int yearSince1900(int asWritten)
 {
-    if (date == 0)
-        return {};
-    return QDateTime::fromSecsSinceEpoch(qint64(date)).toString("yyyy-MM-dd HH:mm");
+    const int year = asWritten + 1900;
+    if (year < 0 || year >= 1000)
+        return asWritten;
+    return year < 50 ? year + 100 : year;
 }
 
-QString utcDate(unsigned long date)
+// When the message says that it was written, in seconds since 1970; 0 where it does not.
+qint64 timeOf(const Mail& mail)
 {
-    return QDateTime::fromSecsSinceEpoch(qint64(date), Qt::UTC).toString(Qt::ISODate);
+    const EMAIL_DateTime* field = mail.header().getDate();
+    if (field == nullptr)
+        return 0;
+    EMAIL_DateTime date;
+    date.mTime = field->mTime;
+    date.mTime.tm_year = yearSince1900(field->mTime.tm_year);
+    date.mZone = field->mZone;
+    // Times before 1970 are counted back from the top of the range.
+    return static_cast<long>(date.getTime());
+}
+
+// "2024-06-03 10:15" in the user's zone.
+QString localDate(qint64 time)
+{
+    return time == 0 ? QString() : QDateTime::fromSecsSinceEpoch(time).toString("yyyy-MM-dd HH:mm");
+}
+
+// Empty for years that the form has no room for.
+QString utcDate(qint64 time)
+{
+    return time == 0 ? QString()
+                     : QDateTime::fromSecsSinceEpoch(time, Qt::UTC).toString(Qt::ISODate);
 }
 
 int attachmentCount(Mail& mail)
@@ -100,7 +126,7 @@ QByteArray lineFor(Mail& mail, const ListFormat& format)
     const int sender = format.width == 0
                            ? kWidestSender
                            : std::clamp(format.width / 4, kNarrowestSender, kWidestSender);
-    std::vector<Cell> cells = {{localDate(mail.message().getDate()), kDate, &Style::faint},
+    std::vector<Cell> cells = {{localDate(timeOf(mail)), kDate, &Style::faint},
                                {shown(mail.people("From")), sender, nullptr},
                                {marks(mail), kMarks, &Style::mark},
                                {shown(mail.text("Subject")),
@@ -115,9 +141,9 @@ QByteArray jsonFor(Mail& mail)
     const EMAIL_MIME& message = mail.message();
     QJsonObject object = placeAsJson(mail.place());
     object.insert("size", mail.place().length);
-    const unsigned long date = message.getDate();
-    if (date != 0)
-        object.insert("date", utcDate(date));
+    const QString date = utcDate(timeOf(mail));
+    if (!date.isEmpty())
+        object.insert("date", date);
     object.insert("displayDate", message.getDateStr());
     object.insert("from", mail.people("From"));
     object.insert("to", mail.people("To"));
@@ -135,7 +161,7 @@ ListRow listRow(Mail& mail, const ListFormat& format)
 {
     ListRow row{(format.json ? jsonFor(mail) : lineFor(mail, format)) + '\n', 0, {}};
     if (format.sort == "date")
-        row.number = static_cast<qint64>(mail.message().getDate());
+        row.number = timeOf(mail);
     if (format.sort == "size")
         row.number = mail.place().length;
     if (format.sort == "from")
