@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <sstream>
 #include <string_view>
 
 namespace {
@@ -147,4 +148,28 @@ std::string Recipe::description() const
         text += "'  ";
     }
     return text;
+}
+
+std::string Recipe::numbers() const
+{
+    std::ostringstream text;
+    const char* separator = "";
+    for (const Step& step : mSteps) {
+        text << separator << step.piece << 'x' << step.count;
+        separator = ",";
+    }
+    return text.str();
+}
+
+Recipe Recipe::ofNumbers(const std::string& numbers)
+{
+    Recipe recipe;
+    std::istringstream in(numbers);
+    Step step{};
+    char between = 0;
+    while (in >> step.piece >> between >> step.count) {
+        recipe.mSteps.push_back({step.piece % pieces.size(), step.count});
+        in >> between;
+    }
+    return recipe;
 }

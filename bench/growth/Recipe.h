@@ -17,6 +17,10 @@ public:
     std::string text(int scale) const;
     std::string description() const;
 
+    /// The same for a command line: "12x4000,3x1", piece and count.
+    std::string numbers() const;
+    static Recipe ofNumbers(const std::string& numbers);
+
 private:
     struct Step
     {

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
-// growth_search SECONDS SEED  looks for messages that cost much
+// growth_search SECONDS SEED          looks for messages that cost much
+// growth_search RECIPE SCALE library  does once what costs, for callgrind to count
+// growth_search RECIPE SCALE show
 //
 // Messages are made at random, changed, and kept where they cost more than the worst so far: more
-// time a byte, a steeper growth of time, more memory than what is allowed. A message is parsed,
-// asked everything, taken apart, and assembled in memory and to a file.
+// time a byte, a steeper growth of time, more memory. A message is parsed, asked everything, taken
+// apart, and assembled in memory and to a file; then the tool shows it.
 #include "bench/growth/Recipe.h"
+#include "bench/growth/Showing.h"
 #include "tests/faults/CountingNew.h"
 #include "utility/EMAIL_AddrList.h"
 #include "utility/EMAIL_Body.h"
@@ -16,12 +19,14 @@
 #include "utility/EMAIL_MultiPart.h"
 
 #include <QFile>
+#include <QTemporaryFile>
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <unistd.h>
 
 namespace {
 
@@ -29,6 +34,8 @@ constexpr int smallScale = 1;
 constexpr int largeScale = 8;
 // Below this time the clock says more about itself than about the message.
 constexpr double leastSeconds = 0.0005;
+// What a message may cost beside what its length allows.
+constexpr double freeBytes = 1 << 20;
 
 double processorSeconds()
 {
@@ -82,13 +89,11 @@ long objectBytes(const EMAIL_Entity& top)
 
 struct Cost
 {
-    std::size_t bytes = 0;
     double seconds = 0;
-    // Of what is allowed: 8 times the text and 1 MiB beside the objects.
-    double memoryShare = 0;
+    double memory = 0;
 };
 
-Cost costOf(const std::string& text)
+Cost libraryCost(const std::string& text)
 {
     const QByteArray bytes(text.data(), static_cast<int>(text.size()));
     resetPeak();
@@ -103,77 +108,131 @@ Cost costOf(const std::string& text)
             message.assemble(&nowhere);
         objects = objectBytes(*message.mMessage);
     }
-    const double seconds = processorSeconds() - start;
-    const double allowed = 8.0 * static_cast<double>(text.size()) + (1 << 20);
-    return {text.size(), seconds, static_cast<double>(peakBytes() - objects) / allowed};
+    return {processorSeconds() - start, static_cast<double>(peakBytes() - objects)};
 }
 
-Cost bestOf(const std::string& text, int runs)
+Cost showCost(const std::string& text)
+{
+    static Showing showing;
+    QTemporaryFile file;
+    if (!file.open() || file.write(text.data(), static_cast<qint64>(text.size())) < 0)
+        std::abort();
+    file.close();
+    resetPeak();
+    const double start = processorSeconds();
+    showing.show(file.fileName().toStdString());
+    return {processorSeconds() - start, static_cast<double>(peakBytes())};
+}
+
+Cost bestOf(Cost (*costOf)(const std::string&), const std::string& text, int runs)
 {
     Cost best = costOf(text);
-    for (int i = 1; i < runs; ++i) {
-        const Cost cost = costOf(text);
-        best.seconds = std::min(best.seconds, cost.seconds);
-    }
+    for (int i = 1; i < runs; ++i)
+        best.seconds = std::min(best.seconds, costOf(text).seconds);
     return best;
+}
+
+// The growth between the two sizes; 0 where they are too near or too quick for it.
+double exponentOf(const Cost& small, const Cost& large, double bytesGrowth)
+{
+    if (small.seconds < leastSeconds || bytesGrowth < 2)
+        return 0;
+    return std::log(large.seconds / small.seconds) / std::log(bytesGrowth);
+}
+
+constexpr std::array titles{"library: nanoseconds a byte",
+                            "library: exponent of time",
+                            "library: share of the memory allowed",
+                            "show: nanoseconds a byte",
+                            "show: exponent of time",
+                            "show: bytes of memory a byte"};
+using Values = std::array<double, titles.size()>;
+
+Values valuesOf(const Recipe& recipe, int runs)
+{
+    const std::string small = recipe.text(smallScale);
+    const std::string large = recipe.text(largeScale);
+    const double smallBytes = static_cast<double>(std::max<std::size_t>(small.size(), 1));
+    const double bytes = static_cast<double>(std::max<std::size_t>(large.size(), 1));
+    const Cost parsed = bestOf(libraryCost, large, runs);
+    const Cost shown = bestOf(showCost, large, runs);
+    // What a run costs at least says little about the bytes of a short message.
+    const double counted = large.size() < 10'000 ? 0 : 1 / bytes;
+    return {parsed.seconds * 1e9 * counted,
+            exponentOf(bestOf(libraryCost, small, runs), parsed, bytes / smallBytes),
+            // 8 times the text and 1 MiB beside the objects.
+            parsed.memory / (8 * bytes + freeBytes), shown.seconds * 1e9 * counted,
+            exponentOf(bestOf(showCost, small, runs), shown, bytes / smallBytes),
+            // The tables that propose a charset take 2 MB once.
+            large.size() < 500'000 ? 0 : shown.memory / bytes};
 }
 
 struct Worst
 {
-    const char* what;
-    double value = 0;
+    double value;
     Recipe recipe;
-    std::size_t bytes = 0;
 };
+using Worsts = std::array<Worst, titles.size()>;
 
-// The growth between the two sizes; 0 where they are too near or too quick for it.
-double exponentOf(const Cost& small, const Cost& large)
+Worsts firstWorsts(std::mt19937& random)
 {
-    if (small.seconds < leastSeconds || large.bytes < 2 * small.bytes)
-        return 0;
-    return std::log(large.seconds / small.seconds) /
-           std::log(static_cast<double>(large.bytes) / static_cast<double>(small.bytes));
+    const Recipe recipe = Recipe::random(random);
+    Worsts worst{};
+    worst.fill({0, recipe});
+    return worst;
 }
 
-std::array<double, 3> valuesOf(const Recipe& recipe, int runs)
+void keepIfWorse(Worsts& worst, const Recipe& recipe)
 {
-    const Cost small = bestOf(recipe.text(smallScale), runs);
-    const Cost large = bestOf(recipe.text(largeScale), runs);
-    const double nanoseconds = large.bytes < 10'000 ? 0 : large.seconds * 1e9;
-    return {nanoseconds / static_cast<double>(std::max<std::size_t>(large.bytes, 1)),
-            exponentOf(small, large), large.memoryShare};
+    Values values = valuesOf(recipe, 1);
+    for (std::size_t i = 0; i < worst.size(); ++i) {
+        // A slow moment of the machine is no finding: it must be as slow again and again.
+        if (values[i] > worst[i].value)
+            values = valuesOf(recipe, 4);
+        if (values[i] > worst[i].value)
+            worst[i] = {values[i], recipe};
+    }
+}
+
+int search(double seconds, unsigned seed, std::FILE* out)
+{
+    std::mt19937 random(seed);
+    Worsts worst = firstWorsts(random);
+    long tried = 0;
+    for (const double end = processorSeconds() + seconds; processorSeconds() < end; ++tried)
+        keepIfWorse(worst, random() % 4 == 0
+                               ? Recipe::random(random)
+                               : worst[random() % worst.size()].recipe.mutated(random));
+    std::fprintf(out, "%ld messages\n", tried);
+    for (std::size_t i = 0; i < worst.size(); ++i)
+        std::fprintf(out, "%s: %.2f, %zu bytes: %s: %s\n", titles[i], worst[i].value,
+                     worst[i].recipe.text(largeScale).size(), worst[i].recipe.numbers().c_str(),
+                     worst[i].recipe.description().c_str());
+    return std::fclose(out);
+}
+
+int runOnce(const std::string& text, bool shows, std::FILE* out)
+{
+    const Cost cost = shows ? showCost(text) : libraryCost(text);
+    std::fprintf(out, "%zu bytes, %.4f s, %.0f bytes of memory\n", text.size(), cost.seconds,
+                 cost.memory);
+    return std::fclose(out);
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: %s SECONDS SEED\n", argv[0]);
+    if (argc != 3 && argc != 4) {
+        std::fprintf(stderr, "usage: %s SECONDS SEED | RECIPE SCALE library|show\n", argv[0]);
         return 2;
     }
-    std::mt19937 random(static_cast<unsigned>(std::atoi(argv[2])));
-    std::array<Worst, 3> worst{Worst{"nanoseconds a byte", 0, Recipe::random(random)},
-                               Worst{"exponent of time", 0, Recipe::random(random)},
-                               Worst{"share of the memory allowed", 0, Recipe::random(random)}};
-    long tried = 0;
-    for (const double end = processorSeconds() + std::atof(argv[1]); processorSeconds() < end;
-         ++tried) {
-        const Recipe recipe = random() % 4 == 0
-                                  ? Recipe::random(random)
-                                  : worst[random() % worst.size()].recipe.mutated(random);
-        std::array<double, 3> values = valuesOf(recipe, 1);
-        for (std::size_t i = 0; i < worst.size(); ++i) {
-            // A slow moment of the machine is no finding: it must be as slow again and again.
-            if (values[i] > worst[i].value)
-                values = valuesOf(recipe, 4);
-            if (values[i] > worst[i].value)
-                worst[i] = {worst[i].what, values[i], recipe, recipe.text(largeScale).size()};
-        }
-    }
-    std::printf("%ld messages\n", tried);
-    for (const Worst& each : worst)
-        std::printf("%s: %.2f, %zu bytes: %s\n", each.what, each.value, each.bytes,
-                    each.recipe.description().c_str());
-    return 0;
+    // The tool prints to where the result goes otherwise.
+    std::FILE* const out = fdopen(dup(STDOUT_FILENO), "w");
+    if (out == nullptr || std::freopen("/dev/null", "w", stdout) == nullptr)
+        return 1;
+    if (argc == 3)
+        return search(std::atof(argv[1]), static_cast<unsigned>(std::atoi(argv[2])), out);
+    return runOnce(Recipe::ofNumbers(argv[1]).text(std::atoi(argv[2])),
+                   std::string_view(argv[3]) == "show", out);
 }
