@@ -239,8 +239,7 @@ int EMAIL_ContentType::setCharset(int charset)
 {
     QCString name;
     const int written = tarvomime::writeCharsetName(charset, name);
-    if (written != 0)
-        storeParameter(QCString::fromLiteral(kCharsetKey), name);
+    storeParameter(QCString::fromLiteral(kCharsetKey), name);
     return written;
 }
 

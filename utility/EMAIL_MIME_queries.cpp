@@ -108,10 +108,10 @@ int EMAIL_MIME::getAttachNum() const
         return 0;
     if (!isContainer(media))
         return 1;
-    const int count = getMultiPartCount();
     const EMAIL_Entity* first = topLevelPart(0);
-    if (count == 0 || first == nullptr)
+    if (first == nullptr)
         return 0;
+    const int count = getMultiPartCount();
     const MediaType firstMedia = mediaTypeOf(*first);
     return isAlternative(firstMedia) || isPlainText(firstMedia) ? count - 1 : count;
 }
@@ -122,8 +122,7 @@ bool EMAIL_MIME::isCompleteMessage() const
     if (getBodyTruncated() != -1)
         return false;
     const MediaType media{getType(), getSubType()};
-    const bool isReport = media.type == TYPE_MULTIPART && media.subType == SUBTYPE_REPORT;
-    if (isReport || getMultiPartCount() == 0)
+    if (isReport(media) || getMultiPartCount() == 0)
         return true;
     // Of a message type every part reads as the enclosed message.
     if (!isContainer(media)) {

@@ -3,7 +3,10 @@
 #include "tests/support/RecordingFile.h"
 #include "tests/support/RowNames.h"
 #include "tests/support/StoredFile.h"
+#include "utility/EMAIL_Body.h"
+#include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_MIME.h"
+#include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
 
 namespace {
@@ -106,6 +109,21 @@ TEST(EMAIL_MIMECalendar, FailureShowsForASingleCalendarOnly)
     EXPECT_EQ(EMAIL_MIME(invitation).getICalendar(&full), 0);
     EXPECT_EQ(EMAIL_MIME(first).getICalendar(nullptr), -1);
     EXPECT_EQ(EMAIL_MIME(invitation).getICalendar(nullptr), 0);
+}
+
+// Nobody but an application that handles the lists itself can put one there.
+TEST(EMAIL_MIMECalendar, NullPartsEndTheMessageAndNoPart)
+{
+    EMAIL_MIME alternative(invitation);
+    alternative.mMessage->mBody->mBodyParts.prepend(nullptr);
+    RecordingFile none;
+    EXPECT_EQ(alternative.getICalendar(&none), 0);
+    EXPECT_EQ(none.written(), "");
+    EMAIL_MIME wrapped(multipart("mixed", "MIX", {invitation}));
+    wrapped.mMessage->mBody->bodyPart(0)->mBody->mBodyParts.prepend(nullptr);
+    RecordingFile both;
+    EXPECT_EQ(wrapped.getICalendar(&both), 0);
+    EXPECT_EQ(both.written(), "<c1><c2>");
 }
 
 TEST(EMAIL_MIMECalendar, InvitationIsBuiltOfTwoParts)

@@ -83,6 +83,13 @@ protected:
         QString untouched(QStringLiteral("(none)"));
         EXPECT_EQ(mime.getBodyOrPartId(untouched, untouched, 2, 0), 0);
         EXPECT_EQ(untouched, QStringLiteral("(none)")) << "no other mode does anything";
+        QString either(QStringLiteral("(none)"));
+        EXPECT_EQ(mime.getBodyOrPartId(either, untouched, 0, 0), 0);
+        EXPECT_EQ(either, expected);
+        either = QStringLiteral("(none)");
+        EXPECT_EQ(mime.getBodyOrPartId(untouched, either, 1, 0), 0);
+        EXPECT_EQ(either, id);
+        EXPECT_EQ(untouched, QStringLiteral("(none)"));
     }
 };
 
@@ -281,6 +288,27 @@ TEST(EMAIL_MIMEQueries, PartsThatCannotBeReadAreIncomplete)
     EXPECT_FALSE(mime.isCompleteMessage());
     mime.setTypeStr(QStringLiteral("message"));
     EXPECT_FALSE(mime.isCompleteMessage());
+}
+
+// Nobody but an application that handles the list itself can put one there.
+TEST(EMAIL_MIMEQueries, NullPartsAreNone)
+{
+    for (const char* subType : {"mixed", "alternative"}) {
+        EMAIL_MIME mime;
+        mime.setTypeStr(QStringLiteral("multipart"));
+        mime.setSubTypeStr(QString::fromLatin1(subType));
+        mime.mMessage->mBody->mBodyParts.append(nullptr);
+        EXPECT_EQ(mime.getAttachNum(), 0) << subType;
+        EXPECT_FALSE(mime.isCompleteMessage()) << subType;
+        QString text(QStringLiteral("(none)"));
+        EXPECT_EQ(mime.getBody(text, 0), 0);
+        EXPECT_EQ(mime.getBodyPartId(text), 0);
+        EXPECT_EQ(mime.getCalendarPartId(text), 0);
+        RecordingFile file;
+        EXPECT_EQ(mime.getICalendar(&file), 0);
+        EXPECT_EQ(file.written(), "");
+        EXPECT_EQ(mime.makeBoundariesUnique(), 0);
+    }
 }
 
 TEST(EMAIL_MIMEQueries, HandleWithoutAMessageAnswersNeutrally)

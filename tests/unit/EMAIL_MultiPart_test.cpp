@@ -329,3 +329,16 @@ TEST(EMAIL_MultiPart, SendableTreeHasNoDownloadStateOnAnyLevel)
         EXPECT_EQ(p->getPartID(), QStringLiteral("1.2")) << "the identifier is kept";
     }
 }
+
+// Nobody but an application that handles the list itself can put one there.
+TEST(EMAIL_MultiPart, NullSubPartsArePassedOver)
+{
+    EMAIL_MultiPart part(nullptr);
+    part.mSubParts.append(nullptr);
+    part.addSubMultiPart(named("a"), -1);
+    fillMembers(*part.getSubMultiPart(1));
+    const EMAIL_MultiPart copy(part); // NOLINT(performance-unnecessary-copy-initialization)
+    EXPECT_EQ(copy.getSubMultiPartCount(), 1);
+    part.makeHeaderSendable();
+    EXPECT_EQ(part.getSubMultiPart(1)->getAttSize(), -1);
+}

@@ -82,7 +82,6 @@ public:
     /// Assembles the header and writes its text, which is the result unless the header or the file
     /// refused.
     std::optional<std::string_view> writeHeader(EMAIL_Header& header);
-    bool writeForeign(EMAIL_BaseComponent&) { return false; }
     /// Writes the body: from memory as it is; from its file either the stored range and CR LF, or,
     /// where the file holds raw content, all of it in the header's transfer encoding.
     bool writeLeaf(const EMAIL_Body& body, const EMAIL_Header& header);

@@ -74,12 +74,6 @@ private:
     {
         return mSink.write("--") && mSink.write(body.mBoundary.view()) && mSink.write(end);
     }
-    template <class Own, class Component>
-    static bool isForeign(const Component& component)
-    {
-        return Sink::kInMemory && typeid(component) != typeid(Own);
-    }
-
     bool enterEntity(EMAIL_Entity& entity)
     {
         if (entity.mHeader == nullptr)
@@ -89,10 +83,16 @@ private:
         const auto header = mSink.writeHeader(*entity.mHeader);
         if (!header || (needsSeparator(*header) && !mSink.write("\r\n")))
             return false;
-        if (entity.mBody != nullptr && !isForeign<EMAIL_Body>(*entity.mBody))
-            return enterBody(*entity.mBody, &entity, start);
-        if (entity.mBody != nullptr && !mSink.writeForeign(*entity.mBody))
-            return false;
+        EMAIL_Body* const body = entity.mBody;
+        if constexpr (Sink::kInMemory) {
+            if (body != nullptr && typeid(*body) != typeid(EMAIL_Body))
+                return mSink.writeForeign(*body) && enterWithoutBody(entity, start);
+        }
+        return body != nullptr ? enterBody(*body, &entity, start) : enterWithoutBody(entity, start);
+    }
+
+    bool enterWithoutBody(EMAIL_Entity& entity, int start)
+    {
         return mLevels.push({&entity, nullptr, start, start, 0, false});
     }
 
@@ -127,9 +127,11 @@ private:
             return true;
         if (!writeDelimiter(*level.body, "\r\n"))
             return false;
-        if (!isForeign<EMAIL_BodyPart>(*part))
-            return enterEntity(*part);
-        return mSink.writeForeign(*part) && mSink.write("\r\n");
+        if constexpr (Sink::kInMemory) {
+            if (typeid(*part) != typeid(EMAIL_BodyPart))
+                return mSink.writeForeign(*part) && mSink.write("\r\n");
+        }
+        return enterEntity(*part);
     }
 
     bool leave()

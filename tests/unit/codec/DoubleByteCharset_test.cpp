@@ -58,6 +58,57 @@ TEST(DoubleByteCharset, IsReadOffNoCodecWithoutAscii)
     EXPECT_EQ(DoubleByteCharset::readOff(*QTextCodec::codecForName("UTF-16")), nullptr);
 }
 
+namespace {
+
+// As strange as a table can bear: the first pair is half a character, the next two trade places
+// with others when they are written, and behind them no line ends any more.
+class StrangeCodec : public QTextCodec
+{
+public:
+    QByteArray name() const override { return "x-strange"; }
+    int mibEnum() const override { return -7000; }
+
+protected:
+    QString convertToUnicode(const char* bytes, int length, ConverterState*) const override
+    {
+        const auto end = QByteArray(bytes, length).indexOf("\x81\x43");
+        const int shown = end < 0 ? length : static_cast<int>(end);
+        QString text;
+        for (int i = 0; i < shown; ++i) {
+            if (bytes[i] >= 0)
+                text.append(QLatin1Char(bytes[i]));
+            else
+                text.append(QChar(0xD800 + static_cast<unsigned char>(bytes[++i]) - 0x40));
+        }
+        return text.replace(QChar(0xD801), QChar(0x416)).replace(QChar(0xD802), QChar(0x417));
+    }
+    QByteArray convertFromUnicode(const QChar* text, int length, ConverterState*) const override
+    {
+        QString all = QString(text, length);
+        const auto end = all.indexOf(QChar(0x417));
+        if (end < 0)
+            return all.toLatin1();
+        return all.left(end).replace(QChar(0x416), QLatin1Char('?')).toLatin1() + "\x81\x41\n";
+    }
+};
+
+} // namespace
+
+TEST(DoubleByteCharset, KnowsNothingOfWhatIsNotReversible)
+{
+    // Qt's list of codecs owns it.
+    const auto table = DoubleByteCharset::readOff(*new StrangeCodec);
+    ASSERT_NE(table, nullptr);
+    EXPECT_FALSE(byTable(*table, "\x81\x40")) << "half a character";
+    EXPECT_EQ(byTable(*table, "\x81\x41"), QString(QChar(0x416)));
+    EXPECT_EQ(byTable(*table, "\x81\x42"), QString(QChar(0x417)));
+    EXPECT_FALSE(byTable(*table, "\x81\x43")) << "behind the last line";
+    for (const int unit : {0x416, 0x417}) {
+        QByteArray bytes;
+        EXPECT_FALSE(table->encode(QString(QChar(unit)), bytes)) << unit;
+    }
+}
+
 TEST(DoubleByteCharset, EveryPairIsWhatTheCodecSays)
 {
     for (const int charset : {CHARSET_GBK, CHARSET_BIG5}) {

@@ -106,5 +106,29 @@ TEST_P(CalendarTime, CarriesOverWhatIsOutOfRange)
     expectEqual(clock);
 }
 
+TEST_P(CalendarTime, CarriesOverEachFieldThatIsOutOfRange)
+{
+    struct Field
+    {
+        int std::tm::*field;
+        int below;
+        int above;
+    };
+    const LocalZone local(GetParam().zone);
+    for (const Field& row : {Field{&std::tm::tm_mon, -1, 12}, Field{&std::tm::tm_mday, 0, 32},
+                             Field{&std::tm::tm_hour, -1, 24}, Field{&std::tm::tm_min, -1, 60},
+                             Field{&std::tm::tm_sec, -1, 60}}) {
+        for (const int value : {row.below, row.above}) {
+            std::tm clock = {};
+            clock.tm_year = 124;
+            clock.tm_mon = 5;
+            clock.tm_mday = 15;
+            clock.tm_hour = 12;
+            clock.*row.field = value;
+            expectEqual(clock);
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Zones, CalendarTime, testing::ValuesIn(rows),
                          [](const auto& row) { return std::string(row.param.name); });

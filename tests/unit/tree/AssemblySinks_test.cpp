@@ -59,6 +59,8 @@ TEST(MemoryAssembly, TakesAHeaderAsItIs)
     const char* const start = header.getMessage().begin();
     EXPECT_EQ(std::string_view(start - 5, 5), "--b\r\n") << "a slice of the whole";
     EXPECT_EQ(header.getField("A")->getMessage().begin(), start);
+    MemoryAssembly tooShort(5);
+    EXPECT_EQ(tooShort.writeHeader(header), std::nullopt) << "more than was measured";
 }
 
 // Every way of filling a block, with the text in one piece and in many.

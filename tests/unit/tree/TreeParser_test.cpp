@@ -80,3 +80,65 @@ TEST(TreeParser, ParsesABodyAsItsEntitySays)
     ASSERT_EQ(owner.mBody->numBodyParts(), 1);
     EXPECT_EQ(owner.mBody->bodyPart(0)->mBody->mString, "x");
 }
+
+// A header of the caller's in front of a body of its own.
+TEST(TreeParser, TakesTheHeaderFromGivenBytesAndTheBodyFromItsOwnText)
+{
+    const QByteArray given = "Subject: s\n\nnot this";
+    EMAIL_Message message(QCString("Sender: nobody\n\nthe body"), nullptr);
+    parseEntity(message, given.constData(), 0, int(given.size()), QString());
+    EXPECT_EQ(message.mHeader->getMessage(), "Subject: s\n");
+    EXPECT_EQ(message.mHeader->getSubject(), "s");
+    EXPECT_EQ(message.mBody->mString, message.mString.mid(given.indexOf("not")));
+    EXPECT_EQ(message.mString, "Sender: nobody\n\nthe body");
+}
+
+TEST(TreeParser, ABodyOfAnotherEntityIsWhatThatOneSays)
+{
+    EMAIL_Message other;
+    other.mHeader->setMessage("Content-Type: text/plain\n");
+    other.mHeader->parse();
+    EMAIL_Message message(QCString(twoParts), nullptr);
+    message.mBody->mParent = &other;
+    message.parse();
+    EXPECT_EQ(message.mBody->numBodyParts(), 0);
+    message.mBody->mParent = nullptr;
+    message.parse();
+    EXPECT_EQ(message.mBody->numBodyParts(), 0) << "nobody says what it is";
+    message.mBody->mParent = &message;
+    message.parse();
+    EXPECT_EQ(message.mBody->numBodyParts(), 2);
+}
+
+struct KeptRow
+{
+    const char* type;
+    int length;
+};
+
+class KeptRange : public testing::TestWithParam<KeptRow>
+{
+};
+
+// A body that lies in a file and is parsed again over bytes in memory.
+TEST_P(KeptRange, LosesItsLineBreaksWhereItIsPlain)
+{
+    const QByteArray bytes = "..body\r\n..";
+    EMAIL_Message owner;
+    if (GetParam().type != nullptr)
+        owner.mHeader->setMessage("Content-Type: " + QByteArray(GetParam().type) + "\n");
+    owner.mHeader->parse();
+    owner.mBody->setBodyInfo(QStringLiteral("path"), 2, 6, true);
+    parseBody(*owner.mBody, bytes.constData(), 0, int(bytes.size()), QString());
+    EXPECT_EQ(owner.mBody->mOffset, 2);
+    EXPECT_EQ(owner.mBody->mLength, GetParam().length);
+    owner.mBody->mParent = nullptr;
+    owner.mBody->mLength = 6;
+    parseBody(*owner.mBody, bytes.constData(), 0, int(bytes.size()), QString());
+    EXPECT_EQ(owner.mBody->mLength, 6) << "nobody says what it is";
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, KeptRange,
+                         testing::Values(KeptRow{"text/plain", 4}, KeptRow{nullptr, 6},
+                                         KeptRow{"message/rfc822", 6},
+                                         KeptRow{"multipart/mixed; boundary=b", 6}));

@@ -125,6 +125,7 @@ TEST(QCString, BytesOfItsCallerAreNotCopied)
     EXPECT_EQ(text.length(), 4);
     EXPECT_TRUE(QCString::fromRawData(nullptr, 4).isNull());
     EXPECT_TRUE(QCString::fromRawData(memory, -1).isNull());
+    EXPECT_TRUE(QCString::fromRawData(memory, QCString::longestLength + 1).isNull());
     EXPECT_FALSE(QCString::fromRawData(memory, 0).isNull());
 }
 
@@ -161,6 +162,10 @@ TEST(QCString, LetsGoOfTheBufferItWasCutFrom)
     QCString null;
     null.detach();
     EXPECT_TRUE(null.isNull());
+    QCString literal = QCString::fromLiteral("ever");
+    const char* const start = literal.begin();
+    literal.detach();
+    EXPECT_EQ(static_cast<const void*>(literal.begin()), start) << "it lives for ever";
 }
 
 TEST(QCString, TheTextThatWasMovedFromIsNull)
@@ -336,7 +341,7 @@ TEST(QCString, ConvertsOnlyToAByteArray)
 TEST(QCString, ChangesCaseByAsciiRulesOnly)
 {
     EXPECT_EQ(QCString("MiXed-1\xC9").lower(), "mixed-1\xC9");
-    EXPECT_EQ(QCString("MiXed-1\xE9").upper(), "MIXED-1\xE9");
+    EXPECT_EQ(QCString("MiXed-1{\xE9").upper(), "MIXED-1{\xE9");
     EXPECT_TRUE(QCString().lower().isNull());
     const QCString lower("abc");
     EXPECT_EQ(static_cast<const void*>(lower.lower().begin()), lower.begin());
