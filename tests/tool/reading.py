@@ -157,6 +157,18 @@ ROWS = [
     ("bytes_that_are_no_text", "$T list --json caf*.eml | jq -c .file",
      '{"base64":"Y2Fm6S5lbWw="}\n', 0),
     # Manners
+    ("no_command", "$T", "tarvomime: a command is required\nTry 'tarvomime --help'.\n", 2),
+    ("option_before_a_command", "$T --json; $T --json list a.eml",
+     2 * "tarvomime: '--json' is no option in front of a command\nTry 'tarvomime --help'.\n", 2),
+    ("number_that_is_too_small", "$T list --jobs 0 a.eml", "tarvomime: --jobs: '0' is no whole "
+     "number from 1 on\nTry 'tarvomime list --help'.\n", 2),
+    ("number_that_is_none", "$T reply --message 1x a.eml 2>&1 | head -1",
+     "tarvomime: --message: '1x' is no whole number from 1 on\n", 0),
+    ("help_without_largest_numbers", "$T help text | grep -A1 'NUMBER E'",
+     "  --message NUMBER Excludes: --offset\n"
+     "                              Only this message of an mbox, counted from 1\n"
+     "  --offset NUMBER Excludes: --message\n"
+     "                              Only the message of an mbox that this byte belongs to\n", 0),
     ("unknown_command", "$T lst a.eml", "tarvomime: 'lst' is no command; did you mean 'list'?\n"
      "Try 'tarvomime --help'.\n", 2),
     ("unknown_command_begun", "$T ext a.eml 2>&1 | head -1",

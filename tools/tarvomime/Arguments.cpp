@@ -6,7 +6,6 @@
 #include "tools/tarvomime/Commands.h"
 
 #include <CLI/CLI.hpp>
-#include <limits>
 
 namespace tarvomime::tool {
 
@@ -36,9 +35,7 @@ void Arguments::option(const std::string& name, std::string& value, const std::s
 void Arguments::number(const std::string& name, qint64& value, qint64 least,
                        const std::string& help)
 {
-    mCommand.add_option(name, value, help)
-        ->type_name("NUMBER")
-        ->check(CLI::Range(least, std::numeric_limits<qint64>::max()));
+    addNumber(mCommand, name, value, least, help);
 }
 
 void Arguments::choice(const std::string& name, std::string& value,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QtGlobal>
 #include <string>
 #include <vector>
 
@@ -44,6 +45,9 @@ CLI::Option* addFiles(CLI::App& command, std::vector<std::string>& files);
 CLI::Option* addFile(CLI::App& command, std::string& file);
 /// Adds "FILE" (exactly one) and "--message NUMBER", for the one message of it.
 void addMessage(CLI::App& command, MailInputs& inputs);
+/// Adds an option for a whole number of at least `least`.
+void addNumber(CLI::App& command, const std::string& name, qint64& value, qint64 least,
+               const std::string& help);
 /// Adds "--out FILE"; standard output without it.
 CLI::Option* addOut(CLI::App& command, std::string& out);
 /// Adds "--json".

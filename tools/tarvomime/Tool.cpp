@@ -16,7 +16,6 @@
 #include <cstdio>
 #include <cstring>
 #include <iostream>
-#include <limits>
 #include <sstream>
 
 namespace tarvomime::tool {
@@ -119,11 +118,16 @@ std::string commandLineOf(const CLI::App& tool)
     return line;
 }
 
-// What is wrong with the name of the command; empty where nothing is.
+// What is wrong with the name of the command, which CLI11 would call a subcommand; empty where
+// nothing is.
 std::string commandProblem(const CLI::App& tool, const std::vector<std::string>& words)
 {
-    if (words.empty() || words.front().empty() || words.front()[0] == '-')
-        return {};
+    if (words.empty())
+        return "a command is required";
+    if (words.front().rfind('-', 0) == 0) {
+        const bool isKnown = tool.get_option_no_throw(words.front()) != nullptr;
+        return isKnown ? "" : "'" + words.front() + "' is no option in front of a command";
+    }
     std::vector<std::string> names;
     for (const CLI::App* command : tool.get_subcommands([](const CLI::App*) { return true; }))
         names.push_back(command->get_name());
@@ -180,9 +184,22 @@ void addMessage(CLI::App& command, MailInputs& inputs)
         ->required()
         ->type_name("")
         ->expected(1);
-    command.add_option("--message", inputs.number, "Only this message of an mbox, counted from 1")
-        ->type_name("NUMBER")
-        ->check(CLI::Range(qint64(1), std::numeric_limits<qint64>::max()));
+    addNumber(command, "--message", inputs.number, 1,
+              "Only this message of an mbox, counted from 1");
+}
+
+void addNumber(CLI::App& command, const std::string& name, qint64& value, qint64 least,
+               const std::string& help)
+{
+    // A range of CLI11 would tell people the largest number that a computer holds.
+    const auto recognise = [least](const std::string& text) {
+        bool isNumber = false;
+        const qint64 number = QByteArray::fromStdString(text).toLongLong(&isNumber);
+        return isNumber && number >= least
+                   ? std::string()
+                   : "'" + text + "' is no whole number from " + std::to_string(least) + " on";
+    };
+    command.add_option(name, value, help)->type_name("NUMBER")->check(recognise);
 }
 
 CLI::Option* addOut(CLI::App& command, std::string& out)
