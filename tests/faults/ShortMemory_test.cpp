@@ -94,7 +94,8 @@ Row encodeWords(const char* name, Encoder encode)
 TEST_P(ShortMemory, GivesAnEmptyResult)
 {
 #ifdef TARVOMIME_EMULATED
-    GTEST_SKIP() << "an emulator that kept the limit would run out of memory itself, so it does not";
+    GTEST_SKIP()
+        << "an emulator that kept the limit would run out of memory itself, so it does not";
 #endif
     GTEST_FLAG_SET(death_test_style, "fast");
     const QByteArray bytes(kLength, 'a');
