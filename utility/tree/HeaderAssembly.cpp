@@ -54,7 +54,7 @@ qint64 measure(EMAIL_Header& header)
 {
     qint64 length = 0;
     for (int index = 0; index < header.mFields.count(); ++index) {
-        const qint64 line = measure(*header.mFields.at(index));
+        const qint64 line = measure(*header.mFields.begin()[index]);
         if (line < 0)
             return -1;
         length += line;
