@@ -8,9 +8,11 @@
 #include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
+#include "utility/EMAIL_Util.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 
 namespace {
 
@@ -357,6 +359,22 @@ INSTANTIATE_TEST_SUITE_P(
                             leaf->getTextBody(text, 0);
                             leaf->getBody();
                             writeTo([leaf](QFile* file) { leaf->getBody(file, nullptr); });
+                        }},
+                    Row{"one encoded word", "",
+                        [](M&, P&) {
+                            QString text;
+                            EMAIL_Util::decode_2047_String_Aux(
+                                "=?utf-8?B?" + QByteArray(4000, 'Q') + "?=", text, 0);
+                        }},
+                    Row{"map a file", "",
+                        [](M&, P&) {
+                            FILE* stream = nullptr;
+                            char* data = nullptr;
+                            int size = 0;
+                            if (EMAIL_Util::openBuffer(path, stream, data, size) == 0) {
+                                munmap(data, std::size_t(size));
+                                fclose(stream);
+                            }
                         }},
                     Row{"header", single, [](M& m, P&) {
                             m.headerAsString();

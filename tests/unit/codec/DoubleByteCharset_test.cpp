@@ -2,6 +2,7 @@
 // The tables beside the codec that they were read off.
 #include "utility/codec/DoubleByteCharset.h"
 
+#include "tests/support/HugeBytes.h"
 #include "tests/support/RandomBytes.h"
 #include "utility/EMAIL_Numbers.h"
 #include "utility/codec/Charset.h"
@@ -164,6 +165,18 @@ TEST(DoubleByteCharset, NoiseIsWhatTheCodecSaysOrNotKnown)
                      ? 1
                      : 0;
     EXPECT_GT(known, 1000);
+}
+
+TEST(DoubleByteCharset, WritesNoTextThatIsTooLong)
+{
+    const HugeBytes bytes;
+    if (!bytes.isMapped() || HugeBytes::length == 0)
+        GTEST_SKIP() << "no address space";
+    const QString text =
+        QString::fromRawData(reinterpret_cast<const QChar*>(bytes.data()), 1 << 30);
+    QByteArray written("as it was");
+    EXPECT_FALSE(DoubleByteCharset::of(CHARSET_GBK)->encode(text, written));
+    EXPECT_EQ(written, "as it was");
 }
 
 TEST(DoubleByteCharset, HalfAPairAndWhatIsNoUnitAreNotKnown)
