@@ -16,6 +16,8 @@ import tempfile
 import termios
 import time
 
+import program
+
 MAIL = ("From: Someone With A Long Name <someone@b.example>\nSubject: {}\n"
         "Date: Mon, 3 Jun 2024 10:15:00 +0000\n\n{}\n")
 
@@ -150,7 +152,11 @@ def main(tool):
         os.chdir(folder)
         for name, content in FILES.items():
             pathlib.Path(name).write_text(content, encoding="utf-8")
-        for name, *row in ROWS:
+        rows = ROWS
+        if not program.reads_locales(tool):
+            print("locales have another byte order: list_counts_cells is left out")
+            rows = [row for row in rows if row[0] != "list_counts_cells"]
+        for name, *row in rows:
             failures[name] = failure_of_row(tool, *row)
         failures["progress_and_interrupt"] = failure_of_progress_and_interrupt(tool)
         os.chdir("/")
