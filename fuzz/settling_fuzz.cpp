@@ -3,7 +3,8 @@
 //
 // It does not settle, for any number of rounds, where
 // 1. a Content-Type has no type or no subtype, or a boundary that holds quotes or a folded line;
-// 2. a header is written as nothing or as three bytes, so that no empty line follows it.
+// 2. a Content-Type is empty: it is not written, and the next one takes its place a round later;
+// 3. a header is written as nothing or as three bytes, so that no empty line follows it.
 
 #include "fuzz/support/Fuzz.h"
 #include "utility/EMAIL_Body.h"
@@ -26,7 +27,7 @@ bool isOrdinaryType(const EMAIL_ContentType* type)
         if (c == '"' || c == '\r' || c == '\n')
             return false;
     }
-    return !type->mType.isEmpty() && !type->mSubType.isEmpty();
+    return !type->mBody.isEmpty() && !type->mType.isEmpty() && !type->mSubType.isEmpty();
 }
 
 bool settles(const EMAIL_Entity& message)
