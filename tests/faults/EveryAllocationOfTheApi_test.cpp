@@ -369,10 +369,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"map a file", "",
                         [](M&, P&) {
                             FILE* stream = nullptr;
-                            char* data = nullptr;
+                            char* mapping = nullptr;
                             int size = 0;
-                            if (EMAIL_Util::openBuffer(path, stream, data, size) == 0) {
-                                munmap(data, std::size_t(size));
+                            if (EMAIL_Util::openBuffer(path, stream, mapping, size) == 0) {
+                                munmap(mapping, std::size_t(size));
                                 fclose(stream);
                             }
                         }},
