@@ -3,11 +3,8 @@
 
 #include "utility/vectors/Targets.h"
 
-#include <algorithm>
-#include <array>
 #include <atomic>
 #include <cstdint>
-#include <initializer_list>
 
 #if HWY_ARCH_ARM_V7
 #include <asm/hwcap.h>
@@ -28,11 +25,6 @@ constexpr bool isCompiled(std::int64_t target)
 
 #if HWY_ARCH_X86
 
-bool hasAll(std::initializer_list<int> features)
-{
-    return std::find(features.begin(), features.end(), 0) == features.end();
-}
-
 // What the vector library lets the compiler use for each kind, as far as compilers use it unasked.
 bool hasSsse3()
 {
@@ -42,42 +34,42 @@ bool hasSsse3()
 
 bool hasSse4()
 {
-    return hasAll({hasSsse3(), __builtin_cpu_supports("sse4.1"), __builtin_cpu_supports("sse4.2"),
-                   __builtin_cpu_supports("popcnt")});
+    return hasSsse3() && __builtin_cpu_supports("sse4.1") && __builtin_cpu_supports("sse4.2") &&
+           __builtin_cpu_supports("popcnt");
 }
 
 bool hasAvx2()
 {
-    return hasAll({hasSse4(), __builtin_cpu_supports("avx2"), __builtin_cpu_supports("bmi"),
-                   __builtin_cpu_supports("bmi2"), __builtin_cpu_supports("fma")});
+    return hasSse4() && __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") &&
+           __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("fma");
 }
 
 bool hasAvx512()
 {
-    return hasAll({hasAvx2(), __builtin_cpu_supports("avx512f"), __builtin_cpu_supports("avx512bw"),
-                   __builtin_cpu_supports("avx512dq"), __builtin_cpu_supports("avx512vl")});
+    return hasAvx2() && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
+           __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl");
 }
 
 bool hasAvx512Vbmi()
 {
-    return hasAll({hasAvx512(), __builtin_cpu_supports("avx512vbmi"),
-                   __builtin_cpu_supports("avx512vbmi2"), __builtin_cpu_supports("avx512bitalg"),
-                   __builtin_cpu_supports("avx512vpopcntdq")});
+    return hasAvx512() && __builtin_cpu_supports("avx512vbmi") &&
+           __builtin_cpu_supports("avx512vbmi2") && __builtin_cpu_supports("avx512bitalg") &&
+           __builtin_cpu_supports("avx512vpopcntdq");
 }
 
 bool runsVectorsOf(Processor kind)
 {
     switch (kind) {
     case Processor::Avx512Vbmi:
-        return hasAll({isCompiled(HWY_AVX3_DL), hasAvx512Vbmi()});
+        return isCompiled(HWY_AVX3_DL) && hasAvx512Vbmi();
     case Processor::Avx512:
-        return hasAll({isCompiled(HWY_AVX3), hasAvx512()});
+        return isCompiled(HWY_AVX3) && hasAvx512();
     case Processor::Avx2:
-        return hasAll({isCompiled(HWY_AVX2), hasAvx2()});
+        return isCompiled(HWY_AVX2) && hasAvx2();
     case Processor::Sse4:
-        return hasAll({isCompiled(HWY_SSE4), hasSse4()});
+        return isCompiled(HWY_SSE4) && hasSse4();
     case Processor::Ssse3:
-        return hasAll({isCompiled(HWY_SSSE3), hasSsse3()});
+        return isCompiled(HWY_SSSE3) && hasSsse3();
     default:
         return false;
     }
@@ -102,13 +94,12 @@ bool runsVectorsOf(Processor kind)
 
 #endif
 
-Processor bestKind()
+int bestKind()
 {
-    constexpr std::array kBestFirst{Processor::Avx512Vbmi, Processor::Avx512, Processor::Avx2,
-                                    Processor::Sse4,       Processor::Ssse3,  Processor::Neon,
-                                    Processor::Plain};
-    static_assert(kBestFirst.size() == kProcessors);
-    return *std::find_if(kBestFirst.begin(), kBestFirst.end(), runsAs);
+    int kind = 0;
+    while (!runsAs(static_cast<Processor>(kind)))
+        ++kind;
+    return kind;
 }
 
 } // namespace
@@ -130,7 +121,7 @@ Processor processor()
     int kind = used.load(std::memory_order_relaxed);
     // Two threads that come first find the same.
     if (kind == kUnknown)
-        used.store(kind = static_cast<int>(bestKind()), std::memory_order_relaxed);
+        used.store(kind = bestKind(), std::memory_order_relaxed);
     return static_cast<Processor>(kind);
 }
 
