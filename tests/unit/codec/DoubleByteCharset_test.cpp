@@ -76,7 +76,7 @@ protected:
         const int shown = end < 0 ? length : static_cast<int>(end);
         QString text;
         for (int i = 0; i < shown; ++i) {
-            if (bytes[i] >= 0)
+            if (static_cast<unsigned char>(bytes[i]) < 0x80)
                 text.append(QLatin1Char(bytes[i]));
             else
                 text.append(QChar(0xD800 + static_cast<unsigned char>(bytes[++i]) - 0x40));
