@@ -124,7 +124,7 @@ def main(tool, scripts):
         if shell in present:
             failures += failures_in(shell, tool, scripts)
         else:
-            print(f"{shell} is not installed: its rows are left out")
+            print(f"skipped: {shell} is not installed")
     for failure in failures:
         print(f"FAILED {failure}")
     rows = len(present) * len(COMPLETED + OFFERED)

@@ -71,7 +71,7 @@ def main(tool, corpus):
     files = sorted(str(path.resolve()) for path in pathlib.Path(corpus).rglob("*")
                    if path.is_file())[::step]
     if not files:
-        print(f"there is no corpus at {corpus}")
+        print(f"skipped: no collection of real messages at {corpus}")
         return 77
     runs = failed = 0
     with tempfile.TemporaryDirectory() as folder:

@@ -14,7 +14,7 @@ import tempfile
 try:
     import jsonschema
 except ImportError:
-    print("python3-jsonschema is not installed")
+    print("skipped: python3-jsonschema is not installed")
     sys.exit(77)
 
 COMMANDS = ("list", "tree", "lint")
