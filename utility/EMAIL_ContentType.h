@@ -64,8 +64,8 @@ public:
     int getCharset() const;
     /// Whether there is a parameter "charset", of whatever value.
     bool hasCharset() const;
-    /// Sets the parameter "charset" by its number. Returns 1; 0, and nothing changed, would mean
-    /// that the number has no name.
+    /// Sets the parameter "charset" by its number, to "us-ascii" for one that is not known. Returns
+    /// 1: every number has a name.
     int setCharset(int charset);
     /// Sets the parameter "charset" by its text.
     void setCharset(const QCString& charset);

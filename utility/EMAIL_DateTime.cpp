@@ -172,8 +172,10 @@ unsigned long EMAIL_DateTime::getTime()
     const std::optional<std::time_t> local = calendarTime(mTime);
     if (!local)
         return 0;
-    const long correction = (standardZone() - mZone) * 60;
-    return static_cast<unsigned long>(*local) + static_cast<unsigned long>(correction);
+    // Unsigned, since the number of seconds in an absurd zone may be no `long`.
+    const unsigned long minutes =
+        static_cast<unsigned long>(standardZone()) - static_cast<unsigned long>(mZone);
+    return static_cast<unsigned long>(*local) + minutes * 60;
 }
 
 struct tm EMAIL_DateTime::getTmTime() const

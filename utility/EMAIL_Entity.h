@@ -34,7 +34,8 @@ public:
     /// body, each possibly empty.
     ///
     /// The header ends at the first empty line, or at the start of the first line that has no ":"
-    /// and begins with neither SP nor HTAB. Line breaks in front of the header are skipped.
+    /// and begins with neither SP nor HTAB. Line breaks in front of the header are skipped. A last
+    /// line without a line end belongs to the header, whatever it holds.
     void parse(const char* data, int start, int length, const QString& path);
 
     /// Assembles like `assemble()`; with a `file` the text is written there and `mString` stays

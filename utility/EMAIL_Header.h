@@ -93,7 +93,8 @@ public:
     void setContentLocation(const QCString& value);
     /// Sets the Date field to `t` seconds since the epoch; 0 means now.
     void setDate(unsigned long t);
-    /// Sets Content-Transfer-Encoding by its number (`CTE_BASE64`, ...).
+    /// Sets Content-Transfer-Encoding by its number (`CTE_BASE64`, ...), to "7bit" for one that is
+    /// not known.
     void setCte(int cte);
 
     /// The transfer encoding's number; `CTE_7BIT` when the field is absent, `CTE_UNKNOWN` when its

@@ -169,6 +169,27 @@ TEST(EMAIL_BodyAssembly, AssemblesNothingWithoutAnEntityAbove)
     EXPECT_EQ(out.written(), "");
 }
 
+TEST(EMAIL_BodyAssembly, ABodyThatWasTakenFromItsEntityIsItsTextInMemory)
+{
+    BodyOwner owner("multipart/mixed; boundary=b");
+    auto* part = new EMAIL_BodyPart;
+    part->mHeader->setSubject("one");
+    part->mBody->setMessage("text");
+    owner.mBody->insertBodyPart(part, 0);
+    part->mBody->setParent(nullptr);
+    EXPECT_EQ(owner.assemble(nullptr), 0);
+    EXPECT_EQ(part->getMessage(), "Subject: one\r\n\r\ntext");
+    EXPECT_EQ(owner.mBody->getMessage(), "--b\r\n" + part->getMessage() + "\r\n--b--\r\n");
+    EXPECT_EQ(part->mBody->getMessage(), "text");
+    owner.mBody->setParent(owner.mHeader);
+    owner.mBody->mString = "as it stands";
+    EXPECT_EQ(owner.assemble(nullptr), 0);
+    EXPECT_EQ(owner.getMessage(), owner.mHeader->getMessage() + "\r\nas it stands");
+    RecordingFile out;
+    EXPECT_EQ(owner.assemble(&out), -1);
+    EXPECT_EQ(out.written(), owner.mHeader->getMessage() + "\r\n") << "nobody says how to write it";
+}
+
 TEST(EMAIL_BodyAssembly, AssemblyCreatesAMissingContentType)
 {
     EMAIL_Message message;

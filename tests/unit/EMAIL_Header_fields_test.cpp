@@ -48,6 +48,9 @@ TEST_P(TypedGetter, ParsesTheFirstFieldOnce)
     Header header;
     EMAIL_Field* field = header.field(GetParam().name);
     field->mBody = GetParam().sample;
+    EMAIL_Field* second = header.createField(GetParam().name);
+    second->mBody = GetParam().sample;
+    header.mFields.append(second);
     EXPECT_EQ(field->mParsed, 0);
     EXPECT_EQ(GetParam().get(header), field);
     EXPECT_EQ(field->mParsed, 1);
@@ -57,6 +60,7 @@ TEST_P(TypedGetter, ParsesTheFirstFieldOnce)
     EXPECT_EQ(GetParam().get(header), field);
     field->assemble();
     EXPECT_EQ(field->getMessage(), written) << "parsed is parsed";
+    EXPECT_EQ(second->mParsed, 0);
 }
 
 TEST_P(TypedGetter, TakesNoFieldOfAnotherClass)

@@ -70,6 +70,12 @@ private:
         bool multipart;
     };
 
+    // The entity whose header says what the body is: mostly the one that it was reached from.
+    static EMAIL_Entity* ownerOf(const EMAIL_Body& body, EMAIL_Entity* entity)
+    {
+        return body.mParent == entity ? entity : dynamic_cast<EMAIL_Entity*>(body.mParent);
+    }
+
     bool writeDelimiter(const EMAIL_Body& body, std::string_view end)
     {
         return mSink.write("--") && mSink.write(body.mBoundary.view()) && mSink.write(end);
@@ -87,6 +93,9 @@ private:
         if constexpr (Sink::kInMemory) {
             if (body != nullptr && typeid(*body) != typeid(EMAIL_Body))
                 return mSink.writeForeign(*body) && enterWithoutBody(entity, start);
+            // Nobody says what it is: its text stands.
+            if (body != nullptr && ownerOf(*body, &entity) == nullptr)
+                return mSink.writeLeaf(*body, *entity.mHeader) && enterWithoutBody(entity, start);
         }
         return body != nullptr ? enterBody(*body, &entity, start) : enterWithoutBody(entity, start);
     }
@@ -98,7 +107,7 @@ private:
 
     bool enterBody(EMAIL_Body& body, EMAIL_Entity* entity, int entityStart)
     {
-        auto* parent = body.mParent == entity ? entity : dynamic_cast<EMAIL_Entity*>(body.mParent);
+        EMAIL_Entity* parent = ownerOf(body, entity);
         if (parent == nullptr || parent->mHeader == nullptr)
             return false;
         const bool multipart = takeType(*parent->mHeader, body);
