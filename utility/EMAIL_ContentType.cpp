@@ -5,6 +5,7 @@
 #include "utility/EMAIL_Numbers.h"
 #include "utility/codec/CharsetNames.h"
 #include "utility/codec/MediaTypes.h"
+#include "utility/header/BoundaryForm.h"
 #include "utility/header/TypedField.h"
 #include "utility/text/Joined.h"
 #include "utility/text/Tokens.h"
@@ -283,10 +284,9 @@ void EMAIL_ContentType::storeParameter(const QCString& key, const QCString& valu
 void EMAIL_ContentType::createBoundary()
 {
     static constexpr char kDigits[] = "0123456789ABCDEF";
-    constexpr int kDigitCount = 24;
-    QByteArray boundary(12, '-');
+    QByteArray boundary(kBoundaryHyphens, '-');
     std::srand(nextSeed());
-    for (int i = 0; i < kDigitCount; ++i)
+    for (int i = 0; i < kBoundaryDigits; ++i)
         boundary.append(kDigits[std::rand() % 16]);
     setBoundary(QCString::fromBytes(boundary));
 }

@@ -10,6 +10,7 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/codec/MediaTypes.h"
 #include "utility/codec/TransferEncoding.h"
+#include "utility/header/BoundaryForm.h"
 
 #include <QFile>
 #include <algorithm>
@@ -23,9 +24,8 @@ namespace tarvomime {
 
 namespace {
 
-// The boundaries that are drawn: 12 hyphens and 24 digits.
-constexpr std::size_t kHyphens = 12;
-constexpr std::size_t kDrawnLength = 36;
+constexpr std::size_t kHyphens = kBoundaryHyphens;
+constexpr std::size_t kDrawnLength = kBoundaryHyphens + kBoundaryDigits;
 constexpr std::string_view kDelimiterStart = "--";
 constexpr int kBlock = 32768;
 
