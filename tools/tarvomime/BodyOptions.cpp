@@ -2,13 +2,13 @@
 #include "tools/tarvomime/BodyOptions.h"
 
 #include "extra/CharsetText.h"
+#include "tools/tarvomime/Arguments.h"
 #include "tools/tarvomime/Attachment.h"
 #include "tools/tarvomime/Envelope.h"
 #include "tools/tarvomime/InputFile.h"
 #include "tools/tarvomime/Session.h"
 #include "tools/tarvomime/StandardInput.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 
 namespace tarvomime::tool {
@@ -91,30 +91,24 @@ bool addInlineFiles(const BodyOptions& options, NewBody& body, Session& session)
 
 } // namespace
 
-void addTextOption(CLI::App& command, BodyOptions& options)
+void addTextOption(Arguments& arguments, BodyOptions& options)
 {
-    command.add_option("--text", options.text, "The text; \"-\" reads it from standard input")
-        ->type_name("TEXT");
+    arguments.option("--text", options.text, "TEXT",
+                     "The text; \"-\" reads it from standard input");
 }
 
-void addHtmlOptions(CLI::App& command, BodyOptions& options)
+void addHtmlOptions(Arguments& arguments, BodyOptions& options)
 {
-    CLI::Option* html =
-        command.add_option("--html", options.html, "The text as HTML, from a file or \"-\"")
-            ->type_name("FILE");
-    command
-        .add_option("--inline", options.inlineFiles,
-                    "Files that the HTML refers to as \"cid:NAME\"")
-        ->type_name("FILE")
-        ->check(fileNameProblem)
-        ->needs(html);
+    arguments.option("--html", options.html, "FILE", "The text as HTML, from a file or \"-\"");
+    arguments.listOption("--inline", options.inlineFiles, "FILE",
+                         "Files that the HTML refers to as \"cid:NAME\"", fileNameProblem);
+    arguments.need("--inline", "--html");
 }
 
-void addAttachOption(CLI::App& command, BodyOptions& options)
+void addAttachOption(Arguments& arguments, BodyOptions& options)
 {
-    command.add_option("--attach", options.attachments, "Files to attach")
-        ->type_name("FILE")
-        ->check(fileNameProblem);
+    arguments.listOption("--attach", options.attachments, "FILE", "Files to attach",
+                         fileNameProblem);
 }
 
 bool readTextOption(const BodyOptions& options, QString& text, Session& session)

@@ -6,12 +6,9 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
-
 namespace tarvomime::tool {
 
+class Arguments;
 class Session;
 
 /// What the body of a new message holds, from the command line.
@@ -24,11 +21,11 @@ struct BodyOptions
 };
 
 /// Adds --text.
-void addTextOption(CLI::App& command, BodyOptions& options);
+void addTextOption(Arguments& arguments, BodyOptions& options);
 /// Adds --html and --inline.
-void addHtmlOptions(CLI::App& command, BodyOptions& options);
+void addHtmlOptions(Arguments& arguments, BodyOptions& options);
 /// Adds --attach.
-void addAttachOption(CLI::App& command, BodyOptions& options);
+void addAttachOption(Arguments& arguments, BodyOptions& options);
 
 /// Reads the text that --text gives, "-" from standard input, with "\n" at its line ends. False
 /// after a complaint.

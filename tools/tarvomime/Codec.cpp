@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tools/tarvomime/Arguments.h"
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/InputFile.h"
 #include "tools/tarvomime/Interrupt.h"
@@ -7,7 +8,6 @@
 #include "tools/tarvomime/StandardInput.h"
 #include "utility/EMAIL_Util.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 
 namespace tarvomime::tool {
@@ -64,15 +64,12 @@ void addCodec(CLI::App& tool, Session& session, Direction direction, const std::
 {
     const auto options = std::make_shared<CodecOptions>();
     options->direction = direction;
-    CLI::App* command = addCommand(tool, name, description, example);
-    command->add_option("ENCODING", options->encoding, "base64 or quoted-printable")
-        ->required()
-        ->type_name("")
-        ->check(CLI::IsMember({"base64", "quoted-printable"}));
-    command->add_option("FILE", options->file, "The file to read; standard input if left out")
-        ->type_name("");
-    addOut(*command, options->out);
-    command->callback([options, &session] {
+    Arguments arguments(tool, name, description, example);
+    arguments.chosenValue("ENCODING", options->encoding, {"base64", "quoted-printable"},
+                          "base64 or quoted-printable");
+    arguments.optionalValue("FILE", options->file, "The file to read; standard input if left out");
+    arguments.out(options->out);
+    arguments.run([options, &session] {
         if (options->file.empty())
             convertStandardInput(*options, session);
         else

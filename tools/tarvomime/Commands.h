@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtGlobal>
 #include <string>
-#include <vector>
 
 namespace CLI {
 class App;
-class Option;
-} // namespace CLI
+}
 
 namespace tarvomime::tool {
 
 class Session;
-struct MailInputs;
 
 // Each adds one subcommand; parsing a command line that names it runs it in `session`.
 void addHeaders(CLI::App& tool, Session& session);
@@ -39,20 +35,5 @@ void addLint(CLI::App& tool, Session& session);
 /// an example that ends its help.
 CLI::App* addCommand(CLI::App& tool, const std::string& name, const std::string& description,
                      const std::string& footer);
-/// Adds "FILE..." (one or more).
-CLI::Option* addFiles(CLI::App& command, std::vector<std::string>& files);
-/// Adds "FILE" (exactly one).
-CLI::Option* addFile(CLI::App& command, std::string& file);
-/// Adds "FILE" (exactly one) and "--message NUMBER", for the one message of it.
-void addMessage(CLI::App& command, MailInputs& inputs);
-/// Adds an option for a whole number of at least `least`.
-void addNumber(CLI::App& command, const std::string& name, qint64& value, qint64 least,
-               const std::string& help);
-/// Adds "--out FILE"; standard output without it.
-CLI::Option* addOut(CLI::App& command, std::string& out);
-/// Adds "--json".
-CLI::Option* addJson(CLI::App& command, bool& json);
-/// Adds "--charset NAME" for text that names none; `charset` holds its number, and the default.
-CLI::Option* addCharset(CLI::App& command, int& charset);
 
 } // namespace tarvomime::tool

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tools/tarvomime/Arguments.h"
 #include "tools/tarvomime/BodyOptions.h"
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/Envelope.h"
@@ -6,7 +7,6 @@
 #include "tools/tarvomime/Session.h"
 #include "utility/EMAIL_MIME.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 
 namespace tarvomime::tool {
@@ -37,7 +37,7 @@ void compose(const ComposeOptions& options, Session& session)
 void addCompose(CLI::App& tool, Session& session)
 {
     const auto options = std::make_shared<ComposeOptions>();
-    CLI::App* command = addCommand(
+    Arguments arguments(
         tool, "compose", "Write a new message",
         "Text flows, and is quoted-printable or base64 where it is not plain ASCII or a\n"
         "line is too long. Without --text it is made of the HTML, in which \"cid:NAME\" is\n"
@@ -51,14 +51,14 @@ void addCompose(CLI::App& tool, Session& session)
         "    --subject 'Fotos' --text 'Anbei.' --attach 1.jpg 2.jpg --out mail.eml\n"
         "  tarvomime compose --from mira@a.example --to joern@b.example \\\n"
         "    --html letter.html --inline map.png --header 'X-Project: garden'");
-    addEnvelope(*command, options->envelope);
-    addRecipients(*command, options->envelope);
-    addInReplyTo(*command, options->envelope);
-    addTextOption(*command, options->body);
-    addHtmlOptions(*command, options->body);
-    addAttachOption(*command, options->body);
-    addCharset(*command, options->envelope.charset);
-    command->callback([options, &session] { compose(*options, session); });
+    addEnvelope(arguments, options->envelope);
+    addRecipients(arguments, options->envelope);
+    addInReplyTo(arguments, options->envelope);
+    addTextOption(arguments, options->body);
+    addHtmlOptions(arguments, options->body);
+    addAttachOption(arguments, options->body);
+    arguments.charset(options->envelope.charset);
+    arguments.run([options, &session] { compose(*options, session); });
 }
 
 } // namespace tarvomime::tool

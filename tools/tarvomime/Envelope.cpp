@@ -4,12 +4,11 @@
 #include "extra/AddressList.h"
 #include "extra/HeaderValue.h"
 #include "extra/MessageId.h"
-#include "tools/tarvomime/Commands.h"
+#include "tools/tarvomime/Arguments.h"
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_MIME.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <ctime>
 
@@ -134,56 +133,44 @@ std::string headerValueProblem(const std::string& value)
     return control ? "line breaks and control characters do not belong into a header" : "";
 }
 
-CLI::Option* addAddresses(CLI::App& command, const char* name, std::vector<std::string>& values,
-                          const char* description)
+void addAddresses(Arguments& arguments, const char* name, std::vector<std::string>& values,
+                  const char* description)
 {
-    return command.add_option(name, values, description)
-        ->type_name("ADDRESS")
-        ->check(addressProblem)
-        ->allow_extra_args(false);
+    arguments.repeatedOption(name, values, "ADDRESS", description, addressProblem);
 }
 
-void addEnvelope(CLI::App& command, Envelope& envelope)
+void addEnvelope(Arguments& arguments, Envelope& envelope)
 {
-    command.add_option("--from", envelope.from, "The sender")
-        ->type_name("ADDRESS")
-        ->check(senderProblem)
-        ->required();
-    addAddresses(command, "--cc", envelope.cc, "A further recipient; may be repeated");
-    addAddresses(command, "--bcc", envelope.bcc,
+    arguments.requiredOption("--from", envelope.from, "ADDRESS", "The sender", senderProblem);
+    addAddresses(arguments, "--cc", envelope.cc, "A further recipient; may be repeated");
+    addAddresses(arguments, "--bcc", envelope.bcc,
                  "A recipient whom the others do not see; 'sendable' takes the field out");
-    addAddresses(command, "--reply-to", envelope.replyTo,
+    addAddresses(arguments, "--reply-to", envelope.replyTo,
                  "Where answers shall go; may be repeated");
-    command.add_option("--subject", envelope.subject, "The subject")
-        ->type_name("TEXT")
-        ->check(textProblem);
-    command.add_option("--header", envelope.headers, "A further field; may be repeated")
-        ->type_name("'NAME: VALUE'")
-        ->check(headerProblem)
-        ->allow_extra_args(false);
-    command.add_option("--message-id", envelope.messageId, "The message's id (default: a new one)")
-        ->type_name("ID")
-        ->check(messageIdProblem);
-    command.add_flag("--receipt", envelope.receipt, "Ask for a read receipt");
-    addOut(command, envelope.out);
+    arguments.option("--subject", envelope.subject, "TEXT", "The subject", textProblem);
+    arguments.repeatedOption("--header", envelope.headers, "'NAME: VALUE'",
+                             "A further field; may be repeated", headerProblem);
+    arguments.option("--message-id", envelope.messageId, "ID",
+                     "The message's id (default: a new one)", messageIdProblem);
+    arguments.flag("--receipt", envelope.receipt, "Ask for a read receipt");
+    arguments.out(envelope.out);
 }
 
-void addRecipients(CLI::App& command, Envelope& envelope)
+void addRecipients(Arguments& arguments, Envelope& envelope)
 {
-    addAddresses(command, "--to", envelope.to, "A recipient; may be repeated");
+    addAddresses(arguments, "--to", envelope.to, "A recipient; may be repeated");
 }
 
-void addInReplyTo(CLI::App& command, Envelope& envelope)
+void addInReplyTo(Arguments& arguments, Envelope& envelope)
 {
-    command.add_option("--in-reply-to", envelope.inReplyTo, "The id of the message answered")
-        ->type_name("ID")
-        ->check(messageIdProblem);
+    arguments.option("--in-reply-to", envelope.inReplyTo, "ID", "The id of the message answered",
+                     messageIdProblem);
 }
 
 void requireRecipient(const Envelope& envelope)
 {
     if (envelope.to.empty() && envelope.cc.empty() && envelope.bcc.empty())
-        throw CLI::RequiredError("--to, --cc or --bcc");
+        Arguments::refuseWithout("--to, --cc or --bcc");
 }
 
 Mailbox senderOf(const Envelope& envelope)

@@ -10,12 +10,9 @@
 
 class EMAIL_MIME;
 
-namespace CLI {
-class App;
-class Option;
-} // namespace CLI
-
 namespace tarvomime::tool {
+
+class Arguments;
 
 /// What the header of a new message says, from the command line.
 struct Envelope
@@ -39,20 +36,19 @@ struct Envelope
 
 /// Adds what every new message may have: --from, --cc, --bcc, --reply-to, --subject, --header,
 /// --message-id, --receipt and --out.
-void addEnvelope(CLI::App& command, Envelope& envelope);
+void addEnvelope(Arguments& arguments, Envelope& envelope);
 /// Adds an option whose values are people.
-CLI::Option* addAddresses(CLI::App& command, const char* name, std::vector<std::string>& values,
-                          const char* description);
+void addAddresses(Arguments& arguments, const char* name, std::vector<std::string>& values,
+                  const char* description);
 /// Adds --to.
-void addRecipients(CLI::App& command, Envelope& envelope);
+void addRecipients(Arguments& arguments, Envelope& envelope);
 /// Adds --in-reply-to.
-void addInReplyTo(CLI::App& command, Envelope& envelope);
+void addInReplyTo(Arguments& arguments, Envelope& envelope);
 
-/// Throws CLI11's error when nobody would get the message.
+/// Ends the command, as for a missing option, when nobody would get the message.
 void requireRecipient(const Envelope& envelope);
 
-/// Refuses control characters in a value for the header, as a check for CLI11: the problem, or an
-/// empty text.
+/// Refuses control characters in a value for the header: the problem, or an empty text.
 std::string headerValueProblem(const std::string& value);
 
 /// The person who writes.

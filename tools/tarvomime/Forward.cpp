@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "extra/Reply.h"
+#include "tools/tarvomime/Arguments.h"
 #include "tools/tarvomime/BodyOptions.h"
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/Envelope.h"
@@ -7,7 +8,6 @@
 #include "tools/tarvomime/Original.h"
 #include "tools/tarvomime/Session.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 
 namespace tarvomime::tool {
@@ -72,7 +72,7 @@ void forward(const ForwardCommand& command, Session& session)
 void addForward(CLI::App& tool, Session& session)
 {
     const auto options = std::make_shared<ForwardCommand>();
-    CLI::App* command = addCommand(
+    Arguments arguments(
         tool, "forward", "Write a message that hands another one on",
         "Its text stands below yours and its attachments come along, or the whole message\n"
         "is attached as it is.\n"
@@ -80,13 +80,13 @@ void addForward(CLI::App& tool, Session& session)
         "Example:\n"
         "  tarvomime forward mail.eml --from mira@a.example --to joern@b.example --out fwd.eml\n"
         "  tarvomime forward mail.eml --attached --from mira@a.example --to joern@b.example");
-    addMessage(*command, options->original);
-    addEnvelope(*command, options->envelope);
-    addRecipients(*command, options->envelope);
-    command->add_flag("--attached", options->attached, "Attach the message as it is");
-    addTextOption(*command, options->body);
-    addAttachOption(*command, options->body);
-    command->callback([options, &session] { forward(*options, session); });
+    addMessage(arguments, options->original);
+    addEnvelope(arguments, options->envelope);
+    addRecipients(arguments, options->envelope);
+    arguments.flag("--attached", options->attached, "Attach the message as it is");
+    addTextOption(arguments, options->body);
+    addAttachOption(arguments, options->body);
+    arguments.run([options, &session] { forward(*options, session); });
 }
 
 } // namespace tarvomime::tool

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tools/tarvomime/Arguments.h"
 #include "tools/tarvomime/BodyOptions.h"
 #include "tools/tarvomime/CalendarFile.h"
 #include "tools/tarvomime/Commands.h"
@@ -9,7 +10,6 @@
 #include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_MultiPart.h"
 
-#include <CLI/CLI.hpp>
 #include <QFile>
 #include <memory>
 
@@ -87,7 +87,7 @@ void invite(const InviteOptions& options, Session& session)
 void addInvite(CLI::App& tool, Session& session)
 {
     const auto options = std::make_shared<InviteOptions>();
-    CLI::App* command = addCommand(
+    Arguments arguments(
         tool, "invite", "Write a message that carries a meeting invitation",
         "The message holds the text and the calendar as alternatives. The method is the\n"
         "calendar's own, or REQUEST where it names none; another one is refused, and so is\n"
@@ -96,17 +96,14 @@ void addInvite(CLI::App& tool, Session& session)
         "Example:\n"
         "  tarvomime invite --from mira@a.example --to joern@b.example \\\n"
         "    --subject 'Treffen' --text 'Passt das?' --ics meeting.ics --out mail.eml");
-    addEnvelope(*command, options->envelope);
-    addRecipients(*command, options->envelope);
-    addInReplyTo(*command, options->envelope);
-    addTextOption(*command, options->body);
-    command->add_option("--ics", options->calendar, "The calendar file")
-        ->required()
-        ->type_name("FILE");
-    command->add_option("--method", options->method, "REQUEST, REPLY, CANCEL, ...")
-        ->type_name("NAME")
-        ->check(methodProblem);
-    command->callback([options, &session] { invite(*options, session); });
+    addEnvelope(arguments, options->envelope);
+    addRecipients(arguments, options->envelope);
+    addInReplyTo(arguments, options->envelope);
+    addTextOption(arguments, options->body);
+    arguments.requiredOption("--ics", options->calendar, "FILE", "The calendar file");
+    arguments.option("--method", options->method, "NAME", "REQUEST, REPLY, CANCEL, ...",
+                     methodProblem);
+    arguments.run([options, &session] { invite(*options, session); });
 }
 
 } // namespace tarvomime::tool

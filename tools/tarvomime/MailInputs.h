@@ -26,5 +26,7 @@ struct MailInputs
 
 /// Adds "FILE...", "--message NUMBER" and "--offset NUMBER".
 void addMailInputs(Arguments& arguments, MailInputs& inputs);
+/// Adds "FILE" (exactly one) and "--message NUMBER", for the one message of it.
+void addMessage(Arguments& arguments, MailInputs& inputs);
 
 } // namespace tarvomime::tool

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tools/tarvomime/Arguments.h"
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/InputFile.h"
 #include "tools/tarvomime/Interrupt.h"
@@ -7,7 +8,6 @@
 #include "tools/tarvomime/StoredMessage.h"
 #include "utility/EMAIL_Message.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 
 namespace tarvomime::tool {
@@ -39,16 +39,16 @@ void reassemble(const ReassembleOptions& options, Session& session)
 void addReassemble(CLI::App& tool, Session& session)
 {
     const auto options = std::make_shared<ReassembleOptions>();
-    CLI::App* command = addCommand(
+    Arguments arguments(
         tool, "reassemble", "Parse a message, assemble it again and write it",
         "The message is written as the library assembles it: From, To, Date and Subject\n"
         "first, then the other fields; text outside the parts is dropped.\n"
         "\n"
         "Example:\n"
         "  tarvomime reassemble mail.eml --out again.eml");
-    addFile(*command, options->file);
-    addOut(*command, options->out);
-    command->callback([options, &session] { reassemble(*options, session); });
+    arguments.value("FILE", options->file, "Message file");
+    arguments.out(options->out);
+    arguments.run([options, &session] { reassemble(*options, session); });
 }
 
 } // namespace tarvomime::tool

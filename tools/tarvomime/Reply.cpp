@@ -4,6 +4,7 @@
 #include "extra/AddressList.h"
 #include "extra/EncodedWords.h"
 #include "extra/Quoting.h"
+#include "tools/tarvomime/Arguments.h"
 #include "tools/tarvomime/BodyOptions.h"
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/Envelope.h"
@@ -13,7 +14,6 @@
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 
 namespace tarvomime::tool {
@@ -103,7 +103,7 @@ void reply(const ReplyCommand& command, Session& session)
 void addReply(CLI::App& tool, Session& session)
 {
     const auto options = std::make_shared<ReplyCommand>();
-    CLI::App* command = addCommand(
+    Arguments arguments(
         tool, "reply", "Write an answer to a message",
         "The answer goes to whom the message wants answers sent, is tied to it by\n"
         "In-Reply-To and References, and quotes its text below yours. The answer to a\n"
@@ -114,18 +114,17 @@ void addReply(CLI::App& tool, Session& session)
         "  tarvomime reply mail.eml --from mira@a.example --text 'Gern!' --out reply.eml\n"
         "  tarvomime reply mail.eml --all --from mira@a.example --own mo@b.example \\\n"
         "    --text - <answer.txt >reply.eml");
-    addMessage(*command, options->original);
-    addEnvelope(*command, options->envelope);
-    CLI::Option* all =
-        command->add_flag("--all", options->toAll, "Answer to all who got the message too");
-    command->add_flag("--list", options->toList, "Answer to the mailing list that it came over")
-        ->excludes(all);
-    addAddresses(*command, "--own", options->own,
+    addMessage(arguments, options->original);
+    addEnvelope(arguments, options->envelope);
+    arguments.flag("--all", options->toAll, "Answer to all who got the message too");
+    arguments.flag("--list", options->toList, "Answer to the mailing list that it came over");
+    arguments.exclude("--list", "--all");
+    addAddresses(arguments, "--own", options->own,
                  "A further address of yours, not to be answered; may be repeated");
-    command->add_flag("--no-quote", options->noQuote, "Leave the text of the message out");
-    addTextOption(*command, options->body);
-    addAttachOption(*command, options->body);
-    command->callback([options, &session] { reply(*options, session); });
+    arguments.flag("--no-quote", options->noQuote, "Leave the text of the message out");
+    addTextOption(arguments, options->body);
+    addAttachOption(arguments, options->body);
+    arguments.run([options, &session] { reply(*options, session); });
 }
 
 } // namespace tarvomime::tool

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tools/tarvomime/Arguments.h"
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/InputFile.h"
 #include "tools/tarvomime/MessageWriter.h"
@@ -6,7 +7,6 @@
 #include "tools/tarvomime/StoredMessage.h"
 #include "utility/EMAIL_MIME.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 
 namespace tarvomime::tool {
@@ -37,16 +37,16 @@ void makeSendable(const SendableOptions& options, Session& session)
 void addSendable(CLI::App& tool, Session& session)
 {
     const auto options = std::make_shared<SendableOptions>();
-    CLI::App* command = addCommand(
+    Arguments arguments(
         tool, "sendable", "Strip a stored message of what must not be sent",
         "Bcc and the private fields of the mail store (download state, truncation, smart\n"
         "send) are removed from the message and from its parts.\n"
         "\n"
         "Example:\n"
         "  tarvomime sendable draft.eml --out outgoing.eml");
-    addFile(*command, options->file);
-    addOut(*command, options->out);
-    command->callback([options, &session] { makeSendable(*options, session); });
+    arguments.value("FILE", options->file, "Message file");
+    arguments.out(options->out);
+    arguments.run([options, &session] { makeSendable(*options, session); });
 }
 
 } // namespace tarvomime::tool

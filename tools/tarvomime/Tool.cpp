@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tools/tarvomime/Tool.h"
 
-#include "tools/tarvomime/CharsetNames.h"
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/Complete.h"
-#include "tools/tarvomime/MailInputs.h"
 #include "tools/tarvomime/NearestName.h"
 #include "tools/tarvomime/Process.h"
 #include "tools/tarvomime/Session.h"
-#include "utility/EMAIL_Util.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -166,64 +163,6 @@ CLI::App* addCommand(CLI::App& tool, const std::string& name, const std::string&
     command->footer(footer);
     command->group("Commands");
     return command;
-}
-
-CLI::Option* addFiles(CLI::App& command, std::vector<std::string>& files)
-{
-    return command.add_option("FILE", files, "Message files")->required()->type_name("");
-}
-
-CLI::Option* addFile(CLI::App& command, std::string& file)
-{
-    return command.add_option("FILE", file, "Message file")->required()->type_name("");
-}
-
-void addMessage(CLI::App& command, MailInputs& inputs)
-{
-    command.add_option("FILE", inputs.paths, "The message, or the mbox that holds it")
-        ->required()
-        ->type_name("")
-        ->expected(1);
-    addNumber(command, "--message", inputs.number, 1,
-              "Only this message of an mbox, counted from 1");
-}
-
-void addNumber(CLI::App& command, const std::string& name, qint64& value, qint64 least,
-               const std::string& help)
-{
-    // A range of CLI11 would tell people the largest number that a computer holds.
-    const auto recognise = [least](const std::string& text) {
-        bool isNumber = false;
-        const qint64 number = QByteArray::fromStdString(text).toLongLong(&isNumber);
-        return isNumber && number >= least
-                   ? std::string()
-                   : "'" + text + "' is no whole number from " + std::to_string(least) + " on";
-    };
-    command.add_option(name, value, help)->type_name("NUMBER")->check(recognise);
-}
-
-CLI::Option* addOut(CLI::App& command, std::string& out)
-{
-    return command.add_option("--out", out, "Write to this file instead of standard output")
-        ->type_name("FILE");
-}
-
-CLI::Option* addJson(CLI::App& command, bool& json)
-{
-    return command.add_flag("--json", json, "Print JSON, for programs");
-}
-
-CLI::Option* addCharset(CLI::App& command, int& charset)
-{
-    const auto recognise = [&charset](const std::string& name) {
-        charset = EMAIL_Util::charsetStrToEnum(name.c_str());
-        return charset == CHARSET_UNKNOWN ? unknownCharset(name) : std::string();
-    };
-    return command
-        .add_option("--charset", "Charset of text that does not say its own (default: utf-8)")
-        ->type_name("NAME")
-        ->check(recognise)
-        ->expected(1);
 }
 
 int runTool(int argumentCount, const char* const* arguments)

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "tools/tarvomime/Arguments.h"
 #include "tools/tarvomime/Commands.h"
 #include "tools/tarvomime/Printable.h"
 #include "tools/tarvomime/Session.h"
 #include "utility/EMAIL_Util.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 
 namespace tarvomime::tool {
@@ -32,32 +32,32 @@ void encodeWords(const WordsOptions& options, Session& session)
     session.print(QByteArray(encoded) + '\n');
 }
 
-void addDirection(CLI::App& words, Session& session, const std::string& name,
+void addDirection(const Arguments& words, Session& session, const std::string& name,
                   const std::string& description, const std::string& footer,
                   void (*run)(const WordsOptions&, Session&))
 {
     const auto options = std::make_shared<WordsOptions>();
-    CLI::App* command = addCommand(words, name, description, footer);
-    command->add_option("TEXT", options->text, "The text")->required()->type_name("");
-    addCharset(*command, options->charset);
-    command->callback([options, run, &session] { run(*options, session); });
+    Arguments arguments(words, name, description, footer);
+    arguments.value("TEXT", options->text, "The text");
+    arguments.charset(options->charset);
+    arguments.run([options, run, &session] { run(*options, session); });
 }
 
 } // namespace
 
 void addWords(CLI::App& tool, Session& session)
 {
-    CLI::App* words = addCommand(tool, "words", "Decode and encode the encoded words of headers",
-                                 "Example:\n"
-                                 "  tarvomime words decode '=?utf-8?Q?caf=C3=A9?='");
-    words->require_subcommand(1);
-    addDirection(*words, session, "decode", "Decode a field body that holds encoded words",
+    Arguments words(tool, "words", "Decode and encode the encoded words of headers",
+                    "Example:\n"
+                    "  tarvomime words decode '=?utf-8?Q?caf=C3=A9?='");
+    words.requireCommand();
+    addDirection(words, session, "decode", "Decode a field body that holds encoded words",
                  "Text without encoded words is read in the charset given.\n"
                  "\n"
                  "Example:\n"
                  "  tarvomime words decode '=?utf-8?Q?caf=C3=A9?='",
                  decodeWords);
-    addDirection(*words, session, "encode", "Encode text for a header field, if it needs it",
+    addDirection(words, session, "encode", "Encode text for a header field, if it needs it",
                  "The result has CR LF and a tab between words, as a folded field has. Text that\n"
                  "the charset cannot hold is encoded in utf-8.\n"
                  "\n"
