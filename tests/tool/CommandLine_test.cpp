@@ -147,7 +147,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(CommandLine, FileOfTwoGibibytesIsRefused)
 {
     const ToolRunner tool;
-    QFile large(tool.write("large.eml", ""));
+    QFile large(tool.write("large.eml", kMail));
     ASSERT_TRUE(large.resize(qint64(1) << 31));
     const ToolResult result = tool.run({"headers", "large.eml"});
     EXPECT_EQ(result.status, 1);
