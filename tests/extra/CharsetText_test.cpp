@@ -3,6 +3,7 @@
 
 #include "tests/support/Printers.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace tarvomime;

@@ -7,5 +7,4 @@
 #include <QByteArray>
 #include <QFile>
 #include <QString>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Util.h"
 
+#include <gmock/gmock.h>
 #include <random>
 
 namespace {

@@ -5,6 +5,7 @@
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_Message.h"
 
+#include <gmock/gmock.h>
 #include <memory>
 #include <vector>
 
