@@ -57,4 +57,6 @@ function(tarvomime_register_test name)
   tarvomime_compile_as_test(${name})
   target_precompile_headers(${name} REUSE_FROM tarvomime_test_headers)
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
+  # They take longer than other tests: started first, they leave no processor idle at the end.
+  set_tests_properties(${name} PROPERTIES COST 10)
 endfunction()

@@ -70,14 +70,14 @@ duration() {
 }
 
 # Reads what ninja prints and shows how far it is: one changing line on a terminal, a line every minute
-# elsewhere. A step is about two seconds of one processor, which makes the first estimate.
+# elsewhere. A step is about a second of one processor, which makes the first estimate.
 show_progress() {
     local line progress started=$SECONDS shown=$SECONDS announced=
     while IFS= read -r line; do
         [[ "$line" =~ ^\[([1-9][0-9]*)/([0-9]+)\] ]] || continue
         local done=${BASH_REMATCH[1]} total=${BASH_REMATCH[2]}
         if [ -z "$announced" ] && [ "$total" -ge 10 ]; then
-            say "Compiling: $total steps, about $(duration $((total * 2 / $(nproc))))"
+            say "Compiling: $total steps, about $(duration $((total / $(nproc))))"
             announced=yes
         fi
         progress="   step $done of $total, about $(duration $(((SECONDS - started) * (total - done) / done))) left"
