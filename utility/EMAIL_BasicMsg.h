@@ -66,7 +66,8 @@ public:
     /// 1. The fields are appended to those that are already there: lookups, which take the first
     ///    field of a name, keep finding the older ones.
     void setHeader(const QCString& text);
-    /// Removes the private bookkeeping fields and Bcc from the message's own header.
+    /// Removes Bcc and the private bookkeeping fields that must not leave the phone from the
+    /// message's own header; see `EMAIL_Header::asSendable` for those that stay.
     void makeHeaderSendable();
 
     // Addresses and subject (RFC 5322, sections 3.6.2, 3.6.3 and 3.6.5). Getters decode the stored

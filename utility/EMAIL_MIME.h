@@ -55,9 +55,9 @@ public:
     /// Programs that compose in the same second draw the same boundaries: a message of one of them,
     /// attached in the other, would end the part that holds it too early.
     int makeBoundariesUnique();
-    /// Strips the private bookkeeping fields from the message's header and from all its parts, and
-    /// removes Bcc. Every top-level part is rebuilt: containers get fresh boundaries, and fields
-    /// that `EMAIL_MultiPart` does not model are lost.
+    /// Strips the message's header as `EMAIL_BasicMsg` does, and the download state from all its
+    /// parts, whose identifiers stay. Every top-level part is rebuilt: containers get fresh
+    /// boundaries, and fields that `EMAIL_MultiPart` does not model are lost.
     void makeHeaderSendable();
 
     // Conversion between parts and components.

@@ -47,9 +47,10 @@ public:
     // callback.
     //
     // The file forms write to `out`, which is open for writing, in blocks of 32768 bytes or a few
-    // more; the decoders read exactly `len` bytes and ask the callback before each block but the
-    // last. They return 0 once the file has taken every byte, and -1 when a write failed or the
-    // callback returned -1; what was written by then stays in the file.
+    // more; the decoders read exactly `len` bytes and ask the callback before each such block, but
+    // not before the shorter rest at the end. They return 0 once the file has taken every byte, and
+    // -1 when a write failed or the callback returned -1; what was written by then stays in the
+    // file.
     //
     // No text is an error for a decoder.
 
@@ -176,8 +177,8 @@ public:
     static void encode_2047_String_Aux(QString const& text, int cs, int form, QCString& out);
     /// Sets `out` to the wire form of a list of addresses, split at every ",", quoted or not: what
     /// stands before the last "<" of an item becomes words, the rest bytes of the charset. An item
-    /// without "<", or with nothing before it, becomes bytes as a whole. Name and bytes end at a
-    /// U+0000. A list without items leaves `out` alone.
+    /// without "<", or with nothing before it, becomes bytes as a whole. The bytes, and a name that
+    /// needs no words, end at a U+0000. A list without items leaves `out` alone.
     static void encode_2047_Address(QString const& text, int cs, QCString& out);
     /// Appends the text of a field body with words to `out`, its line ends and the white space
     /// behind each word dropped; text beside words is Latin-1. A body without words replaces `out`

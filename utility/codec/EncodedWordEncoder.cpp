@@ -192,7 +192,7 @@ std::optional<QCString> wordsOf(const QString& text, int charset)
 // Behind the last "<" stands the address, which holds no words; an item without a name before it
 // is taken as it is.
 //
-// 1. Name and address each end at a NUL, like every value of a header.
+// 1. Name and address each end at a NUL, like every value of a header; a name in words holds it.
 std::optional<QCString> encodedAddress(const QString& item, int charset)
 {
     const int addressStart = std::max(0, static_cast<int>(item.lastIndexOf(QLatin1Char('<'))));

@@ -13,7 +13,6 @@ namespace tarvomime {
 
 namespace {
 
-// A byte that is no digit; see the list in the header.
 class QpEncoder
 {
 public:

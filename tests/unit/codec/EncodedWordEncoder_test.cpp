@@ -329,13 +329,16 @@ TEST(EncodedWordEncoder, AHundredAndSixtyThousandLetters)
     EXPECT_EQ(left, 0);
 }
 
-TEST(EncodedWordEncoder, AddressesEndAtNul)
+TEST(EncodedWordEncoder, AddressesEndAtNulOutsideWords)
 {
     const QString text = QStringLiteral("a") + QChar(0) + QStringLiteral("b");
     EXPECT_EQ(addresses(text, 2), "a");
     EXPECT_EQ(addresses(text, 13), "a");
     EXPECT_EQ(addresses(text + ",c", 2), "a,c") << "the item, not the list";
     EXPECT_EQ(addresses("n <" + text + ">", 2), "n <a");
+    EXPECT_EQ(addresses(text + "<c>", 2), "a<c>") << "name and address each";
+    EXPECT_EQ(addresses(text + QChar(0xE9) + "<c>", 2), "=?utf-8?b?YQBiw6k=?=<c>")
+        << "words hold it";
 }
 
 TEST(EncodedWordEncoder, Addresses)
