@@ -317,7 +317,7 @@ TEST_F(FileBackedBody, IsStreamedInBlocksThatAskTheCallback)
     EXPECT_EQ(mMessage.getBody(&mTarget, [&calls] { return ++calls, 0; }), 0);
     EXPECT_EQ(resources(), before);
     EXPECT_EQ(mTarget.written(), QByteArray(100000, 'x'));
-    EXPECT_GE(calls, 3);
+    EXPECT_EQ(calls, 3) << "the rest is no full block";
 }
 
 TEST_F(FileBackedBody, CallbackCancels)
@@ -327,7 +327,7 @@ TEST_F(FileBackedBody, CallbackCancels)
     EXPECT_EQ(mTarget.written(), "");
     int calls = 0;
     EXPECT_EQ(mMessage.getBody(&mTarget, [&calls] { return ++calls == 2 ? -1 : 0; }), -1);
-    EXPECT_LT(mTarget.written().size(), 100000);
+    EXPECT_EQ(mTarget.written(), QByteArray(32769, 'x')) << "the first block, of whole groups";
     EXPECT_EQ(resources(), before);
 }
 

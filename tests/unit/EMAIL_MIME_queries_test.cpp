@@ -184,7 +184,7 @@ class BlankImage : public testing::TestWithParam<BlankRow>
 
 } // namespace
 
-TEST_P(BlankImage, IsNoAttachment)
+TEST_P(BlankImage, IsNoAttachmentWhileShortAndOfCrLfOnly)
 {
     EMAIL_MIME mime(QByteArray("Content-Type: image/png\r\n\r\n"));
     mime.mMessage->mBody->setMessage(GetParam().body);
