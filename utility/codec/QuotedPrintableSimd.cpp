@@ -170,12 +170,10 @@ Stretch encodeLines(const std::uint8_t* in, std::size_t length, std::uint8_t* ou
 
 // Whether no unit begins or ends here.
 template <class D>
-HWY_INLINE bool isPlain(D d, Bytes<D> bytes, Bytes<D> before, Bytes<D> twoBefore)
+HWY_INLINE bool isPlain(D d, Bytes<D> bytes, const std::uint8_t* in)
 {
-    const auto equals = hn::Set(d, '=');
-    const auto starts = hn::Or(hn::Eq(bytes, equals), hn::Eq(bytes, hn::Zero(d)));
-    return hn::AllFalse(d,
-                        hn::Or(starts, hn::Or(hn::Eq(before, equals), hn::Eq(twoBefore, equals))));
+    const auto starts = hn::Or(hn::Eq(bytes, hn::Set(d, '=')), hn::Eq(bytes, hn::Zero(d)));
+    return hn::AllFalse(d, starts) && in[-1] != '=' && in[-2] != '=';
 }
 
 // Decodes the vector at `in`, which has two bytes of the text in front, or any but "=". Returns how
@@ -186,14 +184,14 @@ HWY_INLINE std::size_t decodeVector(D d, const std::uint8_t* in, std::uint8_t*& 
 {
     constexpr std::size_t kVector = hn::MaxLanes(D());
     const auto bytes = hn::LoadU(d, in);
-    const auto before = hn::LoadU(d, in - 1);
-    const auto twoBefore = hn::LoadU(d, in - 2);
     // Most of a Western text.
-    if (isPlain(d, bytes, before, twoBefore)) {
+    if (isPlain(d, bytes, in)) {
         hn::StoreU(bytes, d, out);
         out += kVector;
         return kVector;
     }
+    const auto before = hn::LoadU(d, in - 1);
+    const auto twoBefore = hn::LoadU(d, in - 2);
     const UnitMarks<D> marks = markUnits(d, bytes, before, twoBefore);
     const auto odd = hn::Or(hn::Eq(bytes, hn::Zero(d)), marks.irregular);
     const std::size_t taken =
