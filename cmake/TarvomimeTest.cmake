@@ -48,8 +48,12 @@ function(tarvomime_compile_as_test name)
   if(CMAKE_CROSSCOMPILING_EMULATOR)
     target_compile_definitions(${name} PRIVATE TARVOMIME_EMULATED)
   endif()
-  # Test code is compiled far more often than it runs: optimising it would only cost time, with sanitizers
-  # most of all. What is tested is compiled as the preset says. Debian's hardening wants optimised code.
+  tarvomime_leave_unoptimised(${name})
+endfunction()
+
+# Test code is compiled far more often than it runs: optimising it would only cost time, with sanitizers
+# most of all. What is tested is compiled as the preset says. Debian's hardening wants optimised code.
+function(tarvomime_leave_unoptimised name)
   target_compile_options(${name} PRIVATE -O0 -U_FORTIFY_SOURCE)
 endfunction()
 

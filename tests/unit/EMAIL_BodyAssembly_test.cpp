@@ -14,6 +14,15 @@ namespace {
 
 constexpr int maxInt = std::numeric_limits<int>::max();
 
+EMAIL_BodyPart* addPart(BodyOwner& owner)
+{
+    auto* part = new EMAIL_BodyPart;
+    part->mHeader->setSubject("one");
+    part->mBody->setMessage("text");
+    owner.mBody->insertBodyPart(part, 0);
+    return part;
+}
+
 } // namespace
 
 TEST(EMAIL_BodyAssembly, GivesItsText)
@@ -172,10 +181,7 @@ TEST(EMAIL_BodyAssembly, AssemblesNothingWithoutAnEntityAbove)
 TEST(EMAIL_BodyAssembly, ABodyThatWasTakenFromItsEntityIsItsTextInMemory)
 {
     BodyOwner owner("multipart/mixed; boundary=b");
-    auto* part = new EMAIL_BodyPart;
-    part->mHeader->setSubject("one");
-    part->mBody->setMessage("text");
-    owner.mBody->insertBodyPart(part, 0);
+    EMAIL_BodyPart* const part = addPart(owner);
     part->mBody->setParent(nullptr);
     EXPECT_EQ(owner.assemble(nullptr), 0);
     EXPECT_EQ(part->getMessage(), "Subject: one\r\n\r\ntext");
@@ -233,10 +239,7 @@ TEST(EMAIL_BodyAssembly, AMessageIsWrittenFromItsText)
 TEST(EMAIL_BodyAssembly, AssemblesAddedParts)
 {
     BodyOwner owner("multipart/mixed; boundary=b");
-    auto* part = new EMAIL_BodyPart;
-    part->mHeader->setSubject("one");
-    part->mBody->setMessage("text");
-    owner.mBody->insertBodyPart(part, 0);
+    EMAIL_BodyPart* const part = addPart(owner);
     owner.mBody->insertBodyPart(new EMAIL_BodyPart, 1);
     const QByteArray expected("--b\r\nSubject: one\r\n\r\ntext\r\n--b\r\n\r\n--b--\r\n");
     owner.assemble();

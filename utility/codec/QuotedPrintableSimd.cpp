@@ -168,7 +168,8 @@ Stretch encodeLines(const std::uint8_t* in, std::size_t length, std::uint8_t* ou
     }
 }
 
-// Whether no unit begins or ends here.
+// Whether no unit begins or ends here. One that ends here began in the vector itself or in the two
+// bytes in front, so that these need no vectors of their own.
 template <class D>
 HWY_INLINE bool isPlain(D d, Bytes<D> bytes, const std::uint8_t* in)
 {
