@@ -185,9 +185,7 @@ WordMarks marksOfWord(std::string_view body)
     WordMarks marks;
     marks.name = nextMark(body, 1);
     marks.form = nextMark(body, marks.name);
-    marks.end = nextMark(body, marks.form);
-    while (marks.end != kNotFound && body.substr(marks.end, 2) != kWordEnd)
-        marks.end = nextMark(body, marks.end);
+    marks.end = marks.form == kNotFound ? kNotFound : body.find(kWordEnd, marks.form + 1);
     return marks;
 }
 
