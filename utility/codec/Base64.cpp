@@ -245,6 +245,11 @@ quint64 base64Size(quint64 length, bool breakLines)
     return 4 * groups + (breakLines ? 2 * lines : 0);
 }
 
+std::size_t longestDecoding(std::size_t length)
+{
+    return static_cast<std::size_t>(roomFromBase64(length));
+}
+
 } // namespace
 
 std::size_t encodedBase64Length(std::size_t length, bool breakLines)
@@ -257,7 +262,7 @@ QByteArray encodeBase64(const char* data, unsigned long length, bool breakLines)
     // Nothing of what would become too long is looked at, and its length could wrap round.
     if (data == nullptr || length > static_cast<unsigned long>(QCString::longestLength))
         return {};
-    return runInMemory(Base64Encoder(breakLines), BodyBytes(std::string_view(data, length)),
+    return runInMemory(Base64Encoder(breakLines), std::string_view(data, length),
                        encodedBase64Length(length, breakLines))
         .value_or(QByteArray());
 }
@@ -293,8 +298,7 @@ qint64 encodeBase64Into(std::string_view bytes, bool breakLines, GivenRoom given
 
 std::optional<QByteArray> decodeBase64(const BodyBytes& text, NulByte nulByte)
 {
-    return runInMemory(Base64Decoder(nulByte), text,
-                       static_cast<std::size_t>(roomFromBase64(text.size())));
+    return runInMemory(Base64Decoder(nulByte), text, longestDecoding(text.size()));
 }
 
 qint64 roomFromBase64(unsigned long length)
@@ -309,7 +313,9 @@ qint64 decodeBase64Into(std::string_view text, GivenRoom given)
 
 QByteArray decodeBase64(std::string_view text, unsigned long* decodedLength, NulByte nulByte)
 {
-    auto decoded = text.empty() ? std::nullopt : decodeBase64(BodyBytes(text), nulByte);
+    auto decoded = text.empty()
+                       ? std::nullopt
+                       : runInMemory(Base64Decoder(nulByte), text, longestDecoding(text.size()));
     if (!decoded)
         return {};
     *decodedLength = static_cast<unsigned long>(decoded->size());

@@ -193,7 +193,7 @@ QByteArray encodeQp(const char* data, unsigned long length, bool breakLines)
     if (data == nullptr || length > static_cast<unsigned long>(QCString::longestLength))
         return {};
     const quint64 columns = length + 2 * quint64{countQpEscapes(data, length)};
-    return runInMemory(QpEncoder(breakLines), BodyBytes(std::string_view(data, length)),
+    return runInMemory(QpEncoder(breakLines), std::string_view(data, length),
                        longestEncoding(columns, breakLines))
         .value_or(QByteArray());
 }
@@ -228,7 +228,7 @@ std::optional<QByteArray> decodeQp(const BodyBytes& text, NulByte nulByte)
 
 QByteArray decodeQp(std::string_view text, unsigned long* decodedLength, NulByte nulByte)
 {
-    auto decoded = decodeQp(BodyBytes(text), nulByte);
+    auto decoded = runInMemory(QpDecoder(nulByte), text, text.size());
     if (!decoded)
         return {};
     *decodedLength = static_cast<unsigned long>(decoded->size());

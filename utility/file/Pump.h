@@ -22,6 +22,21 @@ namespace tarvomime {
 /// The fast path would fall out of step at a line that a block's end divides.
 constexpr std::size_t kWholeLines = std::size_t{78} * 77 * 5;
 
+/// Runs `codec` over one block. Returns 0, or the sink's refusal.
+template <class Codec, class Sink>
+int pumpBlock(Codec& codec, std::string_view block, Sink& sink)
+{
+    codec.take(block);
+    sink.next = codec.run(sink.next, sink.limit);
+    while (sink.next >= sink.limit) {
+        const int refused = sink.flush();
+        if (refused != 0)
+            return refused;
+        sink.next = codec.run(sink.next, sink.limit);
+    }
+    return 0;
+}
+
 /// Runs `codec` over all of `input`. Returns 0, the sink's refusal, or -1 when the input cannot be
 /// read.
 template <class Codec, class Sink>
@@ -30,24 +45,28 @@ int pump(Codec& codec, const BodyBytes& input, Sink& sink)
     BodyBlocks blocks(input, kWholeLines);
     while (!blocks.atEnd() && !codec.isEnded()) {
         const auto block = blocks.next(codec.rest());
-        if (!block)
-            return -1;
-        codec.take(*block);
-        sink.next = codec.run(sink.next, sink.limit);
-        while (sink.next >= sink.limit) {
-            const int refused = sink.flush();
-            if (refused != 0)
-                return refused;
-            sink.next = codec.run(sink.next, sink.limit);
-        }
+        const int refused = block ? pumpBlock(codec, *block, sink) : -1;
+        if (refused != 0)
+            return refused;
     }
     sink.next = codec.finish(sink.next);
     return 0;
 }
 
-/// The result in memory; nothing when there is no room for it or the input cannot be read.
-template <class Codec>
-std::optional<QByteArray> runInMemory(Codec codec, const BodyBytes& input, std::size_t capacity)
+/// The same over a text, which is one block: where the text is short, what blocks cost would show.
+template <class Codec, class Sink>
+int pump(Codec& codec, std::string_view input, Sink& sink)
+{
+    const int refused = pumpBlock(codec, input, sink);
+    if (refused == 0)
+        sink.next = codec.finish(sink.next);
+    return refused;
+}
+
+/// The result in memory; nothing when there is no room for it or the input, `BodyBytes` or a text,
+/// cannot be read.
+template <class Codec, class Input>
+std::optional<QByteArray> runInMemory(Codec codec, const Input& input, std::size_t capacity)
 {
     auto sink = MemorySink::withCapacity(capacity);
     if (!sink || pump(codec, input, *sink) != 0)
