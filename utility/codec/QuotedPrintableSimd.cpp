@@ -168,32 +168,48 @@ Stretch encodeLines(const std::uint8_t* in, std::size_t length, std::uint8_t* ou
     }
 }
 
-// Whether no unit begins or ends here. One that ends here began in the vector itself or in the two
-// bytes in front, so that these need no vectors of their own.
+// Whether no unit begins here, and no NUL stands here.
 template <class D>
-HWY_INLINE bool isPlain(D d, Bytes<D> bytes, const std::uint8_t* in)
+HWY_INLINE bool isPlain(D d, Bytes<D> bytes)
 {
-    const auto starts = hn::Or(hn::Eq(bytes, hn::Set(d, '=')), hn::Eq(bytes, hn::Zero(d)));
-    return hn::AllFalse(d, starts) && in[-1] != '=' && in[-2] != '=';
+    return hn::AllFalse(d, hn::Or(hn::Eq(bytes, hn::Set(d, '=')), hn::Eq(bytes, hn::Zero(d))));
+}
+
+constexpr std::size_t kVector = hn::MaxLanes(Wide());
+// What `compact` stores.
+constexpr std::size_t kDecodedRoom = kVector + 16;
+
+// Takes the vectors in which no unit begins, of a text in front of which none has begun.
+Stretch decodePlain(const std::uint8_t* in, std::size_t limit, std::uint8_t* out)
+{
+    const Wide d;
+    std::size_t done = 0;
+    for (; limit - done >= kVector; done += kVector) {
+        const auto bytes = hn::LoadU(d, in + done);
+        if (!isPlain(d, bytes))
+            break;
+        hn::StoreU(bytes, d, out + done);
+    }
+    return {done, done};
 }
 
 // Decodes the vector at `in`, which has two bytes of the text in front, or any but "=". Returns how
 // far it was taken: all of it, or up to something odd: what is irregular, or a NUL, of which the
 // plain walk knows whether it ends the text.
-template <class D>
-HWY_INLINE std::size_t decodeVector(D d, const std::uint8_t* in, std::uint8_t*& out)
+HWY_INLINE std::size_t decodeVector(const std::uint8_t* in, std::size_t limit, std::uint8_t*& out)
 {
-    constexpr std::size_t kVector = hn::MaxLanes(D());
+    const Wide d;
     const auto bytes = hn::LoadU(d, in);
-    // Most of a Western text.
-    if (isPlain(d, bytes, in)) {
-        hn::StoreU(bytes, d, out);
-        out += kVector;
-        return kVector;
+    // Most of a Western text. What ends here without beginning here began in the two bytes in
+    // front, which need no vectors of their own.
+    if (isPlain(d, bytes) && in[-1] != '=' && in[-2] != '=') {
+        const Stretch plain = decodePlain(in, limit, out);
+        out += plain.written;
+        return plain.read;
     }
     const auto before = hn::LoadU(d, in - 1);
     const auto twoBefore = hn::LoadU(d, in - 2);
-    const UnitMarks<D> marks = markUnits(d, bytes, before, twoBefore);
+    const UnitMarks<Wide> marks = markUnits(d, bytes, before, twoBefore);
     const auto odd = hn::Or(hn::Eq(bytes, hn::Zero(d)), marks.irregular);
     const std::size_t taken =
         hn::AllFalse(d, odd) ? kVector : static_cast<std::size_t>(hn::FindFirstTrue(d, odd));
@@ -210,28 +226,59 @@ std::size_t begunUnit(const std::uint8_t* in, std::size_t end)
     return end >= 1 && in[end - 1] == '=' ? 1 : 0;
 }
 
-Stretch decodeRun(const std::uint8_t* in, std::size_t length, std::uint8_t* out, std::size_t room)
+// Goes on vector by vector.
+HWY_INLINE void decodeVectors(const std::uint8_t* in, std::size_t length, std::uint8_t* out,
+                              std::size_t room, Stretch& done)
 {
-    constexpr std::size_t kVector = hn::MaxLanes(Wide());
-    // What `compact` stores.
-    constexpr std::size_t kRoom = kVector + 16;
-    if (length < kVector)
-        return {};
-    std::uint8_t first[2 + kVector] = {};
-    std::memcpy(first + 2, in, kVector);
-    const std::uint8_t* from = first + 2;
-    std::uint8_t* next = out;
-    std::size_t read = 0;
-    while (length - read >= kVector && room - static_cast<std::size_t>(next - out) >= kRoom) {
-        const std::size_t taken = decodeVector(Wide(), from, next);
+    std::size_t read = done.read;
+    std::uint8_t* next = out + done.written;
+    const auto roomLeft = [&] { return room - static_cast<std::size_t>(next - out); };
+    const auto limit = [&] { return std::min(length - read, roomLeft()); };
+    const std::uint8_t* from = in + read;
+    // Nothing stands in front of the text.
+    std::uint8_t first[2 + kVector];
+    if (read == 0 && length >= kVector) {
+        first[0] = first[1] = 0;
+        std::memcpy(first + 2, in, kVector);
+        from = first + 2;
+    }
+    std::size_t taken = kVector;
+    while (taken >= kVector && length - read >= kVector && roomLeft() >= kDecodedRoom) {
+        taken = decodeVector(from, limit(), next);
         read += taken;
-        if (taken < kVector)
-            break;
-        const std::size_t left = room - static_cast<std::size_t>(next - out);
-        read += decodeFours(in + read, std::min(length - read, left), next);
+        if (taken >= kVector)
+            read += decodeFours(in + read, limit(), next);
         from = in + read;
     }
-    return {read - begunUnit(in, read), static_cast<std::size_t>(next - out)};
+    done = {read, static_cast<std::size_t>(next - out)};
+}
+
+// Goes on with a vector's length at most, and neither reads nor stores outside.
+void decodeLast(const std::uint8_t* in, std::size_t length, std::uint8_t* out, std::size_t room,
+                Stretch& done)
+{
+    const std::size_t left = std::min({length - done.read, room - done.written, kVector});
+    // The plain walk is quicker for fewer.
+    if (left < 16)
+        return;
+    const std::size_t front = std::min<std::size_t>(done.read, 2);
+    // The NULs behind are odd, so that no more is taken.
+    std::uint8_t text[2 + kVector] = {};
+    std::memcpy(text + 2 - front, in + done.read - front, front + left);
+    std::uint8_t decoded[kDecodedRoom];
+    std::uint8_t* end = decoded;
+    done.read += decodeVector(text + 2, kVector, end);
+    std::copy(decoded, end, out + done.written);
+    done.written += static_cast<std::size_t>(end - decoded);
+}
+
+Stretch decodeRun(const std::uint8_t* in, std::size_t length, std::uint8_t* out, std::size_t room)
+{
+    Stretch done = decodePlain(in, std::min(length, room), out);
+    decodeVectors(in, length, out, room, done);
+    decodeLast(in, length, out, room, done);
+    done.read -= begunUnit(in, done.read);
+    return done;
 }
 
 } // namespace
