@@ -124,10 +124,11 @@ HWY_INLINE bool decodeFour(const std::uint8_t* in, std::uint8_t*& out)
 /// up to those with something odd.
 HWY_INLINE std::size_t decodeFours(const std::uint8_t* in, std::size_t limit, std::uint8_t*& out)
 {
-    std::size_t done = 0;
-    while (limit - done >= kFour && decodeFour(in + done, out))
-        done += kFour;
-    return done;
+    const std::uint8_t* next = in;
+    const std::uint8_t* const last = in + limit / kFour * kFour;
+    while (next != last && decodeFour(next, out))
+        next += kFour;
+    return static_cast<std::size_t>(next - in);
 }
 
 #else
