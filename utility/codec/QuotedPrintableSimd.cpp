@@ -25,10 +25,11 @@ namespace tarvomime {
 namespace HWY_NAMESPACE {
 namespace {
 
+constexpr std::size_t kVector = hn::MaxLanes(Wide());
+
 std::size_t countEscapes(const std::uint8_t* in, std::size_t length)
 {
     const Wide d;
-    constexpr std::size_t kVector = hn::MaxLanes(Wide());
     std::size_t count = 0;
     std::size_t done = 0;
     for (; length - done >= kVector; done += kVector)
@@ -111,7 +112,6 @@ HWY_INLINE std::uint8_t* findLineEnd(const Units& units)
 
 HWY_INLINE void copyLine(const std::uint8_t* line, std::size_t length, std::uint8_t* out)
 {
-    constexpr std::size_t kVector = hn::MaxLanes(Wide());
     for (std::size_t at = 0; at < 64; at += kVector)
         hn::StoreU(hn::LoadU(Wide(), line + at), Wide(), out + at);
     hn::StoreU(hn::LoadU(Block(), line + 64), Block(), out + 64);
@@ -169,13 +169,12 @@ Stretch encodeLines(const std::uint8_t* in, std::size_t length, std::uint8_t* ou
 }
 
 // Whether no unit begins here, and no NUL stands here.
-template <class D>
-HWY_INLINE bool isPlain(D d, Bytes<D> bytes)
+HWY_INLINE bool isPlain(Bytes<Wide> bytes)
 {
+    const Wide d;
     return hn::AllFalse(d, hn::Or(hn::Eq(bytes, hn::Set(d, '=')), hn::Eq(bytes, hn::Zero(d))));
 }
 
-constexpr std::size_t kVector = hn::MaxLanes(Wide());
 // What `compact` stores.
 constexpr std::size_t kDecodedRoom = kVector + 16;
 
@@ -186,23 +185,24 @@ Stretch decodePlain(const std::uint8_t* in, std::size_t limit, std::uint8_t* out
     std::size_t done = 0;
     for (; limit - done >= kVector; done += kVector) {
         const auto bytes = hn::LoadU(d, in + done);
-        if (!isPlain(d, bytes))
+        if (!isPlain(bytes))
             break;
         hn::StoreU(bytes, d, out + done);
     }
     return {done, done};
 }
 
-// Decodes the vector at `in`, which has two bytes of the text in front, or any but "=". Returns how
-// far it was taken: all of it, or up to something odd: what is irregular, or a NUL, of which the
-// plain walk knows whether it ends the text.
+// Decodes the vector at `in`, which has two bytes of the text in front, or any but "="; if it is
+// plain, those that are plain behind it too, up to `limit`. Returns how many bytes were taken:
+// fewer than a vector's up to something odd, which is irregular or a NUL, of which the plain walk
+// knows whether it ends the text.
 HWY_INLINE std::size_t decodeVector(const std::uint8_t* in, std::size_t limit, std::uint8_t*& out)
 {
     const Wide d;
     const auto bytes = hn::LoadU(d, in);
     // Most of a Western text. What ends here without beginning here began in the two bytes in
     // front, which need no vectors of their own.
-    if (isPlain(d, bytes) && in[-1] != '=' && in[-2] != '=') {
+    if (isPlain(bytes) && in[-1] != '=' && in[-2] != '=') {
         const Stretch plain = decodePlain(in, limit, out);
         out += plain.written;
         return plain.read;
