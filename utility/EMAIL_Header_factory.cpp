@@ -32,33 +32,37 @@ struct KnownField
     EMAIL_Field* (*create)(EMAIL_Header*);
 };
 
+template <class Typed, class Name>
+constexpr KnownField row(Name)
+{
+    return {Name::kSpelling, []() -> const QCString& { return Name()(); }, make<Typed>};
+}
+
 // 1. "Content-Id", "Mime-Version" and "Message-ID" are spelled as they are on purpose, though RFC
 //    2045 and RFC 5322 write two of them otherwise: stored messages carry these spellings.
 // The private "X-QRN-" fields are not listed: they keep the spelling they come with.
 constexpr std::array<KnownField, 18> kKnownFields{{
-    {FieldName::toSpelling, FieldName::to, make<EMAIL_AddrList>},
-    {FieldName::ccSpelling, FieldName::cc, make<EMAIL_AddrList>},
-    {FieldName::bccSpelling, FieldName::bcc, make<EMAIL_AddrList>},
-    {FieldName::replyToSpelling, FieldName::replyTo, make<EMAIL_AddrList>},
-    {FieldName::fromSpelling, FieldName::from, make<EMAIL_AddrList>},
-    {FieldName::senderSpelling, FieldName::sender, make<EMAIL_AddrList>},
-    {FieldName::dateSpelling, FieldName::date, make<EMAIL_DateTime>},
-    {FieldName::subjectSpelling, FieldName::subject, make<EMAIL_Field>},
-    {FieldName::xPrioritySpelling, FieldName::xPriority, make<EMAIL_Field>},
-    {FieldName::contentDescriptionSpelling, FieldName::contentDescription, make<EMAIL_Field>},
-    {FieldName::contentIdSpelling, FieldName::contentId, make<EMAIL_Field>},
-    {FieldName::contentTransferEncodingSpelling, FieldName::contentTransferEncoding,
-     make<EMAIL_Field>},
-    {FieldName::contentTypeSpelling, FieldName::contentType, make<EMAIL_ContentType>},
-    {FieldName::mimeVersionSpelling, FieldName::mimeVersion, make<EMAIL_Field>},
-    {FieldName::contentLocationSpelling, FieldName::contentLocation, make<EMAIL_Field>},
-    {FieldName::xMailerSpelling, FieldName::xMailer, make<EMAIL_Field>},
-    {FieldName::contentDispositionSpelling, FieldName::contentDisposition,
-     make<EMAIL_DispositionType>},
-    {FieldName::messageIdSpelling, FieldName::messageId, make<EMAIL_Field>},
+    row<EMAIL_AddrList>(FieldName::to),
+    row<EMAIL_AddrList>(FieldName::cc),
+    row<EMAIL_AddrList>(FieldName::bcc),
+    row<EMAIL_AddrList>(FieldName::replyTo),
+    row<EMAIL_AddrList>(FieldName::from),
+    row<EMAIL_AddrList>(FieldName::sender),
+    row<EMAIL_DateTime>(FieldName::date),
+    row<EMAIL_Field>(FieldName::subject),
+    row<EMAIL_Field>(FieldName::xPriority),
+    row<EMAIL_Field>(FieldName::contentDescription),
+    row<EMAIL_Field>(FieldName::contentId),
+    row<EMAIL_Field>(FieldName::contentTransferEncoding),
+    row<EMAIL_ContentType>(FieldName::contentType),
+    row<EMAIL_Field>(FieldName::mimeVersion),
+    row<EMAIL_Field>(FieldName::contentLocation),
+    row<EMAIL_Field>(FieldName::xMailer),
+    row<EMAIL_DispositionType>(FieldName::contentDisposition),
+    row<EMAIL_Field>(FieldName::messageId),
 }};
 
-constexpr std::size_t kLongestName = FieldName::contentTransferEncodingSpelling.size();
+constexpr std::size_t kLongestName = FieldName::contentTransferEncoding.kSpelling.size();
 
 using RowsByLength = std::array<std::uint32_t, kLongestName + 1>;
 

@@ -3,55 +3,73 @@
 
 #include "types/QCString.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <string_view>
 
-/// The names of the header fields that the library knows, spelled as they are written. Each is one
-/// shared text: naming a field costs no allocation. `toSpelling` and so on are the same as
-/// constants.
+namespace tarvomime {
+
+/// A string literal that a type can bear.
+template <std::size_t kSize>
+struct Literal
+{
+    // NOLINTNEXTLINE(google-explicit-constructor): a literal is one.
+    constexpr Literal(const char (&literal)[kSize]) { std::copy_n(literal, kSize, text); }
+
+    char text[kSize]{};
+};
+
+/// A name that the library knows: as a constant, and as one shared text, so that naming costs no
+/// allocation.
+template <Literal kLiteral>
+struct KnownName
+{
+    static constexpr std::string_view kSpelling{kLiteral.text, sizeof kLiteral.text - 1};
+
+    const QCString& operator()() const
+    {
+        static const QCString text = QCString::fromLiteral(kLiteral.text);
+        return text;
+    }
+};
+
+} // namespace tarvomime
+
+/// The names of the header fields that the library knows, spelled as they are written.
 namespace tarvomime::FieldName {
 
-#define TARVOMIME_FIELD_NAME(function, spelling)                                                   \
-    constexpr std::string_view function##Spelling = spelling;                                      \
-    inline const QCString& function()                                                              \
-    {                                                                                              \
-        static const QCString name = QCString::fromLiteral(spelling);                              \
-        return name;                                                                               \
-    }
-
-TARVOMIME_FIELD_NAME(to, "To")
-TARVOMIME_FIELD_NAME(cc, "Cc")
-TARVOMIME_FIELD_NAME(bcc, "Bcc")
-TARVOMIME_FIELD_NAME(replyTo, "Reply-To")
-TARVOMIME_FIELD_NAME(from, "From")
-TARVOMIME_FIELD_NAME(sender, "Sender")
-TARVOMIME_FIELD_NAME(date, "Date")
-TARVOMIME_FIELD_NAME(subject, "Subject")
-TARVOMIME_FIELD_NAME(xPriority, "X-Priority")
-TARVOMIME_FIELD_NAME(contentDescription, "Content-Description")
-TARVOMIME_FIELD_NAME(contentId, "Content-Id")
-TARVOMIME_FIELD_NAME(contentTransferEncoding, "Content-Transfer-Encoding")
-TARVOMIME_FIELD_NAME(contentType, "Content-Type")
-TARVOMIME_FIELD_NAME(mimeVersion, "Mime-Version")
-TARVOMIME_FIELD_NAME(contentLocation, "Content-Location")
-TARVOMIME_FIELD_NAME(xMailer, "X-Mailer")
-TARVOMIME_FIELD_NAME(contentDisposition, "Content-Disposition")
-TARVOMIME_FIELD_NAME(messageId, "Message-ID")
+inline const KnownName<"To"> to;
+inline const KnownName<"Cc"> cc;
+inline const KnownName<"Bcc"> bcc;
+inline const KnownName<"Reply-To"> replyTo;
+inline const KnownName<"From"> from;
+inline const KnownName<"Sender"> sender;
+inline const KnownName<"Date"> date;
+inline const KnownName<"Subject"> subject;
+inline const KnownName<"X-Priority"> xPriority;
+inline const KnownName<"Content-Description"> contentDescription;
+inline const KnownName<"Content-Id"> contentId;
+inline const KnownName<"Content-Transfer-Encoding"> contentTransferEncoding;
+inline const KnownName<"Content-Type"> contentType;
+inline const KnownName<"Mime-Version"> mimeVersion;
+inline const KnownName<"Content-Location"> contentLocation;
+inline const KnownName<"X-Mailer"> xMailer;
+inline const KnownName<"Content-Disposition"> contentDisposition;
+inline const KnownName<"Message-ID"> messageId;
 
 // Private bookkeeping of the phone, and requests for notifications.
-TARVOMIME_FIELD_NAME(partId, "X-MESSAGE-PARTID")
-TARVOMIME_FIELD_NAME(attachmentSize, "X-QRN-AS-Attn-Size")
-TARVOMIME_FIELD_NAME(attachmentName, "X-QRN-AS-Attn-Name")
-TARVOMIME_FIELD_NAME(attachmentNotDownloaded, "X-QRN-AS-Attn-Undownload")
-TARVOMIME_FIELD_NAME(bodySize, "X-QRN-Message-Body-Size")
-TARVOMIME_FIELD_NAME(bodyTruncated, "X-QRN-Message-Body-Truncated")
-TARVOMIME_FIELD_NAME(smartSendFolder, "X-QRN-Smart-Send-RefFolderID")
-TARVOMIME_FIELD_NAME(smartSendMessage, "X-QRN-Smart-Send-RefMessageID")
-TARVOMIME_FIELD_NAME(smartSendLength, "X-QRN-Smart-Send-Data-Length")
-TARVOMIME_FIELD_NAME(smartSendType, "X-QRN-Smart-Send-Type")
-TARVOMIME_FIELD_NAME(deliveryNotification, "X-QRN-DSN")
-TARVOMIME_FIELD_NAME(dispositionNotificationTo, "Disposition-Notification-To")
-TARVOMIME_FIELD_NAME(returnReceiptTo, "Return-Receipt-To")
-
-#undef TARVOMIME_FIELD_NAME
+inline const KnownName<"X-MESSAGE-PARTID"> partId;
+inline const KnownName<"X-QRN-AS-Attn-Size"> attachmentSize;
+inline const KnownName<"X-QRN-AS-Attn-Name"> attachmentName;
+inline const KnownName<"X-QRN-AS-Attn-Undownload"> attachmentNotDownloaded;
+inline const KnownName<"X-QRN-Message-Body-Size"> bodySize;
+inline const KnownName<"X-QRN-Message-Body-Truncated"> bodyTruncated;
+inline const KnownName<"X-QRN-Smart-Send-RefFolderID"> smartSendFolder;
+inline const KnownName<"X-QRN-Smart-Send-RefMessageID"> smartSendMessage;
+inline const KnownName<"X-QRN-Smart-Send-Data-Length"> smartSendLength;
+inline const KnownName<"X-QRN-Smart-Send-Type"> smartSendType;
+inline const KnownName<"X-QRN-DSN"> deliveryNotification;
+inline const KnownName<"Disposition-Notification-To"> dispositionNotificationTo;
+inline const KnownName<"Return-Receipt-To"> returnReceiptTo;
 
 } // namespace tarvomime::FieldName
