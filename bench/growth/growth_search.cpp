@@ -34,6 +34,9 @@ constexpr int smallScale = 1;
 constexpr int largeScale = 8;
 // Below this time the clock says more about itself than about the message.
 constexpr double leastSeconds = 0.0005;
+// One that is cut at its longest is made of other pieces than the small one, and says nothing of
+// growth.
+constexpr double leastGrowth = 6;
 // What a message may cost beside what its length allows.
 constexpr double freeBytes = 1 << 20;
 
@@ -135,7 +138,7 @@ Cost bestOf(Cost (*costOf)(const std::string&), const std::string& text, int run
 // The growth between the two sizes; 0 where they are too near or too quick for it.
 double exponentOf(const Cost& small, const Cost& large, double bytesGrowth)
 {
-    if (small.seconds < leastSeconds || bytesGrowth < 2)
+    if (small.seconds < leastSeconds || bytesGrowth < leastGrowth)
         return 0;
     return std::log(large.seconds / small.seconds) / std::log(bytesGrowth);
 }
