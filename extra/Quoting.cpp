@@ -79,15 +79,23 @@ void trimEnd(QString& text)
     text.truncate(end);
 }
 
+// Behind the first blank from `at` on.
+int behindBlank(const QString& text, int at)
+{
+    const auto blank = text.indexOf(' ', at);
+    return static_cast<int>(blank < 0 ? text.size() : blank + 1);
+}
+
 // Where a line that begins at `start` ends, the blank behind its last word included.
 int lineEnd(const QString& text, int start, int length)
 {
     if (text.size() - start <= length)
         return static_cast<int>(text.size());
-    auto blank = text.lastIndexOf(' ', start + length - 1);
-    if (blank <= start)
-        blank = text.indexOf(' ', start + length);
-    return static_cast<int>(blank < 0 ? text.size() : blank + 1);
+    const auto blank = static_cast<int>(text.lastIndexOf(' ', start + length - 1));
+    const int end = blank <= start ? behindBlank(text, start + length) : blank + 1;
+    // Alone these would be a signature's line, which does not flow.
+    const bool isSignature = text.mid(start, end - start) == signatureLine();
+    return isSignature ? behindBlank(text, end) : end;
 }
 
 // What programs take for a quote, a stuffed line or the start of another message gets a blank.

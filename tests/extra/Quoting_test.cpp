@@ -103,6 +103,15 @@ INSTANTIATE_TEST_SUITE_P(
                                 QString("word ").repeated(6) + "end"}),
     rowName);
 
+// Alone on a line they would begin a signature.
+TEST(FlowedDashes, StayWithTheLongWordBehindThem)
+{
+    const QString word(100, 'x');
+    EXPECT_EQ(flowedText("-- " + word), "-- " + word);
+    EXPECT_EQ(flowedText("> -- " + word), "> -- " + word);
+    EXPECT_EQ(flowedText(word + " -- " + word + " z"), word + " \n-- " + word + " \nz");
+}
+
 TEST(FlowedAgain, IsTheSameText)
 {
     for (const QString& text :
@@ -110,6 +119,7 @@ TEST(FlowedAgain, IsTheSameText)
           QString(" indented\n\n  more"),
           QString("> quote ") + QString("word ").repeated(50) + "end\n>> deep\n>\n> x",
           QString("a") + QString(200, ' ') + "b", QString("From a\n-- \nAnn"),
+          "-- " + QString(100, 'x') + " -- " + QString(100, 'y') + "\n-- " + QString(100, 'z'),
           QString(40, '>') + ' ' + QString("word ").repeated(30) + "end"})
         EXPECT_EQ(textFromFlowed(flowedText(text)), text) << text.toStdString();
 }
