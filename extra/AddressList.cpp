@@ -52,15 +52,18 @@ private:
     int mRawStart = 0;
 };
 
-// Blanks may stand around the dots and the "@" of an address; they are not part of it.
+// Blanks may stand around the dots and the "@" of an address; they are not part of it, but those in
+// quotes and brackets are.
 QByteArray withoutBlanksAtDots(const QByteArray& address)
 {
+    const auto joins = [](char c) { return c == '.' || c == '@'; };
+    AddressScanner scanner({address.constData(), static_cast<std::size_t>(address.size())});
     QByteArray out;
-    for (const char c : address) {
-        if ((c == '.' || c == '@') && out.endsWith(' '))
-            out.chop(1);
-        if (c != ' ' || !(out.endsWith('.') || out.endsWith('@')))
-            out += c;
+    for (AddressToken token = scanner.take(); token.kind != AddressToken::End;
+         token = scanner.take()) {
+        const bool isApart =
+            token.spaceBefore && !out.isEmpty() && !joins(out.back()) && !joins(token.raw.front());
+        out += (isApart ? " " : "") + token.raw;
     }
     return out;
 }
@@ -307,9 +310,12 @@ Result<QString> writtenMailbox(const Mailbox& mailbox)
     const QString problem = addressProblem(mailbox.address);
     if (!problem.isEmpty())
         return cannotStand(mailbox, problem);
-    if (mailbox.address.contains(',') || mailbox.address.contains(':'))
-        return cannotStand(mailbox, QStringLiteral("an address with \",\" or \":\" cannot be "
-                                                   "written into a list"));
+    // Readers would find two addresses in one, or in two of them one encoded word.
+    for (const char* dividing : {",", ":", "=?"}) {
+        if (mailbox.address.contains(QLatin1String(dividing)))
+            return cannotStand(mailbox, QStringLiteral("an address with \",\", \":\" or \"=?\" "
+                                                       "cannot be written into a list"));
+    }
     const QString name = encodedPhrase(mailbox.name);
     return name.isEmpty() ? mailbox.address : name + " <" + mailbox.address + '>';
 }

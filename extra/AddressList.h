@@ -41,7 +41,7 @@ TARVOMIME_EXTRA_EXPORT QList<Mailbox> readTypedAddressList(const QString& text);
 ///
 /// Members of groups are written one by one, because a group with members would not survive the
 /// cutting; an empty group is written only when it stands alone. Fails for what is no address, and
-/// for the rare address that itself holds "," or ":".
+/// for the rare address that itself holds ",", ":" or "=?".
 TARVOMIME_EXTRA_EXPORT Result<QString> writeAddressList(const QList<Mailbox>& mailboxes);
 
 } // namespace tarvomime

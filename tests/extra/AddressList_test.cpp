@@ -85,6 +85,9 @@ INSTANTIATE_TEST_SUITE_P(
                 "John|j@a.example"},
         ListRow{"BlanksInAddress", "j . r @ a . example", "|j.r@a.example"},
         ListRow{"BlanksInAngle", "J < j . r @ a . example >", "J|j.r@a.example"},
+        ListRow{"BlanksInQuotesAndBrackets", "\"a  . b\" . c @ [d  . e]",
+                "|!\"a  . b\".c@[d  . e]"},
+        ListRow{"BlanksInQuotedLocal", "\"a  . b\" @ x . example", "|\"a  . b\"@x.example"},
         ListRow{"Group", "Team: a@x.example, B <b@x.example>;",
                 "Team:|a@x.example  Team:B|b@x.example"},
         ListRow{"GroupBetween", "a@x.example, G: b@x.example;, c@x.example",
@@ -242,8 +245,9 @@ TEST(WrittenList, FlattensGroups)
 
 TEST(WrittenList, RefusesWhatIsNoAddress)
 {
-    for (const char* address : {"", "John", "j@", "j@a.example\r\nBcc: k@b.example",
-                                "\"a,b\"@x.example", "j@[IPv6:2001:db8::1]"}) {
+    for (const char* address :
+         {"", "John", "j@", "j@a.example\r\nBcc: k@b.example", "\"a,b\"@x.example",
+          "j@[IPv6:2001:db8::1]", "=?utf-8?Q?j@a.example", "j@=?utf-8?Q?a.example"}) {
         const Result<QString> value = writeAddressList({mailbox("J", address)});
         EXPECT_FALSE(value) << address;
         EXPECT_FALSE(value.reason().isEmpty()) << address;
