@@ -111,7 +111,8 @@ private:
             mHeaderStart = end + 1;
             return;
         }
-        const bool continues = isBlank(line.front());
+        // A blank in front of the first line folds nothing.
+        const bool continues = isBlank(line.front()) && mHeaderStart != at;
         const bool isField = line.find(':') != line.npos;
         if (!continues && !isField && mHeaderStart != at) {
             leaveHeader(at);

@@ -53,6 +53,9 @@ INSTANTIATE_TEST_SUITE_P(
         MeasureRow{"Nothing", "", 0, 1, 0, 0}, MeasureRow{"Text", "A: b\n\nHello\n", 0, 1, 1, 5},
         MeasureRow{"CrLf", "A: b\r\n\r\nHello\r\n", 0, 1, 1, 5},
         MeasureRow{"Folded", "A: b\n c\nD: e\n\n", 0, 1, 2, 4},
+        MeasureRow{"BlankInFront",
+                   " Content-Type: multipart/mixed; boundary=b\n\n--b\nA: 1\n\nx\n--b--\n", 1, 2, 2,
+                   42},
         MeasureRow{"LongLine", "A: b\n\n" + QByteArray(5000, 'x'), 0, 1, 1, 5000},
         MeasureRow{
             "Parts",
