@@ -147,13 +147,31 @@ Reader readerOf(const QByteArray& name)
     return {nullptr, contained};
 }
 
+// Half a character is none: nothing that takes UTF-8 or JSON could hold it.
+QString withoutHalves(QString text)
+{
+    if (text.isValidUtf16())
+        return text;
+    const int size = static_cast<int>(text.size());
+    for (int i = 0; i < size; ++i) {
+        const bool isWhole =
+            text.at(i).isHighSurrogate() && i + 1 < size && text.at(i + 1).isLowSurrogate();
+        if (isWhole)
+            ++i;
+        else if (text.at(i).isSurrogate())
+            text[i] = QChar(QChar::ReplacementCharacter);
+    }
+    return text;
+}
+
 QString readBy(const Reader& reader, const QByteArray& bytes)
 {
-    if (reader.codec != nullptr)
-        return reader.codec->toUnicode(bytes);
     QString text;
-    EMAIL_Util::decFromCharset(bytes, text, reader.number);
-    return text;
+    if (reader.codec != nullptr)
+        text = reader.codec->toUnicode(bytes);
+    else
+        EMAIL_Util::decFromCharset(bytes, text, reader.number);
+    return withoutHalves(text);
 }
 
 bool isAscii(const QByteArray& bytes)
