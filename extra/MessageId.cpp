@@ -6,6 +6,7 @@
 
 #include <QRandomGenerator>
 #include <QUrl>
+#include <algorithm>
 
 namespace tarvomime {
 
@@ -26,6 +27,13 @@ QByteArray randomText()
     QRandomGenerator* random = QRandomGenerator::system();
     return QByteArray::number(random->generate64(), 36) + '.' +
            QByteArray::number(random->generate64(), 36);
+}
+
+// Of printable ASCII, as it must be where it is written again.
+bool isMessageId(std::string_view id)
+{
+    return id.back() == '>' && id.size() > 2 && id.size() <= kLongestId &&
+           std::all_of(id.begin(), id.end(), [](char c) { return c > ' ' && c < '\x7F'; });
 }
 
 } // namespace
@@ -49,7 +57,7 @@ QList<QCString> readMessageIds(const QCString& body)
         if (end == std::string_view::npos)
             break;
         const std::string_view id = text.substr(start, end - start + 1);
-        if (id.back() == '>' && id.size() > 2 && id.size() <= kLongestId)
+        if (isMessageId(id))
             ids.append(body.slice(id));
         start = text.find('<', id.back() == '<' ? end : end + 1);
     }
