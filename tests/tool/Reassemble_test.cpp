@@ -51,6 +51,17 @@ TEST(Reassemble, FollowsALinkToTheFileBehindIt)
     EXPECT_EQ(tool.read("target.eml"), kAssembled);
 }
 
+TEST(Reassemble, RefusesALinkThatLeadsNowhere)
+{
+    const ToolRunner tool;
+    tool.write("a.eml", kMail);
+    QFile::link("nowhere.eml", tool.path("link.eml"));
+    const ToolResult result = tool.run({"reassemble", "a.eml", "--out", "link.eml"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "tarvomime: link.eml: is a link that leads nowhere\n");
+    EXPECT_TRUE(QFileInfo(tool.path("link.eml")).isSymLink());
+}
+
 TEST(Reassemble, AFullDiskIsAnErrorLine)
 {
     const ToolRunner tool;

@@ -62,6 +62,8 @@ void OutputFile::openTarget(const std::string& path)
     const bool exists = stat(path.c_str(), &status) == 0;
     if (exists && S_ISDIR(status.st_mode))
         mProblem = "is a folder, not a file";
+    else if (!exists && lstat(path.c_str(), &status) == 0)
+        mProblem = "is a link that leads nowhere";
     else if (exists && !S_ISREG(status.st_mode))
         adopt(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
     else
