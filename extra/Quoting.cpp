@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "extra/Quoting.h"
 
+#include "extra/AddressCharacters.h"
+
 #include <QStringList>
 
 namespace tarvomime {
@@ -121,6 +123,15 @@ void appendFlowed(const Line& line, QStringList& out)
 }
 
 } // namespace
+
+QString oneLine(QString text)
+{
+    for (QChar& c : text) {
+        if (isControl(c))
+            c = ' ';
+    }
+    return text.simplified();
+}
 
 QString quotedText(const QString& text)
 {

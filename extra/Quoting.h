@@ -9,6 +9,10 @@ namespace tarvomime {
 
 // Lines end in LF here, as texts in Qt do; CR before it is taken as part of the line's end.
 
+/// What a stranger wrote as it can stand in a line of one's own text: blanks, line ends and control
+/// characters between its words are one blank.
+TARVOMIME_EXTRA_EXPORT QString oneLine(QString text);
+
 /// The text with each line behind "> ", or ">" where it is a quote already. The signature behind
 /// the last line "-- " and the empty lines at the end are left out.
 TARVOMIME_EXTRA_EXPORT QString quotedText(const QString& text);

@@ -32,13 +32,13 @@ void setField(EMAIL_BasicMsg& message, const char* name, const QCString& body)
 
 QString subjectOf(const EMAIL_Header& header)
 {
-    return decodedWords(header.getSubject()).simplified();
+    return oneLine(decodedWords(header.getSubject()));
 }
 
 QString fieldText(const EMAIL_Header& header, const char* name)
 {
     const EMAIL_Field* field = header.getField(name);
-    return field == nullptr ? QString() : decodedWords(field->mBody).simplified();
+    return field == nullptr ? QString() : oneLine(decodedWords(field->mBody));
 }
 
 // What an answer and a forwarded message have in common.
@@ -122,8 +122,7 @@ QList<EMAIL_MultiPart> forwardedAttachments(const MessageContent& original)
         const EMAIL_Entity& entity = *original.parts[index].entity;
         EMAIL_MultiPart part;
         EMAIL_MIME::entityToMulitPart(&entity, part);
-        // A double quote would end the quoted string that it is written in.
-        const QString name = attachmentName(*entity.mHeader).replace('"', '\'');
+        const QString name = attachableName(attachmentName(*entity.mHeader));
         part.setName(name);
         part.setDispFileName(name);
         part.setDispType(1);
@@ -139,7 +138,7 @@ QString forwardedText(const EMAIL_Header& original, const QString& text, const Q
     for (const char* name : {"From", "To", "Cc"}) {
         QStringList people;
         for (const Mailbox& mailbox : readAddressList(original, name))
-            people.append(mailboxText(mailbox));
+            people.append(oneLine(mailboxText(mailbox)));
         if (!people.isEmpty())
             out += QLatin1String(name) + ": " + people.join(", ") + '\n';
     }

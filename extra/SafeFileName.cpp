@@ -13,13 +13,11 @@ constexpr int kLongestName = 200;
 // What follows the last "." is an extension only up to this length, the "." included.
 constexpr int kLongestExtension = 24;
 
-// Format characters (direction marks, joiners, soft hyphens, tags) and line separators are
-// invisible: a name must be what it looks like. Surrogates left alone are no text.
-bool isInvisible(uint codePoint)
+// What no name of one line holds. Surrogates left alone are no text.
+bool breaksText(uint codePoint)
 {
     switch (QChar::category(codePoint)) {
     case QChar::Other_Control:
-    case QChar::Other_Format:
     case QChar::Other_Surrogate:
     case QChar::Separator_Line:
     case QChar::Separator_Paragraph:
@@ -27,6 +25,13 @@ bool isInvisible(uint codePoint)
     default:
         return false;
     }
+}
+
+// Format characters (direction marks, joiners, soft hyphens, tags) are invisible too: a name must
+// be what it looks like.
+bool isInvisible(uint codePoint)
+{
+    return breaksText(codePoint) || QChar::category(codePoint) == QChar::Other_Format;
 }
 
 bool isReservedCharacter(uint codePoint)
@@ -135,6 +140,20 @@ QString safeFileName(const QString& wanted, const QString& fallback)
             return name;
     }
     return QStringLiteral("part");
+}
+
+QString attachableName(const QString& name)
+{
+    QString out;
+    for (const uint codePoint : name.toUcs4()) {
+        if (codePoint == '"')
+            out += '\'';
+        else if (codePoint == '\\')
+            out += '_';
+        else if (!breaksText(codePoint))
+            appendCodePoint(out, codePoint);
+    }
+    return out;
 }
 
 QString numberedFileName(const QString& name, int copy)

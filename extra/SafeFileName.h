@@ -16,6 +16,11 @@ namespace tarvomime {
 /// `fallback`, in the same way, and where nothing is left of that either it is "part".
 TARVOMIME_EXTRA_EXPORT QString safeFileName(const QString& wanted, const QString& fallback = {});
 
+/// `name` as a new part can bear it, which writes its names in quotes as they are: "'" stands for
+/// each double quote and "_" for each backslash; line ends and other control characters are left
+/// out. Nothing of it can end the field that it stands in.
+TARVOMIME_EXTRA_EXPORT QString attachableName(const QString& name);
+
 /// The name for the `copy`th file of the same name: "a (2).txt". 1 gives the name itself.
 TARVOMIME_EXTRA_EXPORT QString numberedFileName(const QString& name, int copy);
 

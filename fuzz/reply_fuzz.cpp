@@ -3,12 +3,16 @@
 // answer.
 
 #include "extra/HeaderValue.h"
+#include "extra/MessageContent.h"
 #include "extra/MessageId.h"
 #include "extra/Reply.h"
 #include "extra/ReplySubject.h"
 #include "fuzz/support/Fuzz.h"
 #include "utility/EMAIL_BasicMsg.h"
 #include "utility/EMAIL_Header.h"
+#include "utility/EMAIL_MIME.h"
+#include "utility/EMAIL_Message.h"
+#include "utility/EMAIL_MultiPart.h"
 
 using namespace tarvomime;
 using namespace tarvomime::fuzz;
@@ -21,6 +25,18 @@ void requireNoForeignField(EMAIL_BasicMsg& message, int known)
     require(count <= known, "only fields of an answer are there");
     const EMAIL_BasicMsg again{QByteArray(message.assemble())};
     require(int(again.getHeader()->mFields.count()) <= count, "reading it again finds no more");
+}
+
+void requireNoForeignFieldInParts(const EMAIL_BasicMsg& original)
+{
+    const MessageContent content = readContent(*original.mMessage);
+    for (const EMAIL_MultiPart& part : forwardedAttachments(content)) {
+        EMAIL_MIME message;
+        message.addMultiPart(part);
+        const EMAIL_MIME again{QByteArray(message.assemble())};
+        for (const ContentPart& read : readContent(*again.mMessage).parts)
+            require(int(read.entity->mHeader->mFields.count()) <= 12, "only fields of a part");
+    }
 }
 
 } // namespace
@@ -42,6 +58,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size)
     EMAIL_BasicMsg forward;
     if (startForward(*original.getHeader(), options, forward))
         requireNoForeignField(forward, 12);
+    requireNoForeignFieldInParts(original);
+    require(!forwardedText(*original.getHeader(), "x", "title").contains('\r'),
+            "lines are our own");
     for (const QCString& id : readMessageIds(text))
         require(id.left(1) == "<" && id.right(1) == ">", "an id has its brackets");
     const QString subject = QString::fromUtf8(toArray(bytes, size));

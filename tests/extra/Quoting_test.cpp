@@ -103,6 +103,13 @@ INSTANTIATE_TEST_SUITE_P(
                                 QString("word ").repeated(6) + "end"}),
     rowName);
 
+TEST(OneLine, HoldsNoLineEndAndNoControl)
+{
+    EXPECT_EQ(oneLine(" a\r\n b \t c\n"), "a b c");
+    EXPECT_EQ(oneLine(QString("a\x1B[31m") + QChar(0) + QChar(0x85) + QChar(0x2028) + "b"),
+              "a [31m b");
+}
+
 // Alone on a line they would begin a signature.
 TEST(FlowedDashes, StayWithTheLongWordBehindThem)
 {

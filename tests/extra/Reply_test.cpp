@@ -152,3 +152,29 @@ TEST(Forward, CarriesAttachmentsAsTheyAre)
     EXPECT_EQ(parts[0].getAttSize(), -1);
     EXPECT_EQ(parts[1].getBody(), "Subject: x\r\n\r\ny");
 }
+
+// Neither in the part, whose names are written in quotes as they are, nor in the text.
+TEST(Forward, LetsNobodyWriteFields)
+{
+    const EMAIL_MIME letter(QByteArray(
+        "From: =?utf-8?Q?a=0D=0ABcc:_x@y.example=00=1B?= <a@b.example>\r\n"
+        "Content-Type: multipart/mixed; boundary=b\r\n\r\n--b\r\n\r\ntext\r\n"
+        "--b\r\nContent-Type: application/pdf\r\nContent-Disposition: attachment; "
+        "filename*=utf-8''a.pdf%22%0D%0AX-Foreign:%20yes%0D%0A%0D%0A<script>\r\n\r\nx\r\n"
+        "--b\r\nContent-Type: application/pdf; name=\"=?utf-8?Q?a=0D=0AX-Foreign:_yes?=\"\r\n"
+        "Content-Disposition: attachment\r\n\r\nx\r\n"
+        "--b\r\nContent-Type: application/pdf; name=\"b\\\\\"\r\n"
+        "Content-Disposition: attachment\r\n\r\nx\r\n--b--\r\n"));
+    QStringList names;
+    for (EMAIL_MultiPart& part : forwardedAttachments(readContent(*letter.mMessage))) {
+        names.append(part.getDispFileName());
+        EMAIL_MIME message;
+        message.addMultiPart(part, -1);
+        const QByteArray text = message.assemble();
+        EXPECT_FALSE(text.contains("\nX-Foreign")) << text.constData();
+    }
+    EXPECT_EQ(names, QStringList({"a.pdf'X-Foreign: yes<script>", "aX-Foreign: yes", "b_"}));
+    EXPECT_EQ(forwardedText(*letter.getHeader(), "x", "Forwarded message"),
+              "---------- Forwarded message ----------\n"
+              "From: \"a Bcc: x@y.example \" <a@b.example>\n\nx");
+}

@@ -100,6 +100,18 @@ TEST(SafeFileNameFallback, IsMadeSafeToo)
     EXPECT_EQ(tarvomime::safeFileName("", ""), "part");
 }
 
+TEST(AttachableName, StaysInsideItsQuotes)
+{
+    using tarvomime::attachableName;
+    EXPECT_EQ(attachableName("Re: a \"b\" (1).pdf"), "Re: a 'b' (1).pdf");
+    EXPECT_EQ(attachableName("a\\"), "a_");
+    EXPECT_EQ(attachableName(QString("a\r\nX: y\t") + QChar(0) + QChar(0x85) + "b"), "aX: yb");
+    EXPECT_EQ(attachableName(QString("a") + QChar(0x2028) + "b"), "ab");
+    EXPECT_EQ(attachableName(QString::fromUtf8("ä👩‍💻.txt")),
+              QString::fromUtf8("ä👩‍💻.txt"));
+    EXPECT_EQ(attachableName(""), "");
+}
+
 struct NumberedRow
 {
     const char* name;

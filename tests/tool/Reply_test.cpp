@@ -126,6 +126,15 @@ TEST(Reply, QuotesTheTextOfHtml)
                 HasSubstr("\r\n\r\na@b.example wrote:\r\n> One\r\n>\r\n> Two\r\n"));
 }
 
+TEST(Reply, NamesTheWriterInOneLine)
+{
+    const ToolRunner tool;
+    tool.write("a.eml",
+               "From: =?utf-8?Q?a=0D=0ABcc:_x@y.z=0D=0A=0D=0Ab=1B?= <a@b.example>\r\n\r\nHi\r\n");
+    const ToolResult result = tool.run({"reply", "a.eml", "--from", "me@b.example"});
+    EXPECT_THAT(result.out.toStdString(), HasSubstr("\r\n\r\na Bcc: x@y.z b wrote:\r\n> Hi\r\n"));
+}
+
 TEST(Reply, NeedsSomebodyToAnswer)
 {
     const ToolRunner tool;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/tarvomime/Attachment.h"
 
+#include "extra/SafeFileName.h"
 #include "extra/Utf8.h"
 #include "tools/tarvomime/InputFile.h"
 #include "utility/EMAIL_MultiPart.h"
@@ -58,17 +59,16 @@ void setTypeByName(const QString& fileName, EMAIL_MultiPart& part)
     }
 }
 
-// The base name; a double quote would end the quoted string that it is written in.
-QString attachmentName(const std::string& path)
+QString baseName(const std::string& path)
 {
-    return QString::fromUtf8(path.substr(path.rfind('/') + 1).c_str()).replace('"', '\'');
+    return QString::fromUtf8(path.substr(path.rfind('/') + 1).c_str());
 }
 
 } // namespace
 
 void attachFile(const InputFile& file, EMAIL_MultiPart& part)
 {
-    const QString name = attachmentName(file.path());
+    const QString name = attachableName(baseName(file.path()));
     setTypeByName(name, part);
     part.setName(name);
     part.setDispFileName(name);

@@ -36,8 +36,8 @@ QString attribution(const EMAIL_Header& original)
 {
     const EMAIL_Field* date = original.getField("Date");
     const Mailbox writer = readAddressList(original, "From").value(0);
-    const QString who = writer.name.isEmpty() ? writer.address : writer.name;
-    const QString when = date == nullptr ? QString() : decodedWords(date->mBody).simplified();
+    const QString who = oneLine(writer.name.isEmpty() ? writer.address : writer.name);
+    const QString when = date == nullptr ? QString() : oneLine(decodedWords(date->mBody));
     return (when.isEmpty() ? QString() : "On " + when + ", ") +
            (who.isEmpty() ? QStringLiteral("somebody") : who) + " wrote:";
 }
