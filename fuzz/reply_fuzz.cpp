@@ -32,7 +32,7 @@ void requireNoForeignFieldInParts(const EMAIL_BasicMsg& original)
     const MessageContent content = readContent(*original.mMessage);
     for (const EMAIL_MultiPart& part : forwardedAttachments(content)) {
         EMAIL_MIME message;
-        message.addMultiPart(part);
+        message.addMultiPart(part, -1);
         const EMAIL_MIME again{QByteArray(message.assemble())};
         for (const ContentPart& read : readContent(*again.mMessage).parts)
             require(int(read.entity->mHeader->mFields.count()) <= 12, "only fields of a part");
