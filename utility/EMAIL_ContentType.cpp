@@ -26,6 +26,10 @@ constexpr char kMethodKey[] = "method";
 constexpr char kNameKey[] = "name";
 constexpr char kStartKey[] = "start";
 
+// Many short fields may each repeat a value of their own as often as they like: a few bytes beyond
+// what was read are an honest sender's.
+constexpr qint64 kFewRepeated = 64;
+
 // Hands every piece of the written value to `take`, in order.
 template <class Take>
 void forEachPiece(const EMAIL_ContentType& field, Take take)
@@ -70,8 +74,11 @@ void noteChange(EMAIL_ContentType& field)
 // 2. An empty name is stored when there are no pieces at all: "text/plain;" keeps its ";".
 // 3. Quotes protect nothing: a ";" inside a quoted value ends it.
 // 4. White space alone is a piece before a ";", but none at the text's end.
-void readParameters(const QCString& text, QMap<QCString, QCString>& params)
+//
+// Gives the bytes of values that were stored again.
+qint64 readParameters(const QCString& text, QMap<QCString, QCString>& params)
 {
+    qint64 repeated = 0;
     QCString value = QCString::fromLiteral("");
     std::string_view rest = text.view();
     bool hasPieces = false;
@@ -84,11 +91,14 @@ void readParameters(const QCString& text, QMap<QCString, QCString>& params)
         const Sides pair = sidesOfFirst("=", sides.left, true);
         if (pair.right)
             value = text.slice(*pair.right);
+        else
+            repeated += value.length();
         params.insert(text.slice(pair.left).lower(), value);
         hasPieces = true;
     }
     if (!hasPieces)
         params.insert(QCString::fromLiteral(""), value);
+    return repeated;
 }
 
 template <std::size_t N>
@@ -151,13 +161,15 @@ void EMAIL_ContentType::parse()
     // Until all is read, the text is what counts.
     mParsed = Unparsed;
     const bool isFollowed = mBody.at(position) == ';';
+    qint64 repeated = 0;
     if (isFollowed)
-        readParameters(mBody.mid(position + 1), mParams);
+        repeated = readParameters(mBody.mid(position + 1), mParams);
     else if (position == 0)
-        readParameters(mBody, mParams);
+        repeated = readParameters(mBody, mParams);
     if (isFollowed || position == 0)
         readQuoted(mParams, kBoundaryKey, mBoundary);
-    mParsed = parsedState(before, writtenSize(*this));
+    const bool isBlownUp = repeated > mBody.length() + kFewRepeated;
+    mParsed = parsedState(before, isBlownUp || writtenSize(*this) > kLongestWrittenValue);
 }
 
 int EMAIL_ContentType::parseMediaType()

@@ -60,7 +60,7 @@ void EMAIL_DispositionType::parse()
         splitAtFirst(equals, parameter, name, value, true);
         mFileName = withoutQuotes(value);
     }
-    mParsed = parsedState(mParsed, writtenSize(*this));
+    mParsed = parsedState(mParsed, writtenSize(*this) > kLongestWrittenValue);
 }
 
 void EMAIL_DispositionType::setAttachment(int isAttachment)

@@ -7,6 +7,7 @@
 #include "utility/EMAIL_DateTime.h"
 #include "utility/EMAIL_DispositionType.h"
 #include "utility/EMAIL_Header.h"
+#include "utility/EMAIL_Message.h"
 
 #include <functional>
 
@@ -81,6 +82,24 @@ TEST_P(Amplification, OfReadingAndWritingAField)
     resetPeak();
     header.assemble();
     EXPECT_LE(peakBytes(), limit) << "assembling";
+}
+
+// Each field is short; their sum is what counts.
+TEST(AmplificationOfAMessage, OfATreeOfBareNames)
+{
+    constexpr int kParts = 200;
+    const QByteArray field = numbered("Content-Type: a/b;v=" + QByteArray(2000, 'x'), 500, "");
+    const QByteArray mail = "Content-Type: multipart/mixed; boundary=b\r\n\r\n" +
+                            QByteArray("--b\r\n" + field + "\r\n\r\nx\r\n").repeated(kParts);
+    const QCString text(mail);
+    constexpr long kPerPart = 500;
+    const long limit = 8L * text.length() + kMegabyte + kParts * (kPerPart + 500 * kPerEntry);
+    resetPeak();
+    EMAIL_Message message(text, nullptr);
+    message.parse();
+    ASSERT_EQ(message.assemble(nullptr), 0);
+    EXPECT_LE(peakBytes(), limit);
+    EXPECT_LE(message.getMessage().length(), 2L * text.length());
 }
 
 constexpr int kMillion = 1000000;

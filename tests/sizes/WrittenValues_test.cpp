@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A typed field that would take more than 1,048,576 bytes to write is not built: one that was read
-// keeps its text, one that an application has made so long makes the assembly fail.
+// keeps its text, one that an application has made so long makes the assembly fail. One that
+// repeats values keeps its text as soon as they outgrow it.
 #include "tests/support/RecordingFile.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_DispositionType.h"
@@ -75,6 +76,14 @@ INSTANTIATE_TEST_SUITE_P(
                 "Content-Type: text/plain; a=" + kLongValue + bareNames(21000), ""},
         ReadRow{"a header of 36 KB that would become 80 MB",
                 "Content-Type: text/plain; a=" + QByteArray(18000, 'x') + bareNames(3000), ""},
+        ReadRow{"bare names that repeat 64 bytes more than were read",
+                "Content-Type: a/b;v=" + QByteArray(38, 'x') + ";w;x;y",
+                "Content-Type: a/b" + QByteArray(";\r\n\tv=").append(38, 'x') +
+                    QByteArray(";\r\n\tw=").append(38, 'x') +
+                    QByteArray(";\r\n\tx=").append(38, 'x') +
+                    QByteArray(";\r\n\ty=").append(38, 'x')},
+        ReadRow{"bare names that repeat more",
+                "Content-Type: a/b;v=" + QByteArray(39, 'x') + ";w;x;y", ""},
         ReadRow{"type of the longest value",
                 "Content-Type: text/plain; A=" + filling(kLongest, kTypeFrame),
                 "Content-Type: text/plain;\r\n\ta=" + filling(kLongest, kTypeFrame)},

@@ -18,11 +18,11 @@ constexpr qint64 kLongestWrittenValue = 1048576;
 /// one that is `Kept` was read from a value too long to be written, and its text stands.
 enum Parsed { Unparsed = 0, Rewritten = 1, Kept = 2 };
 
-/// The state of a field in state `before` that was read from its text and would now be written in
-/// `size` bytes. What an application has set is never put aside.
-inline int parsedState(int before, qint64 size)
+/// The state of a field in state `before` that was read from its text, and whose value is `tooLong`
+/// to be written. What an application has set is never put aside.
+inline int parsedState(int before, bool tooLong)
 {
-    return before != Rewritten && size > kLongestWrittenValue ? Kept : Rewritten;
+    return before != Rewritten && tooLong ? Kept : Rewritten;
 }
 
 /// The field as one of its class; null for one of another. Nearly all are exactly of the class,
