@@ -39,9 +39,10 @@ public:
     ///    stores one parameter with an empty name: "text/plain;" keeps its ";".
     /// 5. Parameters of an earlier call stay unless they are replaced. The same holds for
     ///    `mBoundary`.
-    /// 6. A field that would take more than 1,048,576 bytes to write keeps the text that it was
-    ///    read from: `mParsed` is then 2, until a setter changes the field. Short parameters may
-    ///    share one long value, and what is written would grow with the square of what was read.
+    /// 6. A field that would take more than 1,048,576 bytes to write, or would repeat values for
+    ///    more bytes than were read (and 64), keeps the text that it was read from: `mParsed` is
+    ///    then 2, until a setter changes the field. Short parameters may share one long value, and
+    ///    what is written would grow with the square of what was read.
     void parse() override;
 
     /// Sets the media type by its number (`TYPE_TEXT`, ...); a number without a name stores an

@@ -224,5 +224,7 @@ QCString EMAIL_Header::getMethod()
 
 void EMAIL_Header::setMethod(const QCString& method)
 {
-    contentType()->setMethod(method);
+    // A plain field that is replaced may be the one that holds it.
+    const QCString kept = method;
+    contentType()->setMethod(kept);
 }

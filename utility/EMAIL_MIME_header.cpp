@@ -8,6 +8,8 @@
 #include "utility/codec/EncodedWordDecoder.h"
 #include "utility/codec/EncodedWordEncoder.h"
 #include "utility/codec/MediaTypes.h"
+#include "utility/header/FieldNames.h"
+#include "utility/text/Joined.h"
 #include "utility/text/Latin1.h"
 
 using namespace tarvomime;
@@ -18,7 +20,7 @@ namespace {
 QCString quoted(const QCString& value)
 {
     const bool hasQuote = value.at(0) == '"' || value.at(value.length() - 1) == '"';
-    return hasQuote ? value : QCString("\"") + value + '"';
+    return hasQuote ? value : joined({"\"", value.view(), "\""});
 }
 
 QCString encodedWords(const QString& value, int charset)
@@ -77,14 +79,16 @@ void writeDownloadState(const EMAIL_MultiPart& part, EMAIL_Header& header)
         header.setPartID(toLatin1(part.mPartID));
 }
 
-// The Content-Type field; a missing one is created as text/plain.
+// The Content-Type field; a missing one is created as text/plain. One of an application's own class
+// is there: the typed field takes its text over.
 EMAIL_ContentType* contentTypeOrPlainText(EMAIL_Header& header)
 {
-    if (EMAIL_ContentType* field = header.getContentType())
-        return field;
+    const bool isMissing = header.getField(FieldName::contentType()) == nullptr;
     EMAIL_ContentType* field = header.contentType();
-    field->setType(TYPE_TEXT);
-    field->setSubType(SUBTYPE_PLAIN);
+    if (isMissing) {
+        field->setType(TYPE_TEXT);
+        field->setSubType(SUBTYPE_PLAIN);
+    }
     return field;
 }
 

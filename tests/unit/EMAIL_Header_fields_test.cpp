@@ -219,6 +219,17 @@ TEST(EMAIL_HeaderFields, CreatingGettersReplaceAFieldOfAnotherClass)
     }
 }
 
+TEST(EMAIL_HeaderFields, TakesAMethodFromTheFieldThatIsReplaced)
+{
+    Header header;
+    auto* plain = new EMAIL_Field;
+    plain->mName = "Content-Type";
+    plain->mBody = QCString(QByteArray(100, 'x'));
+    header.addField(plain);
+    header.setMethod(plain->mBody);
+    EXPECT_EQ(header.getMethod(), QCString(QByteArray(100, 'x')));
+}
+
 TEST(EMAIL_HeaderFields, SetsTheDateByItsTime)
 {
     Header header;

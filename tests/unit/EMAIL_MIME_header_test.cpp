@@ -305,3 +305,18 @@ TEST(HeadToPartAlone, MissingTypeIsCreatedAndStays)
     header.assemble();
     EXPECT_EQ(header.getMessage(), "Content-Type: text/plain\r\n");
 }
+
+TEST(HeadToPartAlone, TypeOfAnotherClassIsRead)
+{
+    EMAIL_MultiPart part(nullptr);
+    EMAIL_Header header;
+    auto* plain = new EMAIL_Field;
+    plain->mName = "Content-Type";
+    plain->mBody = "image/png; name=a.png";
+    header.addField(plain);
+    EMAIL_MIME::setHeadToMultiPart(&header, part);
+    EXPECT_EQ(part.getTypeStr() + '/' + part.getSubTypeStr(), "image/png");
+    EXPECT_EQ(part.getName(), "a.png");
+    header.assemble();
+    EXPECT_EQ(header.getMessage(), "Content-Type: image/png;\r\n\tname=a.png\r\n");
+}
