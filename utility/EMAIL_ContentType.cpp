@@ -295,10 +295,9 @@ void EMAIL_ContentType::storeParameter(const QCString& key, const QCString& valu
 
 void EMAIL_ContentType::createBoundary()
 {
-    static constexpr char kDigits[] = "0123456789ABCDEF";
     QByteArray boundary(kBoundaryHyphens, '-');
     std::srand(nextSeed());
     for (int i = 0; i < kBoundaryDigits; ++i)
-        boundary.append(kDigits[std::rand() % 16]);
+        boundary.append(kBoundaryDigitSet[static_cast<std::size_t>(std::rand() % 16)]);
     setBoundary(QCString::fromBytes(boundary));
 }

@@ -50,7 +50,8 @@ public:
     /// Makes sure that no line of a body begins with a boundary of the message, nor one boundary
     /// with another: the containers for which that does not hold get a fresh one. Call it when all
     /// parts are there. `addMultiPart` cannot: it does not see what is added later. Returns 0, or
-    /// -1 with nothing changed when a body in a file cannot be read.
+    /// -1 with nothing changed when a body in a file cannot be read, there is no memory, or a
+    /// Content-Type field of another class would have to change.
     ///
     /// Programs that compose in the same second draw the same boundaries: a message of one of them,
     /// attached in the other, would end the part that holds it too early.

@@ -4,6 +4,8 @@
 #include "tests/faults/AllocationTrial.h"
 #include "tests/support/StoredFile.h"
 #include "utility/EMAIL_Body.h"
+#include "utility/EMAIL_BodyPart.h"
+#include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_Message.h"
@@ -31,6 +33,11 @@ const QByteArray single("Subject: s\r\nContent-Type: text/plain; charset=utf-8; 
                         "Content-Disposition: inline; filename=f\r\n"
                         "Content-Transfer-Encoding: quoted-printable\r\n\r\n=CE=B1 text\r\n");
 const QByteArray enclosing("Content-Type: message/rfc822\r\n\r\nSubject: in\r\n\r\nbody\r\n");
+
+const QByteArray clashing("Content-Type: multipart/mixed; boundary=b\r\n\r\n"
+                          "--b\r\nContent-Type: multipart/mixed; boundary=-\r\n\r\n"
+                          "---\r\nA: 1\r\n\r\none\r\n-----\r\n"
+                          "--b\r\nContent-Type: multipart/mixed; boundary=bc\r\n\r\n--b--\r\n");
 
 struct Row
 {
@@ -167,6 +174,12 @@ const StoredFile stored(tree);
 const QString path = stored.path();
 const QCString headerText("X-More: 1\r\nCc: d@z\r\n");
 
+bool hasBoundary(const M& message, int index, const char* boundary)
+{
+    const EMAIL_BodyPart& part = *message.mMessage->mBody->bodyPart(index);
+    return part.mHeader->getContentType()->mBoundary == boundary;
+}
+
 void writeTo(const std::function<void(QFile*)>& write)
 {
     QFile nowhere(QStringLiteral("/dev/null"));
@@ -207,7 +220,16 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"not truncated", tree, [](M& m, P&) { m.removeBodyTruncatedInfo(); }},
                     Row{"header", tree, [](M& m, P&) { m.setHeader(headerText); }},
                     Row{"default fields", tree, [](M& m, P&) { m.setDefaultFileds(); }},
-                    Row{"unique boundaries", tree, [](M& m, P&) { m.makeBoundariesUnique(); }},
+                    // What it lets out ends the program.
+                    Row{"unique boundaries", tree,
+                        [](M& m, P&) noexcept { m.makeBoundariesUnique(); }},
+                    Row{"fresh boundaries", clashing,
+                        [](M& m, P&) noexcept {
+                            const bool isDone = m.makeBoundariesUnique() == 0;
+                            if (hasBoundary(m, 0, "-") == isDone ||
+                                hasBoundary(m, 1, "bc") == isDone)
+                                endTrialWithTextLost();
+                        }},
                     Row{"sendable", tree, [](M& m, P&) { m.makeHeaderSendable(); }},
                     Row{"enclosed sendable", enclosing, [](M& m, P& p) {
                             m.addMultiPart(p, 0);

@@ -5,6 +5,7 @@
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Header.h"
+#include "utility/header/FieldNames.h"
 
 namespace tarvomime {
 
@@ -14,6 +15,16 @@ MediaType mediaTypeOf(const EMAIL_Entity& entity)
     if (field == nullptr)
         return {TYPE_TEXT, SUBTYPE_PLAIN};
     return {field->mTypeEnum, field->mSubTypeEnum};
+}
+
+bool readForeignType(const EMAIL_Header& header, EMAIL_ContentType& read)
+{
+    const EMAIL_Field* field = header.getField(FieldName::contentType());
+    if (field == nullptr || dynamic_cast<const EMAIL_ContentType*>(field) != nullptr)
+        return false;
+    read.mBody = field->mBody;
+    read.parse();
+    return true;
 }
 
 const EMAIL_Entity* firstSubPart(const EMAIL_Entity& entity)

@@ -6,8 +6,8 @@
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/codec/MediaTypes.h"
-#include "utility/header/FieldNames.h"
 #include "utility/tree/AssemblySinks.h"
+#include "utility/tree/EntityMediaType.h"
 #include "utility/tree/WorkList.h"
 
 #include <new>
@@ -39,13 +39,8 @@ bool takeType(EMAIL_Header& header, EMAIL_Body& body)
 {
     if (const EMAIL_ContentType* type = header.getContentType())
         return takeType(*type, body);
-    const EMAIL_Field* other = header.getField(FieldName::contentType());
-    if (other == nullptr)
-        return takeType(*header.contentType(), body);
     EMAIL_ContentType read;
-    read.mBody = other->mBody;
-    read.parse();
-    return takeType(read, body);
+    return takeType(readForeignType(header, read) ? read : *header.contentType(), body);
 }
 
 // Walks the tree with a stack of its own and writes the text of each component as it passes.

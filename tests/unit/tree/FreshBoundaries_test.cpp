@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <set>
+#include <sys/stat.h>
 #include <thread>
 #include <vector>
 
@@ -50,6 +51,36 @@ protected:
         part.setSubTypeStr(QStringLiteral("octet-stream"));
         part.setCTE(cte);
         return part;
+    }
+
+    EMAIL_ContentType& addContainer(const QByteArray& boundary)
+    {
+        EMAIL_MultiPart container(nullptr);
+        container.setType(TYPE_MULTIPART);
+        container.setSubTypeStr(QStringLiteral("mixed"));
+        message.addMultiPart(container, -1);
+        const EMAIL_Body& body = *message.mMessage->mBody;
+        EMAIL_ContentType& type =
+            *body.bodyPart(body.numBodyParts() - 1)->mHeader->getContentType();
+        type.setBoundary(boundary);
+        return type;
+    }
+
+    // Holds all boundaries against each other and against the lines of `body`.
+    void expectUnique(const QByteArray& body, const char* name)
+    {
+        QByteArrayList boundaries{message.getBoundary()};
+        for (const EMAIL_BodyPart* part : message.mMessage->mBody->mBodyParts) {
+            if (part->mHeader->getContentType()->mTypeEnum == TYPE_MULTIPART)
+                boundaries += part->mHeader->getContentType()->mBoundary;
+        }
+        for (const QByteArray& boundary : boundaries) {
+            EXPECT_FALSE(('\n' + body).contains("\n--" + boundary))
+                << name << ": " << boundary.constData();
+            for (const QByteArray& other : boundaries)
+                EXPECT_TRUE(&other == &boundary || !other.startsWith(boundary))
+                    << name << ": " << boundary.constData() << " and " << other.constData();
+        }
     }
 
     void expectFresh(bool fresh)
@@ -140,7 +171,11 @@ TEST_F(AttachedFile, IsReadAsItIsWritten)
 TEST_F(AttachedFile, UnreadableBodiesChangeNothing)
 {
     const StoredFile file("--limit");
-    const QString paths[] = {file.missingPath(), QString(), QString(QChar()), file.path()};
+    const StoredFile folder("");
+    // Nobody writes into it.
+    ASSERT_EQ(mkfifo(qPrintable(folder.missingPath()), 0600), 0);
+    const QString paths[] = {file.missingPath(),   QString(),   QString(QChar()),
+                             folder.missingPath(), file.path(), QStringLiteral("/dev/zero")};
     for (const QString& path : paths) {
         EMAIL_MultiPart added = part(CTE_8BIT);
         added.setBodyInfo(path, 0, 9, false);
@@ -164,6 +199,97 @@ TEST_F(AttachedFile, OneBoundaryDoesNotBeginAnother)
         EXPECT_EQ(message.getBoundary(), kBoundary);
         EXPECT_EQ(type.mBoundary.length(), 36) << inner;
         message.removeMultiPart(0);
+    }
+}
+
+// Assembled, each boundary begins the lines that are its own and no others.
+TEST_F(AttachedFile, EveryBoundaryIsFreeOfTheOthersAndOfAllLines)
+{
+    struct TreeRow
+    {
+        const char* name;
+        QByteArray body;
+        std::vector<QByteArray> boundaries;
+        // Whether the message's own stays as well.
+        bool staysLimit;
+    };
+    std::vector<QByteArray> digits;
+    QByteArray lines;
+    for (const char digit : QByteArray("0123456789ABCDEF")) {
+        digits.push_back(QByteArray(12, '-') + digit);
+        lines += "--" + digits.back() + "\n";
+    }
+    const QByteArray drawn = QByteArray(12, '-') + "0123456789ABCDEF01234567";
+    for (const TreeRow& row :
+         {TreeRow{"hyphen beside a clash", "", {"-", "limit"}, true},
+          TreeRow{"hyphen in front of a line", "--- signature", {"-"}, true},
+          TreeRow{"hyphens of all lengths", "", {"-", "--", "---", "----", "-----"}, true},
+          TreeRow{"what a drawn one begins with", lines, digits, true},
+          TreeRow{"the same without lines", "--limit", digits, false},
+          TreeRow{"long line below a hyphen", "--" + drawn, {"-", drawn}, true},
+          TreeRow{"drawn one and its beginning", "", {drawn.left(35), drawn}, true},
+          TreeRow{"drawn one that goes on", "--" + drawn + "0", {drawn + "0", drawn}, true}}) {
+        EMAIL_MultiPart leaf = part(CTE_8BIT);
+        leaf.setBody(row.body, true);
+        message.addMultiPart(leaf, -1);
+        for (const QByteArray& boundary : row.boundaries)
+            addContainer(boundary);
+        message.getHeader()->contentType()->setBoundary(kBoundary);
+        ASSERT_EQ(message.makeBoundariesUnique(), 0) << row.name;
+        EXPECT_EQ(message.getBoundary() == kBoundary, row.staysLimit) << row.name;
+        expectUnique(row.body, row.name);
+        while (message.removeMultiPart(0))
+            continue;
+    }
+}
+
+TEST_F(AttachedFile, ShortBoundaryStaysWhereNothingIsDrawn)
+{
+    EMAIL_ContentType& inner = addContainer("-");
+    EXPECT_EQ(message.makeBoundariesUnique(), 0);
+    EXPECT_EQ(inner.mBoundary, "-");
+    EXPECT_EQ(message.getBoundary(), kBoundary);
+}
+
+// An assembly takes its boundary, but nothing changes the field.
+TEST_F(AttachedFile, BoundaryOfAnApplicationsOwnFieldStays)
+{
+    struct FieldRow
+    {
+        const char* name;
+        const char* type;
+        const char* other;
+        QByteArray body;
+        int result;
+    };
+    for (const FieldRow& row :
+         {FieldRow{"free", "multipart/mixed; boundary=own", "other", "text", 0},
+          FieldRow{"the others give way", "multipart/mixed; boundary=own", "owner", "text", 0},
+          FieldRow{"line of a body", "multipart/mixed; boundary=own", "other", "--own", -1},
+          FieldRow{"no boundary", "multipart/mixed", "other", "text", -1},
+          FieldRow{"what is drawn begins with it", "multipart/mixed; boundary=-", "-", "a", -1},
+          FieldRow{"no container", "text/plain; boundary=own", "own", "a", 0}}) {
+        EMAIL_MultiPart leaf = part(CTE_8BIT);
+        leaf.setBody(row.body, true);
+        EMAIL_MultiPart container(nullptr);
+        container.setType(TYPE_MULTIPART);
+        container.setSubTypeStr(QStringLiteral("mixed"));
+        container.addSubMultiPart(new EMAIL_MultiPart(leaf), 0);
+        message.addMultiPart(container, 0);
+        EMAIL_Header& header = *message.mMessage->mBody->bodyPart(0)->mHeader;
+        header.removeField("Content-Type");
+        auto* field = new EMAIL_Field;
+        field->mName = "Content-Type";
+        field->mBody = row.type;
+        header.addField(field);
+        EMAIL_ContentType& other = addContainer(row.other);
+        EXPECT_EQ(message.makeBoundariesUnique(), row.result) << row.name;
+        EXPECT_EQ(field->mBody, row.type) << row.name;
+        const bool stays = row.result != 0 || !QByteArray(row.other).startsWith("own") ||
+                           QByteArray(row.name) == "no container";
+        EXPECT_EQ(other.mBoundary == row.other, stays) << row.name;
+        while (message.removeMultiPart(0))
+            continue;
     }
 }
 
