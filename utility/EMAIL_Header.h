@@ -156,6 +156,7 @@ public:
     ///
     /// 1. The To line replaces the From line instead of following it: the server knows who sends.
     /// 2. Content-Type is rewritten to text/plain in utf-8 and stays so in this header.
+    /// 3. It is empty where one of its lines, or all of them together, would be too long.
     QCString getSmartData();
 
     /// The fields in order; owned by the list.

@@ -5,6 +5,7 @@
 #include "utility/EMAIL_Numbers.h"
 #include "utility/header/FieldNames.h"
 #include "utility/header/TypedField.h"
+#include "utility/text/Joined.h"
 
 namespace {
 
@@ -174,14 +175,19 @@ void EMAIL_Header::removeSmartDataInfo()
 
 QCString EMAIL_Header::getSmartData()
 {
-    QCString lines = assembledLine(*this, FieldName::from());
-    if (getField(FieldName::to()) != nullptr)
-        lines = assembledLine(*this, FieldName::to());
-    lines += assembledLine(*this, FieldName::cc());
-    lines += assembledLine(*this, FieldName::bcc());
-    lines += assembledLine(*this, FieldName::subject());
-    lines += assembledLine(*this, FieldName::date());
-    lines += assembledLine(*this, FieldName::mimeVersion());
-    lines += plainTextContentType(*this);
-    return lines;
+    const QCString from = assembledLine(*this, FieldName::from());
+    const bool hasTo = getField(FieldName::to()) != nullptr;
+    const QCString people = hasTo ? assembledLine(*this, FieldName::to()) : from;
+    const QCString cc = assembledLine(*this, FieldName::cc());
+    const QCString bcc = assembledLine(*this, FieldName::bcc());
+    const QCString subject = assembledLine(*this, FieldName::subject());
+    const QCString date = assembledLine(*this, FieldName::date());
+    const QCString version = assembledLine(*this, FieldName::mimeVersion());
+    const QCString type = plainTextContentType(*this);
+    for (const QCString& line : {people, cc, bcc, subject, date, version, type}) {
+        if (isRefused(line))
+            return refusedText();
+    }
+    return joined({people.view(), cc.view(), bcc.view(), subject.view(), date.view(),
+                   version.view(), type.view()});
 }

@@ -95,3 +95,14 @@ TEST(SmartDataContentType, ReplacesAPlainFieldOfThatName)
     EXPECT_EQ(header.getSmartData(), contentType);
     EXPECT_EQ(header.mFields.count(), 1);
 }
+
+TEST(SmartDataContentType, ThatRefusesLeavesNothingOfTheRest)
+{
+    EMAIL_Header header(QCString("To: t@x\r\nSubject: s\r\n"), nullptr);
+    header.parse();
+    header.contentType()->setParameter("a", QByteArray(1 << 21, 'x'));
+    EXPECT_EQ(header.getSmartData(), "");
+    header.contentType()->setParameter("a", "1");
+    EXPECT_EQ(header.getSmartData(), "To: t@x\r\nSubject: s\r\nContent-Type: text/plain;\r\n"
+                                     "\ta=1;\r\n\tcharset=utf-8\r\n");
+}
