@@ -130,8 +130,12 @@ EMAIL_ContentType::~EMAIL_ContentType() = default;
 
 void EMAIL_ContentType::assemble()
 {
-    if (mType.isEmpty() || mSubType.isEmpty())
+    if (mType.isEmpty() || mSubType.isEmpty()) {
+        // A refusal is no line that could stay: the body that it kept from being rewritten does.
+        if (isRefused(mString))
+            EMAIL_Field::assemble();
         return;
+    }
     if (mParsed == Rewritten) {
         if (writtenSize(*this) > kLongestWrittenValue) {
             mString = refusedText();

@@ -191,3 +191,17 @@ INSTANTIATE_TEST_SUITE_P(
         QByteArray name(row.param.first);
         return name.replace(' ', '_').toStdString();
     });
+
+// Without a subtype the field is not assembled: its refusal must not stay as its line.
+TEST(RefusedType, IsTheTextOfBeforeOnceItHasNoSubtype)
+{
+    EMAIL_Message message{QCString(kOldHeader), nullptr};
+    message.parse();
+    EMAIL_ContentType& type = *message.mHeader->contentType();
+    type.setParameter("a", filling(kLongest + 1, kTypeFrame));
+    ASSERT_EQ(message.assemble(nullptr), -1);
+    type.setParameter("a", "short");
+    type.setSubTypeStr("");
+    EXPECT_EQ(message.assemble(nullptr), 0);
+    EXPECT_EQ(type.getMessage(), "Content-Type: text/plain\r\n");
+}
