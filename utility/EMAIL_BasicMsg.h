@@ -49,8 +49,9 @@ public:
     /// to those that are already there. Returns 0, or -1 with nothing changed when the file cannot
     /// be opened for reading and writing or mapped.
     int parse(const QString& path);
-    /// Assembles header and body, all the way down, and returns the text. The reference is valid as
-    /// long as the message; file-backed bodies are not part of the text.
+    /// Assembles header and body, all the way down, and returns the text, which is empty where that
+    /// fails. The reference is valid as long as the message; file-backed bodies are not part of the
+    /// text.
     const QCString& assemble();
     /// Assembles into an open file, file-backed bodies included. Returns 0, or -1 when the file
     /// does not take the text or a body cannot be read.

@@ -4,6 +4,7 @@
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_Numbers.h"
+#include "utility/text/Joined.h"
 #include "utility/tree/StoredBody.h"
 #include "utility/tree/TreeAssembler.h"
 #include "utility/tree/TreeDeleter.h"
@@ -22,9 +23,11 @@ EMAIL_Body::~EMAIL_Body()
     tarvomime::deleteChildren(*this);
 }
 
+// A text that is not rebuilt from parts is the body itself: it stands, whatever fails.
 void EMAIL_Body::assemble()
 {
-    assemble(nullptr);
+    if (assemble(nullptr) != 0 && tarvomime::isRebuilt(*this))
+        mString = tarvomime::refusedText();
 }
 
 void EMAIL_Body::parse()

@@ -24,7 +24,7 @@ public:
 
     /// Deletes the enclosed message, then the parts.
     ~EMAIL_Body() override;
-    /// `assemble(nullptr)`.
+    /// `assemble(nullptr)`; a text that is rebuilt from parts becomes empty where that fails.
     void assemble() override;
     /// Parses `mString` in memory.
     void parse() override;

@@ -4,6 +4,7 @@
 #include "types/AllocationCheck.h"
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_Header.h"
+#include "utility/text/Joined.h"
 #include "utility/tree/TreeAssembler.h"
 #include "utility/tree/TreeParser.h"
 
@@ -40,7 +41,8 @@ EMAIL_Entity::~EMAIL_Entity()
 
 void EMAIL_Entity::assemble()
 {
-    assemble(nullptr);
+    if (assemble(nullptr) != 0)
+        mString = tarvomime::refusedText();
 }
 
 void EMAIL_Entity::parse()

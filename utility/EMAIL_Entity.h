@@ -21,7 +21,8 @@ public:
 
     /// Deletes the header, then the body with everything below it.
     ~EMAIL_Entity() override;
-    /// Assembles header and body, all the way down, and joins them in `mString`.
+    /// Assembles header and body, all the way down, and joins them in `mString`, which becomes
+    /// empty where that fails.
     void assemble() override;
     /// Splits `mString` into header and body and parses both, all the way down.
     void parse() override;
@@ -41,8 +42,8 @@ public:
     /// Assembles like `assemble()`; with a `file` the text is written there and `mString` stays
     /// empty. Returns 0, or -1 when the file does not take the text, a body cannot be read, a
     /// header cannot be built, the text in memory would be longer than `QCString::longestLength`,
-    /// or there is no memory. What was written before stays in the file; texts in memory stay as
-    /// they were.
+    /// or there is no memory. What was written before stays in the file; the texts in memory of
+    /// entities and bodies stay as they were.
     ///
     /// In memory, header, body and parts are asked for their text through their own `assemble()`,
     /// so that derived classes may override it. To a file only headers and fields are: no

@@ -4,6 +4,7 @@
 #include "tests/support/StoredFile.h"
 #include "utility/EMAIL_BasicMsg.h"
 #include "utility/EMAIL_Body.h"
+#include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
@@ -164,6 +165,18 @@ TEST(EMAIL_BasicMsg, AssemblesIntoTextAndFile)
     EXPECT_EQ(message.assemble(&file), 0);
     file.close();
     EXPECT_EQ(contentOf(target.path()), simpleMessage);
+}
+
+TEST(EMAIL_BasicMsg, AssemblesIntoAnEmptyTextWhereItFails)
+{
+    EMAIL_BasicMsg message(simpleMessage);
+    message.assemble();
+    EMAIL_ContentType& type = *message.getHeader()->contentType();
+    type.setName(QByteArray(1 << 21, 'x'));
+    EXPECT_EQ(message.assemble().length(), 0) << "not the text of before";
+    type.setName("1");
+    EXPECT_EQ(message.assemble(), "From: a@b\r\nSubject: Hi\r\n"
+                                  "Content-Type: text/plain;\r\n\tname=1\r\n\r\nText\r\n");
 }
 
 TEST(EMAIL_BasicMsg, FullDiskFailsTheAssembly)

@@ -312,3 +312,65 @@ TEST(EMAIL_BodyAssembly, PassesOverWhatAnApplicationTookOut)
     delete body.bodyPart(0)->mBody;
     body.bodyPart(0)->mBody = nullptr;
 }
+
+namespace {
+
+// Those of an application, which assemble themselves as the library does.
+struct OwnPart : EMAIL_BodyPart
+{
+};
+struct OwnBody : EMAIL_Body
+{
+    using EMAIL_Body::EMAIL_Body;
+};
+
+const QCString kTooLong = QByteArray(1 << 21, 'x');
+
+void setName(const EMAIL_Entity& entity, const QCString& name)
+{
+    entity.mHeader->contentType()->setName(name);
+}
+
+} // namespace
+
+TEST(DerivedComponents, APartThatRefusesFailsTheWhole)
+{
+    BodyOwner owner("multipart/mixed; boundary=b");
+    auto* part = new OwnPart;
+    owner.mBody->insertBodyPart(part, 0);
+    for (const char* round : {"first", "with the text of before"}) {
+        setName(*part, kTooLong);
+        EXPECT_EQ(owner.assemble(nullptr), -1) << round;
+        setName(*part, "1");
+        EXPECT_EQ(owner.assemble(nullptr), 0) << round << ": the failure does not stay";
+        EXPECT_EQ(owner.mBody->getMessage(),
+                  "--b\r\nContent-Type: text/plain;\r\n\tname=1\r\n\r\n\r\n--b--\r\n");
+    }
+}
+
+TEST(DerivedComponents, ABodyWhosePartRefusesFailsTheWhole)
+{
+    BodyOwner owner("multipart/mixed; boundary=b");
+    delete owner.mBody;
+    owner.mBody = new OwnBody("preamble", &owner);
+    EMAIL_BodyPart* const part = addPart(owner);
+    for (const char* round : {"first", "with the text of before"}) {
+        setName(*part, kTooLong);
+        EXPECT_EQ(owner.assemble(nullptr), -1) << round;
+        setName(*part, "1");
+        EXPECT_EQ(owner.assemble(nullptr), 0) << round << ": the failure does not stay";
+    }
+}
+
+TEST(DerivedComponents, ABodyThatIsItsOwnTextKeepsIt)
+{
+    BodyOwner owner("text/plain");
+    delete owner.mBody;
+    owner.mBody = new OwnBody("text", &owner);
+    owner.assemble();
+    EXPECT_EQ(owner.getMessage(), "Content-Type: text/plain\r\n\r\ntext");
+    EXPECT_EQ(owner.mBody->getMessage(), "text");
+    owner.mBody->setParent(nullptr);
+    owner.mBody->assemble();
+    EXPECT_EQ(owner.mBody->getMessage(), "text") << "also where nobody says what it is";
+}

@@ -28,6 +28,12 @@ bool assembleAnyHeader(EMAIL_Header& header)
     return !isRefused(header.mString);
 }
 
+template <class Sink>
+bool writeText(Sink& sink, const EMAIL_BaseComponent& component)
+{
+    return !isRefused(component.mString) && sink.write(component.mString.view());
+}
+
 } // namespace
 
 bool MeasuringAssembly::write(std::string_view text)
@@ -48,12 +54,12 @@ std::optional<std::string_view> MeasuringAssembly::writeHeader(EMAIL_Header& hea
 bool MeasuringAssembly::writeForeign(EMAIL_BaseComponent& component)
 {
     component.assemble();
-    return write(component.mString.view());
+    return writeText(*this, component);
 }
 
 bool MeasuringAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header&)
 {
-    return write(body.mString.view());
+    return writeText(*this, body);
 }
 
 std::optional<std::string_view> MemoryAssembly::writeHeader(EMAIL_Header& header)
@@ -67,12 +73,12 @@ std::optional<std::string_view> MemoryAssembly::writeHeader(EMAIL_Header& header
 
 bool MemoryAssembly::writeForeign(EMAIL_BaseComponent& component)
 {
-    return write(component.mString.view());
+    return writeText(*this, component);
 }
 
 bool MemoryAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header&)
 {
-    return !isRefused(body.mString) && write(body.mString.view());
+    return writeText(*this, body);
 }
 
 void MemoryAssembly::handOut(EMAIL_BaseComponent& component, int start)
@@ -125,7 +131,7 @@ std::optional<std::string_view> FileAssembly::writeHeader(EMAIL_Header& header)
 bool FileAssembly::writeLeaf(const EMAIL_Body& body, const EMAIL_Header& header)
 {
     if (body.mInMemory)
-        return !isRefused(body.mString) && write(body.mString.view());
+        return writeText(*this, body);
     return body.mLength == 0 || writeFileBody(body, header);
 }
 

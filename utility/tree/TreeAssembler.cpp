@@ -197,4 +197,15 @@ int assembleBody(EMAIL_Body& body, QFile* file, int limit)
     return assemble(body, file, limit);
 }
 
+// Where there is no memory to read the type, the parts themselves tell.
+bool isRebuilt(EMAIL_Body& body)
+{
+    try {
+        const auto* owner = dynamic_cast<EMAIL_Entity*>(body.mParent);
+        return owner != nullptr && owner->mHeader != nullptr && takeType(*owner->mHeader, body);
+    } catch (const std::bad_alloc&) {
+        return body.numBodyParts() > 0;
+    }
+}
+
 } // namespace tarvomime
