@@ -10,6 +10,7 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
+#include "utility/RefusedBody.h"
 #include "utility/codec/MediaTypes.h"
 #include "utility/file/WholeFile.h"
 #include "utility/text/Joined.h"
@@ -31,18 +32,19 @@ bool isContainerPart(const EMAIL_MultiPart& part)
 // Hands the body over as it is: its bytes are in the part's transfer encoding already.
 void copyBody(const EMAIL_MultiPart& part, EMAIL_Body& body)
 {
-    if (part.isInMemory())
-        // Bytes that could not be encoded are not lost in silence: the assembly fails.
-        body.setMessage(part.mBodyData.isEmpty() && part.mBodyLength > 0
-                            ? refusedText()
-                            : QCString::fromBytes(part.mBodyData));
+    if (isBodyRefused(part))
+        body.setMessage(refusedText());
+    else if (part.isInMemory())
+        body.setMessage(QCString::fromBytes(part.mBodyData));
     else
         body.setBodyInfo(part.mBodyFile, part.mBodyOffset, part.mBodyLength, part.mEncoded);
 }
 
 void copyBody(const EMAIL_Body& body, EMAIL_MultiPart& part)
 {
-    if (body.isInMemory())
+    if (body.isInMemory() && isRefused(body.getMessage()))
+        refuseBody(part);
+    else if (body.isInMemory())
         part.setBody(QByteArray(body.getMessage()), true);
     else
         part.setBodyInfo(body.mFile, body.mOffset, body.mLength, body.mEncoded);

@@ -4,6 +4,7 @@
 // Trees are walked with work lists: a message nests as deep as its sender likes.
 #include "utility/EMAIL_MultiPart.h"
 
+#include "utility/RefusedBody.h"
 #include "utility/codec/MediaTypes.h"
 #include "utility/text/Latin1.h"
 #include "utility/tree/WorkList.h"
@@ -61,9 +62,8 @@ EMAIL_MultiPart::EMAIL_MultiPart(EMAIL_MultiPart* parent) : mParent(parent)
 EMAIL_MultiPart::EMAIL_MultiPart(const EMAIL_MultiPart& other)
 {
     mSubParts.setAutoDelete(true);
-    // Stays when there is no memory for the copy: a body whose bytes are missing, which makes the
-    // assembly of every message that takes it fail, so that nothing is lost in silence.
-    mBodyLength = 1;
+    // Stays when there is no memory for the copy.
+    refuseBody(*this);
     *this = other;
 }
 

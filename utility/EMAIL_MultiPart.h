@@ -110,6 +110,10 @@ public:
     QString& getBoundary() { return mBoundary; }
 
     // The body. A setter switches between memory and file and leaves the other's members alone.
+    //
+    // A body of 2^31 - 64 bytes and more, or one that there is no memory to encode, is refused: the
+    // part then has no bytes, and no message that takes it can be assembled, until a body is set
+    // again.
 
     bool isInMemory() const { return mInMemory; }
     /// Makes `data` the body: as it is when `isEncoded`, else in the part's transfer encoding,

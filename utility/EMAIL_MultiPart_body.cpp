@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The body of a part: in memory or in a file, always as it travels.
 #include "utility/EMAIL_MultiPart.h"
+#include "utility/RefusedBody.h"
 #include "utility/codec/Charset.h"
 #include "utility/codec/DecodedBody.h"
 #include "utility/codec/TransferEncoding.h"
@@ -21,19 +22,17 @@ BodyBytes storedBytes(const EMAIL_MultiPart& part)
     return BodyBytes(part.mBodyFile, part.mBodyOffset, part.mBodyLength);
 }
 
-// Sizes are `int` in the interface; a body that is longer counts as empty.
-bool isTooLong(const QByteArray& data)
-{
-    return data.size() > QCString::longestLength;
-}
-
 } // namespace
 
 void EMAIL_MultiPart::setBody(const QByteArray& data, bool isEncoded)
 {
+    if (data.size() > QCString::longestLength) {
+        refuseBody(*this);
+        return;
+    }
     mInMemory = true;
     mEncoded = true;
-    mBodyLength = isTooLong(data) ? 0 : static_cast<int>(data.size());
+    mBodyLength = static_cast<int>(data.size());
     if (mBodyLength == 0)
         return;
     if (isEncoded) {
@@ -59,7 +58,12 @@ void EMAIL_MultiPart::setBody(const QString& text, bool useCharset)
             mCharset = CHARSET_UTF_8;
         encodeWithCharset(bytes, text, mCharset);
     } else if (text.size() <= QCString::longestLength) {
-        bytes = text.toLatin1();
+        bytes = QCString::fromBytes(text.toLatin1());
+    }
+    const bool isNeverWritten = useCharset && mCharset == CHARSET_UTF_7;
+    if (bytes.isEmpty() && !isNeverWritten) {
+        refuseBody(*this);
+        return;
     }
     const int end = bytes.find('\0');
     if (end >= 0)

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Where there is no memory for a result, the codecs give an empty one and throw nothing.
+#include "utility/EMAIL_MIME.h"
+#include "utility/EMAIL_Message.h"
+#include "utility/EMAIL_MultiPart.h"
 #include "utility/EMAIL_Util.h"
 
 #include <cstdio>
@@ -89,6 +92,21 @@ Row encodeWords(const char* name, Encoder encode)
             }};
 }
 
+// The body of a part is not lost in silence: no message that takes the part can be assembled.
+Row setPartText(const char* name, int charset)
+{
+    return {name, [charset](const QByteArray&, const QString& text) {
+                EMAIL_MultiPart part(nullptr);
+                part.setCharset(charset);
+                part.setBody(QByteArray("old"), true);
+                part.setBody(text, true);
+                EMAIL_MIME message;
+                message.setType(TYPE_MULTIPART);
+                message.addMultiPart(part, 0);
+                return part.mBodyData.isEmpty() && message.mMessage->assemble(nullptr) == -1;
+            }};
+}
+
 } // namespace
 
 TEST_P(ShortMemory, GivesAnEmptyResult)
@@ -116,16 +134,16 @@ TEST_P(ShortMemory, GivesAnEmptyResult)
 
 INSTANTIATE_TEST_SUITE_P(
     Rows, ShortMemory,
-    testing::Values(encodeTransfer("copy", CTE_8BIT),
-                    encodeTransfer("to quoted-printable", CTE_QUOTED_PRINTABLE),
-                    encodeTransfer("to base64", CTE_BASE64), decodeTransfer("copy up to NUL", 0),
-                    decodeTransfer("from quoted-printable", CTE_QUOTED_PRINTABLE),
-                    decodeTransfer("from base64", CTE_BASE64),
-                    decodeCharset("from Latin-1", CHARSET_ISO_8859_1),
-                    decodeCharset("from UTF-7", CHARSET_UTF_7),
-                    decodeCharset("from UTF-8", CHARSET_UTF_8),
-                    decodeCharset("from GBK", CHARSET_GBK),
-                    encodeCharset("to Cyrillic", CHARSET_WINDOWS_1251),
-                    encodeCharset("to UTF-8", CHARSET_UTF_8), encodeCharset("to GBK", CHARSET_GBK),
-                    encodeWords("to words", EMAIL_Util::encode_2047_String),
-                    encodeWords("addresses", EMAIL_Util::encode_2047_Address)));
+    testing::Values(
+        encodeTransfer("copy", CTE_8BIT),
+        encodeTransfer("to quoted-printable", CTE_QUOTED_PRINTABLE),
+        encodeTransfer("to base64", CTE_BASE64), decodeTransfer("copy up to NUL", 0),
+        decodeTransfer("from quoted-printable", CTE_QUOTED_PRINTABLE),
+        decodeTransfer("from base64", CTE_BASE64),
+        decodeCharset("from Latin-1", CHARSET_ISO_8859_1),
+        decodeCharset("from UTF-7", CHARSET_UTF_7), decodeCharset("from UTF-8", CHARSET_UTF_8),
+        decodeCharset("from GBK", CHARSET_GBK), encodeCharset("to Cyrillic", CHARSET_WINDOWS_1251),
+        encodeCharset("to UTF-8", CHARSET_UTF_8), encodeCharset("to GBK", CHARSET_GBK),
+        setPartText("part's text", CHARSET_UTF_8), setPartText("part's text in GBK", CHARSET_GBK),
+        encodeWords("to words", EMAIL_Util::encode_2047_String),
+        encodeWords("addresses", EMAIL_Util::encode_2047_Address)));

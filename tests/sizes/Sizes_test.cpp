@@ -9,6 +9,7 @@
 #include "utility/EMAIL_Cal.h"
 #include "utility/EMAIL_ContentType.h"
 #include "utility/EMAIL_DispositionType.h"
+#include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_MIME.h"
 #include "utility/EMAIL_Message.h"
@@ -304,6 +305,15 @@ std::vector<SizeRow> wordRows()
 
 using TextSetter = void (EMAIL_BasicMsg::*)(const QString&);
 
+// Whether no message that takes the part can be assembled.
+bool isRefused(const EMAIL_MultiPart& part)
+{
+    EMAIL_MIME message;
+    message.setType(TYPE_MULTIPART);
+    message.addMultiPart(part, 0);
+    return message.mMessage->assemble(nullptr) == -1;
+}
+
 std::vector<SizeRow> messageRows()
 {
     std::vector<SizeRow> rows;
@@ -337,13 +347,15 @@ std::vector<SizeRow> messageRows()
         }));
         rows.push_back(tooLong("text of a part's body", [=](qint64 size) {
             EMAIL_MultiPart part(nullptr);
+            part.setBody(QByteArray("old"), true);
             part.setBody(huge().units(size), encode);
-            return part.mBodyLength == 0 && part.mBodyData.isEmpty();
+            return part.mBodyData.isEmpty() && isRefused(part);
         }));
         rows.push_back(tooLong("bytes of a part's body", [=](qint64 size) {
             EMAIL_MultiPart part(nullptr);
+            part.setBody(QByteArray("old"), true);
             part.setBody(huge().bytes(size), encode);
-            return part.mBodyLength == 0 && part.mBodyData.isEmpty();
+            return part.mBodyData.isEmpty() && isRefused(part);
         }));
     }
     rows.push_back(tooLongWhenDone("bytes of a message's body", [](qint64 size) {
@@ -354,10 +366,7 @@ std::vector<SizeRow> messageRows()
     rows.push_back({"part whose encoding is too long", 0, kLongest, [](qint64 size) {
                         EMAIL_MultiPart part(nullptr);
                         part.setBody(huge().bytes(size), false);
-                        EMAIL_MIME message;
-                        message.setType(TYPE_MULTIPART);
-                        message.addMultiPart(part, 0);
-                        return message.mMessage->assemble(nullptr) == -1;
+                        return isRefused(part);
                     }});
     return rows;
 }
@@ -463,6 +472,31 @@ INSTANTIATE_TEST_SUITE_P(
         LongestRow{"file name", [](EMAIL_Header& header, const QCString& text) {
                        header.contentDisposition()->setFileName(text);
                    }}));
+
+namespace {
+
+// Its line is the body as it is, which is not copied.
+struct VerbatimField : EMAIL_Field
+{
+    VerbatimField(const QCString& name, const QCString& body)
+    {
+        mName = name;
+        mBody = body;
+    }
+    void assemble() override { mString = mBody; }
+};
+
+} // namespace
+
+TEST(LongestText, OfALineLeavesNothingOfSmartDataThatPassesIt)
+{
+    for (const char* name : {"From", "Cc", "Subject"}) {
+        EMAIL_Header header(QCString("Cc: c@x\r\nSubject: s\r\n"), nullptr);
+        header.parse();
+        header.addField(new VerbatimField(name, longestText()));
+        EXPECT_EQ(header.getSmartData().length(), 0) << name;
+    }
+}
 
 TEST(LongestText, BecomesEmptyWhenItGrows)
 {

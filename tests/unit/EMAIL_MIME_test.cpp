@@ -52,6 +52,14 @@ QByteArray bodiesOf(const EMAIL_MIME& mime)
     return bodies;
 }
 
+// A part whose body could not be encoded: a length without bytes.
+std::unique_ptr<EMAIL_MultiPart> refusedPart()
+{
+    std::unique_ptr<EMAIL_MultiPart> part(textPart("lost"));
+    part->mBodyData.clear();
+    return part;
+}
+
 std::unique_ptr<EMAIL_MIME> emptyHandle()
 {
     auto mime = std::make_unique<EMAIL_MIME>();
@@ -520,4 +528,61 @@ TEST(EMAIL_MIME, NulStaysInABodyThatTravels)
     EMAIL_MultiPart copy(nullptr);
     ASSERT_TRUE(mime.getMultiPart(0, copy));
     EXPECT_EQ(copy.mBodyData, bytes);
+}
+
+namespace {
+
+using Way = void (*)(EMAIL_MIME&);
+
+class RefusedBody : public testing::TestWithParam<std::pair<const char*, Way>>
+{
+};
+
+} // namespace
+
+TEST_P(RefusedBody, FailsTheAssemblyUntilItIsSetAgain)
+{
+    EMAIL_MIME mime(messageOf("multipart/mixed", {nested, plain("2")}));
+    EMAIL_MultiPart container(nullptr);
+    ASSERT_TRUE(mime.getMultiPart(0, container));
+    container.addSubMultiPart(refusedPart().release(), -1);
+    mime.setMultiPart(container, 0, true);
+    GetParam().second(mime);
+    EXPECT_EQ(mime.mMessage->assemble(nullptr), -1);
+    RecordingFile file;
+    EXPECT_EQ(mime.assemble(&file), -1);
+    EMAIL_MultiPart part(nullptr);
+    ASSERT_TRUE(mime.getMultiPart(0, part));
+    part.getSubMultiPart(2)->setBody(QByteArray("again"), true);
+    mime.setMultiPart(part, 0, true);
+    EXPECT_EQ(mime.mMessage->assemble(nullptr), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, RefusedBody,
+                         testing::Values(std::pair("Added", Way([](EMAIL_MIME&) {})),
+                                         std::pair("MadeSendable", Way([](EMAIL_MIME& mime) {
+                                                       mime.makeHeaderSendable();
+                                                   })),
+                                         std::pair("ReadOutAndAdded", Way([](EMAIL_MIME& mime) {
+                                                       EMAIL_MultiPart part(nullptr);
+                                                       mime.getMultiPart(0, part);
+                                                       mime.setMultiPart(EMAIL_MultiPart(part), 0,
+                                                                         true);
+                                                   })),
+                                         std::pair("BesideARawBody", Way([](EMAIL_MIME& mime) {
+                                                       mime.setRawBody(QStringLiteral("/dev/null"));
+                                                   }))),
+                         [](const auto& row) { return row.param.first; });
+
+TEST(EMAIL_MIME, AFailedAssemblyLeavesTheTextsOfPartsInMemory)
+{
+    EMAIL_MIME mime(messageOf("multipart/mixed", {plain("1")}));
+    const QCString before = mime.assemble();
+    const EMAIL_BodyPart& first = *mime.mMessage->mBody->bodyPart(0);
+    const QCString firstBefore = first.getMessage();
+    first.mHeader->setSubject("changed");
+    mime.addMultiPart(*refusedPart(), -1);
+    EXPECT_EQ(mime.mMessage->assemble(nullptr), -1);
+    EXPECT_EQ(first.getMessage(), firstBefore);
+    EXPECT_EQ(mime.mMessage->getMessage(), before);
 }

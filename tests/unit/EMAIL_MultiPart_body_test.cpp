@@ -4,6 +4,8 @@
 #include "tests/support/RecordingFile.h"
 #include "tests/support/RowNames.h"
 #include "tests/support/StoredFile.h"
+#include "utility/EMAIL_MIME.h"
+#include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
 
 namespace {
@@ -67,16 +69,22 @@ TEST(EMAIL_MultiPartBody, EmptyBytesKeepTheOldOnes)
 }
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-TEST(EMAIL_MultiPartBody, BytesOfTwoGigabytesCountAsEmpty)
+TEST(EMAIL_MultiPartBody, BytesOfTwoGigabytesAreRefused)
 {
     const HugeBytes bytes;
     if (!bytes.isMapped())
         GTEST_SKIP() << "no address space";
     for (const bool isEncoded : {true, false}) {
-        EMAIL_MultiPart part(nullptr);
-        part.setBody(QByteArray::fromRawData(bytes.data(), qsizetype(1) << 31), isEncoded);
-        EXPECT_EQ(part.mBodyLength, 0);
-        EXPECT_TRUE(part.mBodyData.isEmpty());
+        for (const char* old : {"", "old"}) {
+            EMAIL_MultiPart part(nullptr);
+            part.setBody(QByteArray(old), true);
+            part.setBody(QByteArray::fromRawData(bytes.data(), qsizetype(1) << 31), isEncoded);
+            EXPECT_TRUE(part.mBodyData.isEmpty()) << "the old body is not sent in its place";
+            EMAIL_MIME message;
+            message.setType(TYPE_MULTIPART);
+            message.addMultiPart(part, -1);
+            EXPECT_EQ(message.mMessage->assemble(nullptr), -1);
+        }
     }
 }
 #endif
@@ -132,6 +140,10 @@ INSTANTIATE_TEST_SUITE_P(
                 QStringLiteral("a") + QChar(0) + QStringLiteral("b"), CHARSET_UTF_8, "a"},
         TextRow{"latin-1 ends at nul", CHARSET_UTF_8, false,
                 QStringLiteral("a") + QChar(0) + QStringLiteral("b"), CHARSET_UTF_8, "a"},
+        TextRow{"nul in front", CHARSET_UTF_8, true, QChar(0) + QStringLiteral("b"), CHARSET_UTF_8,
+                ""},
+        TextRow{"nul in front of latin-1", CHARSET_UTF_8, false, QChar(0) + QStringLiteral("b"),
+                CHARSET_UTF_8, ""},
         TextRow{"utf-7 is never written", CHARSET_UTF_7, true, eAcute, CHARSET_UTF_7, ""}),
     rowName<TextRow>);
 

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "utility/EMAIL_MultiPart.h"
+
+namespace tarvomime {
+
+/// A part whose body could not be had has a length but no bytes in memory. It is carried from part
+/// to part and into the messages, whose assembly fails, so that no body is lost in silence; setting
+/// a body ends it.
+inline void refuseBody(EMAIL_MultiPart& part)
+{
+    part.mBodyData.clear();
+    part.mBodyLength = 1;
+    part.mInMemory = true;
+    part.mEncoded = true;
+}
+
+inline bool isBodyRefused(const EMAIL_MultiPart& part)
+{
+    return part.mInMemory && part.mBodyData.isEmpty() && part.mBodyLength > 0;
+}
+
+} // namespace tarvomime
