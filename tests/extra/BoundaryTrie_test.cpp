@@ -2,6 +2,7 @@
 #include "extra/BoundaryTrie.h"
 
 #include "tests/support/RandomText.h"
+#include "tests/support/RowNames.h"
 
 #include <string>
 
@@ -45,13 +46,49 @@ TEST(BoundaryTrie, TellsTheOutermostContainer)
     EXPECT_EQ(find(trie, "anything"), std::pair(1, std::size_t(0)));
 }
 
-TEST(BoundaryTrie, FindsAsOneByOneInRandomNests)
+TEST(BoundaryTrie, TellsBoundariesApartThatBeginAlike)
 {
-    RandomText texts(5, {"a", "b", "ab", QByteArray("\0\xFF", 2), "-"});
+    BoundaryTrie trie;
+    for (const char* boundary : {"romane", "romanus", "romulus", "rom", "rubens", "romane"})
+        trie.push(boundary);
+    EXPECT_EQ(find(trie, "romanes"), std::pair(0, std::size_t(6)));
+    EXPECT_EQ(find(trie, "romanus"), std::pair(1, std::size_t(7)));
+    EXPECT_EQ(find(trie, "romulus"), std::pair(2, std::size_t(7)));
+    EXPECT_EQ(find(trie, "roman"), std::pair(3, std::size_t(3)));
+    EXPECT_EQ(find(trie, "rubens"), std::pair(4, std::size_t(6)));
+    EXPECT_EQ(find(trie, "r").first, -1);
+    trie.closeTo(1);
+    EXPECT_EQ(find(trie, "romane"), std::pair(0, std::size_t(6)));
+    EXPECT_EQ(find(trie, "romulus").first, -1);
+}
+
+namespace {
+
+struct PiecesRow
+{
+    const char* name;
+    std::vector<QByteArray> pieces;
+    unsigned int most;
+};
+
+void PrintTo(const PiecesRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class RandomNests : public testing::TestWithParam<PiecesRow>
+{
+};
+
+} // namespace
+
+TEST_P(RandomNests, AreFoundAsOneByOne)
+{
+    RandomText texts(5, GetParam().pieces);
     BoundaryTrie trie;
     std::vector<std::string> open;
     for (int round = 0; round < 20000; ++round) {
-        const std::string text = texts.next(4).toStdString();
+        const std::string text = texts.next(GetParam().most).toStdString();
         if (round % 7 == 0 && open.size() > 3) {
             open.resize(text.size() % open.size());
             trie.closeTo(static_cast<int>(open.size()));
@@ -62,3 +99,12 @@ TEST(BoundaryTrie, FindsAsOneByOneInRandomNests)
         ASSERT_EQ(find(trie, text), findPlainly(open, text)) << testing::PrintToString(text);
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Extra, RandomNests,
+    testing::Values(PiecesRow{"Short", {"a", "b", "ab", QByteArray("\0\xFF", 2), "-"}, 4},
+                    PiecesRow{"Long", {QByteArray(300, 'a'), "a", "b"}, 6},
+                    PiecesRow{"AlikeAtTheirBeginning",
+                              {"----=_Part_", "----=_Next", "----", "=", "_", "1", "2"},
+                              5}),
+    rowName<PiecesRow>);
