@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "extra/FindingText.h"
 #include "extra/PartExamination.h"
 #include "extra/PartHeader.h"
 #include "extra/Utf8.h"
@@ -61,7 +62,7 @@ void examineEncoding(const PartExamination& part)
     if (field != nullptr && !trimmed(field->mBody.view()).empty() && cte == CTE_UNKNOWN)
         part.report(FindingKind::UnknownEncoding,
                     QStringLiteral("the transfer encoding \"%1\" is not known")
-                        .arg(QString::fromUtf8(QByteArray(field->mBody).trimmed())),
+                        .arg(shownLabel(QString::fromUtf8(QByteArray(field->mBody).trimmed()))),
                     field->mString.view());
     if (cte == CTE_BASE64 && endsInsideGroup(part.body()))
         part.report(FindingKind::CutBase64,
@@ -74,8 +75,8 @@ QString contradiction(const QByteArray& text, const QByteArray& label)
 {
     if (label.isEmpty())
         return QStringLiteral("the text names no charset and is not plain ASCII");
-    const QString said =
-        QStringLiteral("the text is said to be %1 and is not").arg(QString::fromLatin1(label));
+    const QString said = QStringLiteral("the text is said to be %1 and is not")
+                             .arg(shownLabel(QString::fromLatin1(label)));
     // Reading forgives some damage; a careful reader wants to know of it.
     if (EMAIL_Util::charsetStrToEnum(QCString(label)) == CHARSET_UTF_8)
         return isUtf8({text.constData(), std::size_t(text.size())}) ? QString() : said;
@@ -86,9 +87,8 @@ void examineCharset(const PartExamination& part, const QByteArray& text)
 {
     const QByteArray label = typeParameter(part.entity(), "charset");
     if (!label.isEmpty() && !isReadableCharset(label)) {
-        part.report(
-            FindingKind::UnknownCharset,
-            QStringLiteral("the charset \"%1\" is not known").arg(QString::fromLatin1(label)));
+        part.report(FindingKind::UnknownCharset, QStringLiteral("the charset \"%1\" is not known")
+                                                     .arg(shownLabel(QString::fromLatin1(label))));
         return;
     }
     if (isAscii({text.constData(), std::size_t(text.size())}))
@@ -122,10 +122,10 @@ void examineMethod(const PartExamination& part, const QByteArray& calendar)
     const QByteArray declared = typeParameter(part.entity(), "method").toLower();
     const QByteArray method = methodOf(calendar);
     if (!declared.isEmpty() && !method.isEmpty() && declared != method)
-        part.report(
-            FindingKind::MethodMismatch,
-            QStringLiteral("the calendar's METHOD is %1, its Content-Type says %2")
-                .arg(QString::fromUtf8(method.toUpper()), QString::fromUtf8(declared.toUpper())));
+        part.report(FindingKind::MethodMismatch,
+                    QStringLiteral("the calendar's METHOD is %1, its Content-Type says %2")
+                        .arg(shownLabel(QString::fromUtf8(method.toUpper())),
+                             shownLabel(QString::fromUtf8(declared.toUpper()))));
 }
 
 } // namespace

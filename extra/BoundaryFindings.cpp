@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "extra/FindingSeries.h"
 #include "extra/PartExamination.h"
 #include "types/Ascii.h"
 #include "utility/EMAIL_Body.h"
@@ -74,7 +75,9 @@ public:
     BoundaryWalk(const PartExamination& part, std::string_view boundary,
                  const std::vector<std::string>& boundaries)
         : mPart(part), mBytes(part.body()), mDelimiter("--" + std::string(boundary)),
-          mMeant(core(boundary)), mBoundaries(boundaries)
+          mMeant(core(boundary)), mBoundaries(boundaries),
+          mLonger(part, FindingKind::BoundaryNearMiss, kMostNearMisses),
+          mAlmost(part, FindingKind::BoundaryNearMiss, kMostNearMisses)
     {
     }
 
@@ -86,10 +89,15 @@ public:
             visitLine(mBytes.substr(start, end - start), start, std::min(end + 1, mBytes.size()));
             start = end + 1;
         }
+        mLonger.tellMore();
+        mAlmost.tellMore();
         reportTail();
     }
 
 private:
+    // Of each sort: what broken mail has at most. Every level looks at the lines of the innermost.
+    static constexpr int kMostNearMisses = 5;
+
     enum class Stage { Preamble, Parts, Epilogue };
 
     void visitLine(std::string_view line, std::size_t start, std::size_t next)
@@ -114,10 +122,9 @@ private:
         const bool closing = rest.substr(0, 2) == "--";
         const std::string_view surplus = closing ? rest.substr(2) : rest;
         if (!surplus.empty() && !isKnownLine(line))
-            mPart.report(FindingKind::BoundaryNearMiss,
-                         QStringLiteral("a line is longer than the delimiter and still taken as "
-                                        "one"),
-                         line);
+            mLonger.add(QStringLiteral("a line is longer than the delimiter and still taken as "
+                                       "one"),
+                        line);
         if (mStage == Stage::Preamble)
             reportUnread("in front of the first part", FindingSeverity::Note, 0, start);
         mStage = closing ? Stage::Epilogue : Stage::Parts;
@@ -127,8 +134,7 @@ private:
     void examineNearMiss(std::string_view line)
     {
         if (almostMatches(line, mMeant) && !isKnownLine(line))
-            mPart.report(FindingKind::BoundaryNearMiss,
-                         QStringLiteral("a line almost matches the delimiter and is none"), line);
+            mAlmost.add(QStringLiteral("a line almost matches the delimiter and is none"), line);
     }
 
     // A delimiter of another container of the same message is no near miss, however alike their
@@ -186,6 +192,8 @@ private:
     // Found once: a boundary may be as long as the message.
     std::string_view mMeant;
     const std::vector<std::string>& mBoundaries;
+    FindingSeries mLonger;
+    FindingSeries mAlmost;
     Stage mStage = Stage::Preamble;
     std::size_t mStageStart = 0;
 };

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "extra/EncodedWords.h"
 #include "extra/FieldParameter.h"
+#include "extra/FindingSeries.h"
+#include "extra/FindingText.h"
 #include "extra/PartExamination.h"
 #include "extra/PartHeader.h"
 #include "extra/SafeFileName.h"
+#include "extra/ShortText.h"
 #include "extra/WordScanner.h"
 #include "types/Ascii.h"
 #include "utility/EMAIL_Field.h"
@@ -55,50 +58,89 @@ bool holdsLineBreak(const QString& text)
     return text.contains('\n') || text.contains('\r');
 }
 
-// An encoded word that holds a line break would start a field of its own wherever the value is
-// written again.
-void examineWords(const PartExamination& part, const EMAIL_Field& field)
+// What any number of fields of one header may give rise to.
+class FieldSeries
 {
-    const std::string_view body = field.mBody.view();
-    if (body.find("=?") == body.npos)
-        return;
-    bool breaks = false;
+public:
+    explicit FieldSeries(const PartExamination& part)
+        : privates(part, FindingKind::PrivateField, kMost),
+          lineBreaks(part, FindingKind::EncodedLineBreak, kMost),
+          charsets(part, FindingKind::UnknownCharset, kMost)
+    {
+    }
+
+    void tellMore() const
+    {
+        privates.tellMore();
+        lineBreaks.tellMore();
+        charsets.tellMore();
+    }
+
+    FindingSeries privates;
+    FindingSeries lineBreaks;
+    FindingSeries charsets;
+
+private:
+    static constexpr int kMost = 32;
+};
+
+// The encoded words of one field. One that holds a line break would start a field of its own
+// wherever the value is written again.
+struct FieldWords
+{
+    bool holdLineBreak = false;
     QSet<QByteArray> labels;
+};
+
+FieldWords wordsOf(std::string_view body, const QByteArray& fallbackCharset)
+{
+    FieldWords found;
     WordScanner words(body);
     for (words.takePlain(); !words.atEnd(); words.takePlain()) {
         const EncodedWord word = words.takeWord();
         const QCString text(word.text.data(), int(word.text.size()));
-        breaks = breaks || holdsLineBreak(decodedWords(text, part.fallbackCharset));
-        labels.insert(QByteArray(word.charset.data(), int(word.charset.size())));
+        found.holdLineBreak =
+            found.holdLineBreak || holdsLineBreak(decodedWords(text, fallbackCharset));
+        if (found.labels.size() < kMostLabels)
+            found.labels.insert(QByteArray(word.charset.data(), int(word.charset.size())));
     }
-    const QString name = textOf(field.mName);
-    if (breaks)
-        part.report(FindingKind::EncodedLineBreak,
-                    QStringLiteral("an encoded word of the field %1 holds a line break").arg(name),
-                    field.mString.view());
-    QList<QByteArray> sorted = labels.values();
-    std::sort(sorted.begin(), sorted.end());
-    for (const QByteArray& label : sorted) {
+    return found;
+}
+
+void examineWords(const PartExamination& part, const EMAIL_Field& field, FieldSeries& series)
+{
+    const std::string_view body = field.mBody.view();
+    if (body.find("=?") == body.npos)
+        return;
+    const FieldWords words = wordsOf(body, part.fallbackCharset);
+    const QString name = shownName(textOf(field.mName));
+    if (words.holdLineBreak)
+        series.lineBreaks.add(
+            QStringLiteral("an encoded word of the field %1 holds a line break").arg(name),
+            field.mString.view());
+    QList<QByteArray> labels = words.labels.values();
+    std::sort(labels.begin(), labels.end());
+    for (const QByteArray& label : labels) {
         if (!isReadableCharset(label))
-            part.report(FindingKind::UnknownCharset,
-                        QStringLiteral("an encoded word of the field %1 names the unknown charset "
-                                       "\"%2\"")
-                            .arg(name, QString::fromLatin1(label)),
-                        field.mString.view());
+            series.charsets.add(
+                QStringLiteral("an encoded word of the field %1 names the unknown charset \"%2\"")
+                    .arg(name, shownLabel(QString::fromLatin1(label))),
+                field.mString.view());
     }
 }
 
 void examineFields(const PartExamination& part)
 {
     const bool inMessage = isMessage(part);
+    FieldSeries series(part);
     QHash<QByteArray, int> seen;
     for (const EMAIL_Field* field : part.entity().mHeader->mFields) {
         const QByteArray name = QByteArray(field->mName).toLower();
         if (isPrivate(name))
-            part.report(FindingKind::PrivateField,
-                        QStringLiteral("the field %1 belongs to the mail store, not to mail")
-                            .arg(textOf(field->mName)),
-                        field->mString.view());
+            series.privates.add(
+                QStringLiteral("the field %1 belongs to the mail store, not to mail")
+                    .arg(shownName(textOf(field->mName))),
+                field->mString.view());
         // One finding a name, however many there are.
         const bool single =
             holds(kSingleFields, name) || (inMessage && holds(kSingleMessageFields, name));
@@ -108,8 +150,9 @@ void examineFields(const PartExamination& part)
                                        "they believe")
                             .arg(textOf(field->mName)),
                         field->mString.view());
-        examineWords(part, *field);
+        examineWords(part, *field, series);
     }
+    series.tellMore();
 }
 
 QString parameterOf(const PartExamination& part, const char* field, std::string_view parameter)
@@ -123,9 +166,9 @@ void examineName(const PartExamination& part, const QString& name)
 {
     const QString safe = name.isEmpty() ? name : safeFileName(name);
     if (safe != name)
-        part.report(
-            FindingKind::UnsafeName,
-            QStringLiteral("the file name \"%1\" is not safe; it becomes \"%2\"").arg(name, safe));
+        part.report(FindingKind::UnsafeName,
+                    QStringLiteral("the file name \"%1\" is not safe; it becomes \"%2\"")
+                        .arg(shownName(name), safe));
 }
 
 void examineNames(const PartExamination& part)

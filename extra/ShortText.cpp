@@ -15,8 +15,6 @@ QString ShortTextReader::read(const QByteArray& bytes) const
 
 bool ShortTextReader::isReadable(const QByteArray& label)
 {
-    // No honest value names more charsets; a flood of labels must not become a flood of look-ups.
-    constexpr int kMostLabels = 32;
     const auto known = mReadable.constFind(label);
     if (known != mReadable.constEnd())
         return *known;

@@ -7,6 +7,9 @@
 
 namespace tarvomime {
 
+/// No honest value names more charsets; a flood of labels must not become a flood of look-ups.
+constexpr int kMostLabels = 32;
+
 /// Reads names and other texts that are too short to guess their charset from their letters: as
 /// declared where that can be true, else as UTF-8 where the bytes are that, else in a fallback.
 class ShortTextReader

@@ -20,6 +20,9 @@ INSTANTIATE_TEST_SUITE_P(
         FindingRow{"Unknown",
                    "Content-Type: text/plain; charset=x-none\n\nx\n",
                    {"warning unknown-charset 1"}},
+        FindingRow{"UnknownAndLong",
+                   "Content-Type: text/plain;\n charset=" + QByteArray(900, 'x') + "\n\nx\n",
+                   {"warning unknown-charset 1"}},
         FindingRow{"Utf8", "Content-Type: text/plain; charset=utf-8\n\n\xC3\xA9\n", {}},
         FindingRow{"NotUtf8",
                    "Content-Type: text/plain; charset=utf-8\n\n\xE9\n",
@@ -42,6 +45,9 @@ INSTANTIATE_TEST_SUITE_P(
         FindingRow{"Unknown",
                    "Content-Transfer-Encoding: x-none\n\nx\n",
                    {"error unknown-encoding 1 0 33"}},
+        FindingRow{"UnknownAndLong",
+                   "Content-Transfer-Encoding: " + QByteArray(900, 'x') + "\n\nx\n",
+                   {"error unknown-encoding 1 0 927"}},
         FindingRow{"Empty", "Content-Transfer-Encoding:\n\nx\n", {}},
         FindingRow{"WholeBase64", "Content-Transfer-Encoding: base64\n\nAAAA\nAA==\n", {}},
         FindingRow{"PaddingOnALineOfItsOwn", "Content-Transfer-Encoding: base64\n\nAA=\n=\n", {}},
@@ -62,6 +68,10 @@ INSTANTIATE_TEST_SUITE_P(
                     FindingRow{"OtherMethod",
                                "Content-Type: text/calendar; method=CANCEL\n\n"
                                "BEGIN:VCALENDAR\r\nmethod:request\r\nEND:VCALENDAR\r\n",
+                               {"error method-mismatch 1"}},
+                    FindingRow{"LongMethods",
+                               "Content-Type: text/calendar;\n method=" + QByteArray(900, 'a') +
+                                   "\n\nBEGIN:VCALENDAR\r\nMETHOD:" + QByteArray(900, 'b') + "\r\n",
                                {"error method-mismatch 1"}},
                     FindingRow{"MethodOfAComponent",
                                "Content-Type: text/calendar; method=CANCEL\n\n"

@@ -64,6 +64,23 @@ INSTANTIATE_TEST_SUITE_P(
         FindingRow{"LongerThanTheDelimiter",
                    mixed("--bound\nA: b\n\nx\n--bounds\nC: d\n\ny\n--bound--\n"),
                    {QString("warning boundary-near-miss 1 %1 8").arg(kBody + 16)}},
+        FindingRow{
+            "ManyNearMisses",
+            mixed("--bound\nA: b\n\nx\n" + QByteArray("-bound\n").repeated(1000) + "--bound--\n"),
+            {QString("warning boundary-near-miss 1 %1 6").arg(kBody + 16),
+             QString("warning boundary-near-miss 1 %1 6").arg(kBody + 23),
+             QString("warning boundary-near-miss 1 %1 6").arg(kBody + 30),
+             QString("warning boundary-near-miss 1 %1 6").arg(kBody + 37),
+             QString("warning boundary-near-miss 1 %1 6").arg(kBody + 44)}},
+        FindingRow{"ManyLongerThanTheDelimiter",
+                   mixed("--bound\n-bound\n" + QByteArray("--bounds\n\nx\n").repeated(1000) +
+                         "--bound--\n"),
+                   {QString("warning boundary-near-miss 1 %1 6").arg(kBody + 8),
+                    QString("warning boundary-near-miss 1 %1 8").arg(kBody + 15),
+                    QString("warning boundary-near-miss 1 %1 8").arg(kBody + 27),
+                    QString("warning boundary-near-miss 1 %1 8").arg(kBody + 39),
+                    QString("warning boundary-near-miss 1 %1 8").arg(kBody + 51),
+                    QString("warning boundary-near-miss 1 %1 8").arg(kBody + 63)}},
         FindingRow{"BlanksBehindTheDelimiter", mixed("--bound  \nA: b\n\nx\n--bound-- \t\n"), {}},
         FindingRow{"AlikeBoundariesOfOneMessage",
                    mixed("--bound\nContent-Type: multipart/mixed; boundary=Bound\n\n"
@@ -71,6 +88,36 @@ INSTANTIATE_TEST_SUITE_P(
                    {}},
         FindingRow{"DashesInText", mixed("--bound\nA: b\n\n-- \nme\n---\n--bound--\n"), {}}),
     rowName<FindingRow>);
+
+TEST(BoundaryFindingsText, CountsTheLinesBehindTheFirstOnes)
+{
+    QStringList texts;
+    for (const tarvomime::MessageFinding& finding : tarvomime::messageFindings(
+             mixed("--bound\n\nx\n" + QByteArray("-bound\n--Bound\n").repeated(3) +
+                   "--bounds\n\ny\n--bound--\n")))
+        texts += finding.text;
+    const QString almost = "a line almost matches the delimiter and is none";
+    EXPECT_EQ(texts.join('\n').toStdString(),
+              QStringList({almost, almost, almost, almost, almost + ", like 1 more",
+                           "a line is longer than the delimiter and still taken as one"})
+                  .join('\n')
+                  .toStdString());
+}
+
+// Each line almost matches the boundaries of all that is open.
+TEST(BoundaryFindingsFlood, IsAFewFindingsAContainer)
+{
+    constexpr int kLevels = 16;
+    QByteArray mail;
+    QByteArray ends;
+    for (int i = 0; i < kLevels; ++i) {
+        const QByteArray boundary = QByteArray(i, 'b') + QByteArray(kLevels - i, 'B');
+        mail += "Content-Type: multipart/mixed; boundary=" + boundary + "\n\n--" + boundary + '\n';
+        ends = "--" + boundary + "--\n" + ends;
+    }
+    mail += '\n' + ('-' + QByteArray(kLevels, 'b') + '\n').repeated(1000) + ends;
+    EXPECT_EQ(tarvomime::messageFindings(mail).size(), 5 * kLevels);
+}
 
 // Every line is held against the boundary, which may be as long as all of them together.
 TEST(BoundaryFindingsFlood, EndsWhereTheBoundaryIsLong)

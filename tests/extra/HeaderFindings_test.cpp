@@ -70,3 +70,90 @@ INSTANTIATE_TEST_SUITE_P(
                    {"note mark-before-header 1 0 41"}},
         FindingRow{"FieldFrom", "From: a@b.example\n\nx\n", {}}),
     rowName<FindingRow>);
+
+namespace {
+
+QByteArray manyWords(int count)
+{
+    QByteArray words;
+    for (int i = 0; i < count; ++i)
+        words += "\n =?x" + QByteArray::number(1000 + i) + "?q?a?=";
+    return words;
+}
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(
+    FieldsOfAFlood, HeaderFindings,
+    testing::Values(
+        FindingRow{"LabelsOfOneField", "A:" + manyWords(500) + "\n\nx\n",
+                   repeated("warning unknown-charset 1 0 7502", 32)},
+        FindingRow{"LabelsBelowALongName",
+                   QByteArray(900, 'n') + ':' + manyWords(1) + "\n\nx\n",
+                   {"warning unknown-charset 1 0 916"}},
+        FindingRow{"LongLabel",
+                   "A: =?" + QByteArray(900, 'x') + "?q?a?=\n\nx\n",
+                   {"warning unknown-charset 1 0 911"}},
+        FindingRow{"LabelsOfManyFields",
+                   QByteArray("A: =?x-none?q?a?=\n").repeated(2) + "\nx\n",
+                   {"warning unknown-charset 1 0 17", "warning unknown-charset 1 18 17"}},
+        FindingRow{"LongPrivateName",
+                   "X-QRN-" + QByteArray(900, 'n') + ": 1\n\nx\n",
+                   {"warning private-field 1 0 909"}},
+        FindingRow{"LineBreakBelowALongName",
+                   QByteArray(900, 'n') + ": =?utf-8?q?=0A?=\n\nx\n",
+                   {"error encoded-line-break 1 0 917"}},
+        FindingRow{"LongFileName",
+                   "Content-Type: image/png;\n name=\"/" + QByteArray(900, 'n') + "\"\n\nx\n",
+                   {"warning unsafe-name 1"}}),
+    rowName<FindingRow>);
+
+namespace {
+
+struct FloodRow
+{
+    const char* name;
+    QByteArray field;
+    tarvomime::FindingKind kind;
+};
+
+void PrintTo(const FloodRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class FieldFlood : public testing::TestWithParam<FloodRow>
+{
+};
+
+} // namespace
+
+TEST_P(FieldFlood, IsAFewFindings)
+{
+    const QByteArray mail = GetParam().field.repeated(1000) + "\nx\n";
+    const QList<tarvomime::MessageFinding> findings = tarvomime::messageFindings(mail);
+    EXPECT_EQ(findings.size(), 32);
+    for (const tarvomime::MessageFinding& finding : findings)
+        EXPECT_EQ(finding.kind, GetParam().kind) << finding.text.toStdString();
+    EXPECT_TRUE(findings.last().text.endsWith(", like 968 more"))
+        << findings.last().text.toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Fields, FieldFlood,
+                         testing::Values(FloodRow{"Labels", "A: =?x-none?q?a?=\n",
+                                                  tarvomime::FindingKind::UnknownCharset},
+                                         FloodRow{"LineBreaks", "A: =?utf-8?q?=0A?=\n",
+                                                  tarvomime::FindingKind::EncodedLineBreak},
+                                         FloodRow{"Private", "X-QRN-A: 1\n",
+                                                  tarvomime::FindingKind::PrivateField}),
+                         rowName<FloodRow>);
+
+TEST(HeaderFindingsText, ShowsTheBeginningOfLongNames)
+{
+    const QList<tarvomime::MessageFinding> findings = tarvomime::messageFindings(
+        QByteArray(201, 'n') + ": =?" + QByteArray(65, 'x') + "?q?a?=\n\nx\n");
+    ASSERT_EQ(findings.size(), 1);
+    EXPECT_EQ(findings.first().text.toUtf8(),
+              "an encoded word of the field " + QByteArray(200, 'n') +
+                  "... names the unknown charset \"" + QByteArray(64, 'x') + "...\"");
+}

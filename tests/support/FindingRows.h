@@ -26,6 +26,15 @@ inline QByteArray mixed(const QByteArray& body)
     return "Content-Type: multipart/mixed; boundary=bound\n\n" + body;
 }
 
+/// `line` as often as `count` says.
+inline QStringList repeated(const QString& line, int count)
+{
+    QStringList lines;
+    for (int i = 0; i < count; ++i)
+        lines += line;
+    return lines;
+}
+
 /// Offset of the body in what mixed() gives.
 constexpr int kBody = 47;
 
@@ -42,10 +51,15 @@ inline QStringList linesOf(const QList<tarvomime::MessageFinding>& findings)
     return lines;
 }
 
+/// A text repeats no more of a message than a name of 200 characters and one made of it.
+constexpr int kLongestFinding = 500;
+
 inline void expectFindings(const FindingRow& row)
 {
     const QList<tarvomime::MessageFinding> findings = tarvomime::messageFindings(row.mail);
     EXPECT_EQ(linesOf(findings).join('\n').toStdString(), row.findings.join('\n').toStdString());
-    for (const tarvomime::MessageFinding& finding : findings)
+    for (const tarvomime::MessageFinding& finding : findings) {
         EXPECT_FALSE(finding.text.isEmpty());
+        EXPECT_LE(finding.text.size(), kLongestFinding);
+    }
 }
