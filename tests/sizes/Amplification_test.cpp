@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What a short text may make of itself in memory: eight times its bytes and one MiB, beside the
-// objects that stand for its addresses and parameters.
+// objects that stand for its addresses, parameters and parts.
+#include "extra/MessageFindings.h"
+#include "extra/MessageMeasure.h"
 #include "tests/faults/CountingNew.h"
 #include "utility/EMAIL_AddrList.h"
 #include "utility/EMAIL_ContentType.h"
@@ -126,3 +128,92 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"a million empty addresses", repeated("To: a", ",", kMillion), kMillion, readTo},
         Row{"a million members of a group", repeated("To: a:b", ",b", kMillion), kMillion + 1,
             readTo}));
+
+namespace {
+
+constexpr long kPerPart = 4000;
+
+struct MessageRow
+{
+    const char* name;
+    QByteArray mail;
+    long parts;
+    std::function<void(const QByteArray&)> read;
+};
+
+void PrintTo(const MessageRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class AmplificationOnTop : public testing::TestWithParam<MessageRow>
+{
+};
+
+void readMeasure(const QByteArray& mail)
+{
+    tarvomime::measureMessage(mail);
+}
+
+void readFindings(const QByteArray& mail)
+{
+    tarvomime::messageFindings(mail);
+}
+
+QByteArray withLabels(const QByteArray& name, int count)
+{
+    QByteArray mail = name + ':';
+    for (int i = 0; i < count; ++i)
+        mail += " =?x" + QByteArray::number(i) + "?q?a?=";
+    return mail + "\n\nx\n";
+}
+
+QByteArray nest(int levels, const QByteArray& around)
+{
+    QByteArray mail;
+    for (int i = 0; i < levels; ++i) {
+        const QByteArray boundary = around + QByteArray::number(i) + around;
+        mail += "Content-Type: multipart/mixed; boundary=" + boundary + "\n\n--" + boundary + '\n';
+    }
+    return mail;
+}
+
+// Containers whose boundaries differ in case alone, and lines that almost match each of them.
+QByteArray nearMisses(int levels, int lines)
+{
+    QByteArray mail;
+    QByteArray ends;
+    for (int i = 0; i < levels; ++i) {
+        QByteArray boundary = "boundary";
+        for (int letter = 0; letter < boundary.size(); ++letter) {
+            if ((i >> letter & 1) != 0)
+                boundary[letter] = char(boundary.at(letter) - 'a' + 'A');
+        }
+        mail += "Content-Type: multipart/mixed; boundary=" + boundary + "\n\n--" + boundary + '\n';
+        ends = "--" + boundary + "--\n" + ends;
+    }
+    return mail + '\n' + QByteArray("-boundary\n").repeated(lines) + ends;
+}
+
+} // namespace
+
+TEST_P(AmplificationOnTop, OfReadingAMessage)
+{
+    const QByteArray& mail = GetParam().mail;
+    resetPeak();
+    GetParam().read(mail);
+    EXPECT_LE(peakBytes(), 8L * long(mail.size()) + kMegabyte + GetParam().parts * kPerPart);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, AmplificationOnTop,
+    testing::Values(MessageRow{"measure of a long boundary",
+                               "Content-Type: multipart/mixed; boundary=" +
+                                   QByteArray(kMillion, 'b') + "\n\n",
+                               1, readMeasure},
+                    MessageRow{"measure of long boundaries that begin and end alike",
+                               nest(1000, QByteArray(500, 'b')), 1000, readMeasure},
+                    MessageRow{"findings of many labels below a long name",
+                               withLabels('X' + QByteArray(100000, 'n'), 7000), 1, readFindings},
+                    MessageRow{"findings of many lines that almost delimit", nearMisses(100, 5000),
+                               100, readFindings}));
