@@ -141,8 +141,8 @@ public:
     int getCalendarOrPartId(QFile* out, QString& partId, int mode) const;
     /// Fills two parts for an invitation (RFC 6047): `text` in UTF-8, and the calendar file
     /// `icsPath` as "meeting.ics" with `method`. The caller keeps both and adds them to a
-    /// multipart/alternative message. Returns 0, or -1 when the file cannot be read; `calPart` then
-    /// has no body.
+    /// multipart/alternative message. Returns 0, or -1 when the file cannot be read or is
+    /// no regular one; `calPart` then has no body.
     static int getIcsPart(const QString& icsPath, const QString& text, const QString& method,
                           EMAIL_MultiPart* textPart, EMAIL_MultiPart* calPart);
     /// Makes the file `path`, the message text in its transfer encoding, the body of the text part

@@ -9,11 +9,11 @@
 #include "utility/codec/MediaTypes.h"
 #include "utility/file/RegularFile.h"
 #include "utility/text/Latin1.h"
+#include "utility/text/Room.h"
 #include "utility/tree/EntityMediaType.h"
 #include "utility/tree/StoredBody.h"
 
-#include <QFile>
-#include <limits>
+#include <optional>
 
 using namespace tarvomime;
 
@@ -51,6 +51,18 @@ void forEachCalendar(const EMAIL_MIME& message, Action action)
         if (part != nullptr && isCalendar(mediaTypeOf(*part)))
             action(*part);
     }
+}
+
+// Nothing when it cannot be read, or is no regular file: a FIFO and a device have no end.
+std::optional<QByteArray> contentOf(const QString& path)
+{
+    const RegularFile file(path, FileAccess::Read);
+    if (!file.isOpen())
+        return std::nullopt;
+    auto content = roomFor<QByteArray>(static_cast<quint64>(file.size()));
+    if (content && !file.read(0, content->data(), file.size()))
+        return std::nullopt;
+    return content;
 }
 
 } // namespace
@@ -105,13 +117,9 @@ int EMAIL_MIME::getIcsPart(const QString& icsPath, const QString& text, const QS
     calPart->setCTE(CTE_8BIT);
     calPart->setName(QStringLiteral("meeting.ics"));
     calPart->setMethod(method);
-    QFile file(icsPath);
-    if (!isFileName(icsPath) || !file.open(QIODevice::ReadOnly) ||
-        file.size() > std::numeric_limits<int>::max())
+    const auto calendar = contentOf(icsPath);
+    if (!calendar)
         return -1;
-    const QByteArray calendar = file.readAll();
-    if (file.error() != QFile::NoError)
-        return -1;
-    calPart->setBody(calendar, false);
+    calPart->setBody(*calendar, false);
     return 0;
 }

@@ -9,6 +9,8 @@
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
 
+#include <sys/stat.h>
+
 namespace {
 
 QByteArray part(const QByteArray& type, const QByteArray& id)
@@ -171,7 +173,11 @@ TEST(EMAIL_MIMECalendar, UnreadableFileLeavesTheCalendarWithoutABody)
 {
     const StoredFile stored("");
     const OpenResources before = OpenResources::of(stored.path());
-    for (const QString& path : {stored.missingPath(), QStringLiteral("/"), QString()}) {
+    const StoredFile folder("");
+    // Nobody writes into it.
+    ASSERT_EQ(mkfifo(qPrintable(folder.missingPath()), 0600), 0);
+    for (const QString& path : {stored.missingPath(), QStringLiteral("/"), QString(),
+                                folder.missingPath(), QStringLiteral("/dev/null")}) {
         EMAIL_MultiPart textPart(nullptr);
         EMAIL_MultiPart calPart(nullptr);
         EXPECT_EQ(EMAIL_MIME::getIcsPart(path, QStringLiteral("x"), QStringLiteral("CANCEL"),
@@ -185,4 +191,18 @@ TEST(EMAIL_MIMECalendar, UnreadableFileLeavesTheCalendarWithoutABody)
     EMAIL_MultiPart only(nullptr);
     EXPECT_EQ(EMAIL_MIME::getIcsPart(stored.path(), QString(), QString(), nullptr, &only), -1);
     EXPECT_EQ(EMAIL_MIME::getIcsPart(stored.path(), QString(), QString(), &only, nullptr), -1);
+}
+
+TEST(EMAIL_MIMECalendar, FileMayBeEmptyAndNeedNotBeWritable)
+{
+    for (const char* calendar : {"", "BEGIN:VCALENDAR\r\n"}) {
+        const StoredFile stored(calendar);
+        ASSERT_TRUE(QFile::setPermissions(stored.path(), QFileDevice::ReadOwner));
+        EMAIL_MultiPart textPart(nullptr);
+        EMAIL_MultiPart calPart(nullptr);
+        EXPECT_EQ(EMAIL_MIME::getIcsPart(stored.path(), QString(), QStringLiteral("REQUEST"),
+                                         &textPart, &calPart),
+                  0);
+        EXPECT_EQ(calPart.mBodyData, calendar);
+    }
 }

@@ -13,28 +13,32 @@ namespace tarvomime {
 
 namespace {
 
-// What fopen(path, "r+") opens, but for two things: opening a FIFO or a device must not wait for
-// somebody at its other end, and no child process inherits the descriptor.
-int openForUpdate(const QString& path)
+constexpr int kRefused = -1;
+
+// What fopen(path, "r+") opens, or "r", but for two things: opening a FIFO or a device must not
+// wait for somebody at its other end, and no child process inherits the descriptor.
+int openFile(const QString& path, FileAccess access)
 {
-    constexpr int kFlags = O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    const int mode = access == FileAccess::Read ? O_RDONLY : O_RDWR;
+    const int flags = mode | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     if (!isFileName(path))
         return -1;
     const QByteArray name = path.toLocal8Bit();
     int descriptor = -1;
     do
-        descriptor = open(name.constData(), kFlags);
+        descriptor = open(name.constData(), flags);
     while (descriptor < 0 && errno == EINTR);
     return descriptor;
 }
 
-// The length of a regular file that an int can hold; 0 for everything else.
+// The length of a regular file that an int can hold.
 int regularSize(int descriptor)
 {
     struct stat status;
     if (descriptor < 0 || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
-        return 0;
-    return status.st_size <= std::numeric_limits<int>::max() ? static_cast<int>(status.st_size) : 0;
+        return kRefused;
+    return status.st_size <= std::numeric_limits<int>::max() ? static_cast<int>(status.st_size)
+                                                             : kRefused;
 }
 
 } // namespace
@@ -44,10 +48,14 @@ bool isFileName(const QString& path)
     return !path.isEmpty() && !path.contains(QChar(0));
 }
 
-RegularFile::RegularFile(const QString& path)
-    : mDescriptor(openForUpdate(path)), mSize(regularSize(mDescriptor))
+RegularFile::RegularFile(const QString& path, FileAccess access)
+    : mDescriptor(openFile(path, access)), mSize(regularSize(mDescriptor))
 {
-    if (isOpen() && mSize == 0)
+    const int least = access == FileAccess::Read ? 0 : 1;
+    if (mSize >= least)
+        return;
+    mSize = 0;
+    if (isOpen())
         close(release());
 }
 

@@ -9,8 +9,14 @@ namespace tarvomime {
 /// ends a name at its first NUL and opens another file.
 bool isFileName(const QString& path);
 
-/// A regular file of 1 byte to 2 GiB - 1, open for reading and writing and closed when it goes out
-/// of scope. Reading does not move a position: two readers of one file do not meet.
+/// What a file is opened for. Stored bodies are asked for as files that may be written and that
+/// hold something, though they are only read; a file that an application names just to be read may
+/// be empty, and belong to somebody else.
+enum class FileAccess { ReadAndWrite, Read };
+
+/// A regular file of 1 byte to 2 GiB - 1, or of none where it is only to be read, open and closed
+/// when it goes out of scope. Reading does not move a position: two readers of one file do not
+/// meet.
 class RegularFile
 {
 public:
@@ -18,7 +24,7 @@ public:
     RegularFile() = default;
     /// Opens what the local 8-bit form of `path` names; see `EMAIL_Util::openBuffer` for what is
     /// refused.
-    explicit RegularFile(const QString& path);
+    explicit RegularFile(const QString& path, FileAccess access = FileAccess::ReadAndWrite);
     RegularFile(const RegularFile&) = delete;
     RegularFile& operator=(const RegularFile&) = delete;
     ~RegularFile();

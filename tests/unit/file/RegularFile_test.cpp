@@ -77,6 +77,21 @@ TEST(RegularFile, RefusesWhatIsNoFile)
     EXPECT_FALSE(RegularFile(stored.path() + QChar(0) + "x").isOpen());
 }
 
+// A program that runs is written by nobody.
+TEST(RegularFile, ThatIsOnlyReadMayBeEmptyOrProtected)
+{
+    const StoredFile stored("");
+    const RegularFile empty(stored.path(), FileAccess::Read);
+    EXPECT_TRUE(empty.isOpen());
+    EXPECT_EQ(empty.size(), 0);
+    const QString program(QStringLiteral("/proc/self/exe"));
+    EXPECT_FALSE(RegularFile(program).isOpen());
+    EXPECT_TRUE(RegularFile(program, FileAccess::Read).holds(0, 10));
+    const RegularFile refused(QStringLiteral("/dev/null"), FileAccess::Read);
+    EXPECT_FALSE(refused.isOpen());
+    EXPECT_EQ(refused.size(), 0);
+}
+
 TEST(RegularFile, ClosesWhatItDoesNotHandOver)
 {
     const StoredFile stored("0123456789");
