@@ -207,8 +207,8 @@ public:
     void setBodyInfo(const QString& path, int offset, int length, bool encoded);
 
     /// A reply-style copy: a new message with the From, To, Cc, Bcc, date and Subject of `raw` and
-    /// with `body`, assembled. `charset` is that of undeclared 8-bit text in `raw`. Null gives an
-    /// empty text.
+    /// with `body`, assembled. `charset` is that of undeclared 8-bit text in `raw`. Null, and a
+    /// text of more than `QCString::longestLength` bytes, give an empty text.
     ///
     /// 1. No other field of `raw` is carried over, not even Message-ID or Content-Type.
     /// 2. A `raw` without a date gets the current one.

@@ -12,6 +12,7 @@
 #include "utility/tree/StoredBody.h"
 
 #include <algorithm>
+#include <cstring>
 
 using namespace tarvomime;
 
@@ -158,7 +159,11 @@ QCString EMAIL_BasicMsg::newMessage(const char* raw, const QString& body, int ch
 {
     if (raw == nullptr)
         return {};
-    const EMAIL_BasicMsg source(QString::fromLatin1(raw));
+    // Measured before it is copied: a string would copy any length.
+    const std::size_t length = std::strlen(raw);
+    if (length > std::size_t{QCString::longestLength})
+        return {};
+    const EMAIL_BasicMsg source(QString::fromLatin1(raw, static_cast<int>(length)));
     EMAIL_BasicMsg copy;
     copyIfAny(source, copy, &EMAIL_BasicMsg::getFrom, &EMAIL_BasicMsg::setFrom, charset);
     copyIfAny(source, copy, &EMAIL_BasicMsg::getTo, &EMAIL_BasicMsg::setTo, charset);

@@ -152,6 +152,20 @@ std::vector<SizeRow> textRows()
     return {
         tooLong("text up to its NUL",
                 [=](qint64 size) { return QCString(endless(size)).isNull(); }),
+        // Which is no text any more where one is made of it.
+        {"text beside another", kTwoGigabytes, kTwoGigabytes,
+         [=](qint64 size) {
+             const char* text = endless(size);
+             const QCString letters("aaa");
+             return letters < text && !(letters == text) && letters + text == letters &&
+                    text + letters == letters;
+         }},
+        tooLong("reply to a message",
+                [=](qint64 size) {
+                    return EMAIL_BasicMsg::newMessage(endless(size), QStringLiteral("b"),
+                                                      CHARSET_UTF_8)
+                        .isNull();
+                }),
         {"text of a length", kLongest + 1, kLongestInt,
          [](qint64 size) { return QCString(huge().letters(), static_cast<int>(size)).isNull(); }},
         ofInt("the middle of a short text",
