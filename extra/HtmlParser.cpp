@@ -33,7 +33,9 @@ bool openParser(HtmlParser& parser)
            find(library, "xmlSwitchEncoding", parser.switchEncoding) &&
            find(library, "htmlParseDocument", parser.parse) &&
            find(library, "namePop", parser.popName) &&
-           find(library, "htmlFreeParserCtxt", parser.free);
+           find(library, "htmlFreeParserCtxt", parser.free) &&
+           find(library, "htmlTagLookup", parser.findElement) &&
+           find(library, "htmlEntityLookup", parser.findEntity);
 }
 
 } // namespace
@@ -54,7 +56,9 @@ const HtmlParser* htmlParser()
                                         xmlSwitchEncoding,
                                         htmlParseDocument,
                                         namePop,
-                                        htmlFreeParserCtxt};
+                                        htmlFreeParserCtxt,
+                                        htmlTagLookup,
+                                        htmlEntityLookup};
     return &kParser;
 }
 

@@ -15,6 +15,8 @@ struct HtmlParser
     decltype(&htmlParseDocument) parse;
     decltype(&namePop) popName;
     decltype(&htmlFreeParserCtxt) free;
+    decltype(&htmlTagLookup) findElement;
+    decltype(&htmlEntityLookup) findEntity;
 };
 
 /// libxml2, opened by the first call; null where it cannot be opened.

@@ -443,7 +443,7 @@ QString textFromHtml(const QString& html)
     const HtmlParser* functions = htmlParser();
     if (functions == nullptr)
         return html;
-    const QByteArray bytes = guardedHtml(html.toUtf8());
+    const QByteArray bytes = guardedHtml(html.toUtf8(), *functions);
     if (bytes.isEmpty())
         return {};
     const std::unique_ptr<xmlParserCtxt, decltype(functions->free)> parser(

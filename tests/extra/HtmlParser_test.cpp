@@ -13,4 +13,6 @@ TEST(HtmlParser, HasAllItsFunctions)
     EXPECT_NE(parser->parse, nullptr);
     EXPECT_NE(parser->popName, nullptr);
     EXPECT_NE(parser->free, nullptr);
+    EXPECT_NE(parser->findElement, nullptr);
+    EXPECT_NE(parser->findEntity, nullptr);
 }

@@ -139,20 +139,13 @@ class HostileHtml : public testing::TestWithParam<HostileRow>
 
 constexpr int kMany = 300000;
 
-QString manyAttributes()
+// "a0", "a1" and so on, each between the two texts.
+QString numbered(const char* before, const char* behind)
 {
-    QString html = "<p ";
+    QString all;
     for (int i = 0; i < kMany; ++i)
-        html += 'a' + QString::number(i) + ' ';
-    return html + ">found";
-}
-
-QString manyQuotedAttributes()
-{
-    QString html = "<p ";
-    for (int i = 0; i < kMany; ++i)
-        html += 'a' + QString::number(i) + "='>'";
-    return html + ">found";
+        all += before + ('a' + QString::number(i)) + behind;
+    return all;
 }
 
 } // namespace
@@ -180,8 +173,17 @@ INSTANTIATE_TEST_SUITE_P(
         HostileRow{"DeepTables", QString("<table><tr><td>a").repeated(kMany) + "found", "found"},
         HostileRow{"DeepLinks", QString("<a href=http://a.example>a").repeated(kMany) + "found",
                    "found"},
-        HostileRow{"ManyAttributes", manyAttributes(), "found"},
-        HostileRow{"ManyQuotedAttributes", manyQuotedAttributes(), "found"},
+        HostileRow{"ManyAttributes", "<p " + numbered("", " ") + ">found", "found"},
+        HostileRow{"ManyQuotedAttributes", "<p " + numbered("", "='>'") + ">found", "found"},
+        HostileRow{"ManyAttributesBehindAComment",
+                   "<!--<a x=\"--><b " + numbered("", " ") + ">found", "found"},
+        HostileRow{"ManyAttributesBehindASign", "<a =\"><b " + numbered("", " ") + ">found",
+                   "found"},
+        HostileRow{"OneLongAttribute", "<p " + QString("a").repeated(20 * kMany) + ">found",
+                   "found"},
+        HostileRow{"ManyNames", numbered("<", ">") + "found", "found"},
+        HostileRow{"ManyNamesOfAttributes", numbered("<b ", ">") + "found", "found"},
+        HostileRow{"ManyReferences", numbered("&", ";") + "found", "&a299999;found"},
         HostileRow{"ManyLess", QString("<").repeated(kMany) + "found", "<"},
         HostileRow{"ManyComments", "found" + QString("<!--").repeated(kMany), "found"},
         HostileRow{"ManyDeclarations", "found" + QString("<!").repeated(kMany), "found"},
