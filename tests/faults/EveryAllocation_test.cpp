@@ -146,6 +146,19 @@ void assembleInMemory(EMAIL_Message& message)
 
 // Texts are made beforehand: an application's own copies are its own affair.
 const QCString value("some value");
+
+// The walk gets deeper after the text of a part could have been handed out. The list has room.
+void assembleTheDeepestPartLast(EMAIL_Message& message)
+{
+    QPtrList<EMAIL_BodyPart>& parts = message.mBody->mBodyParts;
+    parts.append(parts.take(0));
+    const EMAIL_BodyPart& part = *parts.at(1);
+    part.mBody->setMessage(value);
+    const QCString before = part.getMessage();
+    if (message.assemble(nullptr) != 0 && part.getMessage() != before)
+        endTrialWithTextLost();
+}
+
 const StoredFile stored(mixed);
 const QString path = stored.path();
 const QCString addresses("a@x, B <b@y>, team: c@z");
@@ -159,6 +172,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"parse in a file", false,
                         [](EMAIL_Message& m) { m.parse(mixed.begin(), 0, mixed.length(), path); }},
                     Row{"assemble in memory", true, assembleInMemory},
+                    Row{"assemble the deepest part last", true, assembleTheDeepestPartLast},
                     Row{"assemble to a file", true, assembleToAFile},
                     Row{"assemble a header", true, [](EMAIL_Message& m) { m.mHeader->assemble(); }},
                     Row{"assemble a body", true, [](EMAIL_Message& m) { m.mBody->assemble(); }}));

@@ -43,28 +43,28 @@ bool takeType(EMAIL_Header& header, EMAIL_Body& body)
     return takeType(readForeignType(header, read) ? read : *header.contentType(), body);
 }
 
+struct Level
+{
+    EMAIL_Entity* entity;
+    // Null when it was written already, or is not there.
+    EMAIL_Body* body;
+    int entityStart;
+    int bodyStart;
+    int nextPart;
+    bool multipart;
+};
+
 // Walks the tree with a stack of its own and writes the text of each component as it passes.
 template <class Sink>
 class Assembly
 {
 public:
-    explicit Assembly(Sink& sink) : mSink(sink) {}
+    Assembly(Sink& sink, WorkList<Level>& levels) : mSink(sink), mLevels(levels) {}
 
     bool run(EMAIL_Entity& root) { return enterEntity(root) && run(); }
     bool run(EMAIL_Body& root) { return enterBody(root, nullptr, 0) && run(); }
 
 private:
-    struct Level
-    {
-        EMAIL_Entity* entity;
-        // Null when it was written already, or is not there.
-        EMAIL_Body* body;
-        int entityStart;
-        int bodyStart;
-        int nextPart;
-        bool multipart;
-    };
-
     // The entity whose header says what the body is: mostly the one that it was reached from.
     static EMAIL_Entity* ownerOf(const EMAIL_Body& body, EMAIL_Entity* entity)
     {
@@ -152,24 +152,27 @@ private:
     }
 
     Sink& mSink;
-    WorkList<Level> mLevels;
+    WorkList<Level>& mLevels;
 };
 
 template <class Component>
 bool assembleInMemory(Component& root, int limit)
 {
     MeasuringAssembly measured(limit);
-    if (!Assembly(measured).run(root))
+    // One for both: the walk that hands texts out needs no memory that the first did not get.
+    WorkList<Level> levels;
+    if (!Assembly(measured, levels).run(root))
         return false;
     MemoryAssembly sink(measured.position());
-    return Assembly(sink).run(root);
+    return Assembly(sink, levels).run(root);
 }
 
 template <class Component>
 bool assembleToFile(Component& root, QFile& file)
 {
     FileAssembly sink(file);
-    const bool isComplete = Assembly(sink).run(root);
+    WorkList<Level> levels;
+    const bool isComplete = Assembly(sink, levels).run(root);
     return sink.flush() && isComplete;
 }
 
