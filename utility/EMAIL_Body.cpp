@@ -63,6 +63,9 @@ void EMAIL_Body::getBodyInfo(QString& path, int& offset, int& length, bool& enco
 
 void EMAIL_Body::setBodyInfo(const QString& path, int offset, int length, bool encoded)
 {
+    // What was refused is no longer the body.
+    if (tarvomime::isRefused(mString))
+        mString = QCString();
     mInMemory = false;
     mFile = path;
     mOffset = offset;

@@ -372,6 +372,11 @@ std::vector<SizeRow> messageRows()
             return part.mBodyData.isEmpty() && isRefused(part);
         }));
     }
+    rows.push_back(tooLong("bytes put into a part", [](qint64 size) {
+        EMAIL_MultiPart part(nullptr);
+        part.mBodyData = huge().bytes(size);
+        return isRefused(part);
+    }));
     rows.push_back(tooLongWhenDone("bytes of a message's body", [](qint64 size) {
         EMAIL_BasicMsg message;
         message.setBody(huge().bytes(size));

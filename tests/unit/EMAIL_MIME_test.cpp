@@ -586,3 +586,15 @@ TEST(EMAIL_MIME, AFailedAssemblyLeavesTheTextsOfPartsInMemory)
     EXPECT_EQ(first.getMessage(), firstBefore);
     EXPECT_EQ(mime.mMessage->getMessage(), before);
 }
+
+TEST(EMAIL_MIME, ARefusedBodyIsForgottenForOneInAFile)
+{
+    EMAIL_MIME mime(messageOf("multipart/mixed", {}));
+    mime.addMultiPart(*refusedPart(), -1);
+    const StoredFile stored("stored");
+    mime.mMessage->mBody->bodyPart(0)->mBody->setBodyInfo(stored.path(), 0, 6, true);
+    RecordingFile file;
+    EXPECT_EQ(mime.assemble(&file), 0);
+    EXPECT_TRUE(file.written().contains("\r\n\r\nstored\r\n"));
+    EXPECT_EQ(mime.mMessage->assemble(nullptr), 0);
+}
