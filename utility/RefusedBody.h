@@ -6,9 +6,9 @@
 namespace tarvomime {
 
 /// A part whose body could not be had has a length but no bytes in memory; one that an application
-/// has given more bytes than a text can have is as good as that. It is carried from part
-/// to part and into the messages, whose assembly fails, so that no body is lost in silence; setting
-/// a body ends it.
+/// has given more bytes than a text can have is as good as that. It is carried from part to part
+/// and into the messages, whose assembly fails, so that no body is lost in silence; setting a body
+/// ends it.
 inline void refuseBody(EMAIL_MultiPart& part)
 {
     part.mBodyData.clear();
