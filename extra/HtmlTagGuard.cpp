@@ -16,6 +16,7 @@ namespace tarvomime {
 namespace {
 
 constexpr std::size_t kMostNames = 1000;
+constexpr std::string_view kNoElement = "x";
 // The parser cuts longer ones in two.
 constexpr std::size_t kLongestName = 100;
 constexpr std::size_t kLongestEntity = 32;
@@ -45,23 +46,22 @@ class ElementNames
 public:
     explicit ElementNames(const HtmlParser& parser) : mParser(parser) {}
 
-    std::string passing(std::string_view written)
+    // What to write instead of a name; valid as long as this object.
+    std::string_view passing(std::string_view written)
     {
-        std::string name(written.substr(0, kLongestName));
+        if (written.size() > kLongestName || !isElementName(written))
+            return kNoElement;
+        std::string name(written);
         std::transform(name.begin(), name.end(), name.begin(), asciiLower);
-        return mayPass(name, written) ? name : std::string("x");
+        const auto seen = mSeen.find(name);
+        if (seen != mSeen.end())
+            return *seen;
+        const bool mayPass =
+            mSeen.size() < kMostNames || mParser.findElement(parserText(name)) != nullptr;
+        return mayPass ? *mSeen.insert(name).first : kNoElement;
     }
 
 private:
-    bool mayPass(const std::string& name, std::string_view written)
-    {
-        if (name.size() < written.size() || !isElementName(name))
-            return false;
-        if (mSeen.size() < kMostNames)
-            mSeen.insert(name);
-        return mSeen.count(name) > 0 || mParser.findElement(parserText(name)) != nullptr;
-    }
-
     static bool isElementName(std::string_view name)
     {
         return std::all_of(name.begin(), name.end(), [](char c) {
@@ -119,7 +119,7 @@ private:
     void writeStartTag()
     {
         HtmlTag tag(mHtml, mAt + 1);
-        const std::string name = mNames.passing(tag.name());
+        const std::string_view name = mNames.passing(tag.name());
         append("<");
         append(name);
         std::array<bool, kReadAttributes.size()> isWritten{};
