@@ -176,13 +176,15 @@ TEST_F(AttachedFile, UnreadableBodiesChangeNothing)
     ASSERT_EQ(mkfifo(qPrintable(folder.missingPath()), 0600), 0);
     const QString paths[] = {file.missingPath(),   QString(),   QString(QChar()),
                              folder.missingPath(), file.path(), QStringLiteral("/dev/zero")};
-    for (const QString& path : paths) {
-        EMAIL_MultiPart added = part(CTE_8BIT);
-        added.setBodyInfo(path, 0, 9, false);
-        message.addMultiPart(added, -1);
-        EXPECT_EQ(message.makeBoundariesUnique(), -1);
-        EXPECT_EQ(message.getBoundary(), kBoundary);
-        message.removeMultiPart(0);
+    for (const int encoding : {CTE_8BIT, CTE_QUOTED_PRINTABLE}) {
+        for (const QString& path : paths) {
+            EMAIL_MultiPart added = part(encoding);
+            added.setBodyInfo(path, 0, 9, false);
+            message.addMultiPart(added, -1);
+            EXPECT_EQ(message.makeBoundariesUnique(), -1) << path.toStdString();
+            EXPECT_EQ(message.getBoundary(), kBoundary);
+            message.removeMultiPart(0);
+        }
     }
 }
 
