@@ -57,6 +57,9 @@ function(tarvomime_leave_unoptimised name)
   target_compile_options(${name} PRIVATE -O0 -U_FORTIFY_SOURCE)
 endfunction()
 
+tarvomime_add_headers(tarvomime_unoptimised_headers)
+tarvomime_leave_unoptimised(tarvomime_unoptimised_headers)
+
 function(tarvomime_register_test name)
   tarvomime_compile_as_test(${name})
   target_precompile_headers(${name} REUSE_FROM tarvomime_test_headers)
