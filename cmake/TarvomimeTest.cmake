@@ -63,7 +63,22 @@ tarvomime_leave_unoptimised(tarvomime_unoptimised_headers)
 function(tarvomime_register_test name)
   tarvomime_compile_as_test(${name})
   target_precompile_headers(${name} REUSE_FROM tarvomime_test_headers)
+  tarvomime_join_sources(${name})
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
   # They take longer than other tests: started first, they leave no processor idle at the end.
   set_tests_properties(${name} PROPERTIES COST 10)
+endfunction()
+
+# What test sources share (the test framework's templates) takes the compiler as long as what they say, so
+# it reads several at a time. NAME_test.cpp has a namespace of its own for that; other sources stay alone.
+function(tarvomime_join_sources name)
+  if(NOT TARVOMIME_JOIN_TESTS)
+    return()
+  endif()
+  get_target_property(alone ${name} SOURCES)
+  list(FILTER alone EXCLUDE REGEX "_test\\.cpp$")
+  set_source_files_properties(${alone} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  set_target_properties(${name} PROPERTIES UNITY_BUILD ON)
+  # To the compiler a joined file is a header, from which it expects no fixture with a private name.
+  target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endfunction()

@@ -10,6 +10,8 @@
 #include <QTemporaryFile>
 #include <memory>
 
+namespace whole_interface_test {
+
 namespace {
 
 using MessageGetter = QString (EMAIL_BasicMsg::*)(int) const;
@@ -191,3 +193,5 @@ TEST(WholeInterface, ReadsEveryMessageOfTheCollection)
     EXPECT_GT(count, 0);
     RecordProperty("messages", count);
 }
+
+} // namespace whole_interface_test

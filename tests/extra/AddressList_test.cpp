@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <gtest/gtest.h>
 
+namespace address_list_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -253,3 +255,5 @@ TEST(WrittenList, RefusesWhatIsNoAddress)
         EXPECT_FALSE(value.reason().isEmpty()) << address;
     }
 }
+
+} // namespace address_list_test

@@ -3,6 +3,8 @@
 
 #include "tests/support/RowNames.h"
 
+namespace address_scanner_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -80,3 +82,5 @@ TEST(AddressTokensFlood, EatsEveryByteOnce)
         EXPECT_EQ(eaten, text.size()) << shape;
     }
 }
+
+} // namespace address_scanner_test

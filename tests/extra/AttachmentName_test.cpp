@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+namespace attachment_name_test {
+
 using tarvomime::attachmentName;
 
 namespace {
@@ -69,3 +71,5 @@ TEST(AttachmentNameOfMessage, IsThatOfTheTopLevelPart)
     EXPECT_EQ(attachmentName(message, -1), "");
     EXPECT_EQ(attachmentName(EMAIL_MIME(), 0), "");
 }
+
+} // namespace attachment_name_test

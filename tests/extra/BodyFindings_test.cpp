@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/FindingRows.h"
 
+namespace body_findings_test {
+
 namespace {
 
 class BodyFindings : public testing::TestWithParam<FindingRow>
@@ -89,3 +91,5 @@ TEST(BodyFindingsOfACharset, DependOnWhetherItCanBeRead)
         tarvomime::messageFindings("Content-Type: text/plain; charset=windows-1251\n\n\xE9\n")
             .isEmpty());
 }
+
+} // namespace body_findings_test

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/FindingRows.h"
 
+namespace boundary_findings_test {
+
 namespace {
 
 class BoundaryFindings : public testing::TestWithParam<FindingRow>
@@ -131,3 +133,5 @@ TEST(BoundaryFindingsFlood, EndsWhereTheBoundaryIsLong)
         EXPECT_TRUE(found.contains("error no-delimiter 1")) << found.join('\n').toStdString();
     }
 }
+
+} // namespace boundary_findings_test

@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace boundary_trie_test {
+
 using tarvomime::BoundaryTrie;
 
 namespace {
@@ -108,3 +110,5 @@ INSTANTIATE_TEST_SUITE_P(
                               {"----=_Part_", "----=_Next", "----", "=", "_", "1", "2"},
                               5}),
     rowName<PiecesRow>);
+
+} // namespace boundary_trie_test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace charset_statistics_test {
+
 using tarvomime::charsetByStatistics;
 
 namespace {
@@ -30,3 +32,5 @@ TEST(CharsetStatistics, SeesNothingInNothing)
 {
     EXPECT_EQ(charsetByStatistics(""), "");
 }
+
+} // namespace charset_statistics_test

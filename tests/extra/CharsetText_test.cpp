@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+namespace charset_text_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -199,3 +201,5 @@ INSTANTIATE_TEST_SUITE_P(
         ReadRow{"Latin1ThatCouldBeUtf8", "iso-8859-1", "\xC3\xA9", "Ã©", CharsetBasis::Declared},
         ReadRow{"KoreanThatIsNone", "euc-kr", "\xFF\xFF\xFF", "ÿÿÿ", CharsetBasis::Statistics}),
     [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace charset_text_test

@@ -3,6 +3,8 @@
 
 #include <QTextCodec>
 
+namespace codec_names_test {
+
 using tarvomime::isCodecName;
 
 // A name that Qt answers to and this list lacks would be text that nobody can read.
@@ -37,3 +39,5 @@ TEST(CodecNames, AreWhole)
                              "x-none", "\xFF", "windows-1252\n125"})
         EXPECT_FALSE(isCodecName(name)) << name;
 }
+
+} // namespace codec_names_test

@@ -3,6 +3,8 @@
 
 #include "tests/extra/ContentRow.h"
 
+namespace content_walk_test {
+
 using namespace tarvomime;
 using namespace tarvomime::content;
 
@@ -142,3 +144,5 @@ TEST(ContentOfADeepMessage, IsWalkedWithoutRecursion)
     EXPECT_EQ(content.messages.size(), 100001);
     EXPECT_EQ(partNumber(content, 100000), "");
 }
+
+} // namespace content_walk_test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace encoded_words_test {
+
 using tarvomime::decodedWords;
 
 namespace {
@@ -85,3 +87,5 @@ TEST(EncodedWordsFlood, IsLinear)
         EXPECT_LE(decodedWords(value).size(), value.size()) << shape;
     }
 }
+
+} // namespace encoded_words_test

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace enriched_text_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -75,3 +77,5 @@ TEST(EnrichedFlood, IsReadInLinearTime)
     EXPECT_EQ(textFromEnriched(open + 'a'), QString(10, '>') + " a");
     EXPECT_EQ(textFromEnriched(QString("<").repeated(400000)).size(), 200000);
 }
+
+} // namespace enriched_text_test

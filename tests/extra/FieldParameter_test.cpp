@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace field_parameter_test {
+
 namespace {
 
 struct ParameterRow
@@ -108,3 +110,5 @@ TEST(FieldParameterFlood, IsLinear)
         EXPECT_NO_FATAL_FAILURE((void)tarvomime::fieldParameter(body, "filename")) << shape;
     }
 }
+
+} // namespace field_parameter_test

@@ -3,6 +3,8 @@
 
 #include "tests/support/RowNames.h"
 
+namespace finding_text_test {
+
 namespace {
 
 struct ShownRow
@@ -49,3 +51,5 @@ INSTANTIATE_TEST_SUITE_P(
                     ShownRow{"LongLabel", tarvomime::shownLabel, letters(65), letters(64) + "..."},
                     ShownRow{"Empty", tarvomime::shownLabel, "", ""}),
     rowName<ShownRow>);
+
+} // namespace finding_text_test

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/FindingRows.h"
 
+namespace header_findings_test {
+
 namespace {
 
 class HeaderFindings : public testing::TestWithParam<FindingRow>
@@ -157,3 +159,5 @@ TEST(HeaderFindingsText, ShowsTheBeginningOfLongNames)
               "an encoded word of the field " + QByteArray(200, 'n') +
                   "... names the unknown charset \"" + QByteArray(64, 'x') + "...\"");
 }
+
+} // namespace header_findings_test

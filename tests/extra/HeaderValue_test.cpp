@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace header_value_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -99,3 +101,5 @@ TEST(HeaderValue, IsWritten)
     EXPECT_EQ(writeHeaderValue("a\nb").reason(), "it holds a line break");
     EXPECT_EQ(writeHeaderValue(QString(999, 'a')).reason(), "a line is longer than 998 bytes");
 }
+
+} // namespace header_value_test

@@ -10,6 +10,8 @@
 
 #include <QTemporaryFile>
 
+namespace headless_part_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -88,3 +90,5 @@ TEST(HeadlessText, IsWhole)
               text);
     EXPECT_EQ(headlessText(part, "").trimmed(), "Received at 10:15");
 }
+
+} // namespace headless_part_test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace html_lines_test {
+
 using tarvomime::HtmlLines;
 
 namespace {
@@ -129,3 +131,5 @@ TEST(HtmlLinesText, IsSeenWhileItGrows)
     lines.append(u" two");
     EXPECT_EQ(lines.written(length).toString(), QStringLiteral(" two"));
 }
+
+} // namespace html_lines_test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace html_parser_test {
+
 TEST(HtmlParser, HasAllItsFunctions)
 {
     const tarvomime::HtmlParser* parser = tarvomime::htmlParser();
@@ -16,3 +18,5 @@ TEST(HtmlParser, HasAllItsFunctions)
     EXPECT_NE(parser->findElement, nullptr);
     EXPECT_NE(parser->findEntity, nullptr);
 }
+
+} // namespace html_parser_test

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace html_tag_guard_test {
+
 namespace {
 
 struct GuardRow
@@ -139,3 +141,5 @@ INSTANTIATE_TEST_SUITE_P(
                  numbered(1000, "<", ">") + QByteArray("<x>").repeated(2000) + "</a999></x><b>"},
         GuardRow{"References", numbered(3000, "&", ";"), numbered(3000, "&amp;", ";")}),
     [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace html_tag_guard_test

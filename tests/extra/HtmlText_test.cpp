@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace html_text_test {
+
 namespace {
 
 struct HtmlRow
@@ -191,3 +193,5 @@ INSTANTIATE_TEST_SUITE_P(
         HostileRow{"ManyScripts", "found" + QString("<script></").repeated(kMany), "found"},
         HostileRow{"OneLongWord", QString("a").repeated(20 * kMany) + "found", "found"}),
     [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace html_text_test

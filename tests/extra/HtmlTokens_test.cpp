@@ -5,6 +5,8 @@
 
 #include <string>
 
+namespace html_tokens_test {
+
 namespace {
 
 struct TagRow
@@ -96,3 +98,5 @@ TEST(HtmlTokensEnd, OfRawText)
     EXPECT_EQ(rest("a</style"), "");
     EXPECT_EQ(rest(""), "");
 }
+
+} // namespace html_tokens_test

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/FindingRows.h"
 
+namespace line_findings_test {
+
 namespace {
 
 class LineFindings : public testing::TestWithParam<FindingRow>
@@ -32,3 +34,5 @@ INSTANTIATE_TEST_SUITE_P(
                        QByteArray("\0\r", 2) + QByteArray(999, 'x'),
                    {}}),
     rowName<FindingRow>);
+
+} // namespace line_findings_test

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace mailbox_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -70,3 +72,5 @@ TEST(MailboxText, IsReadAgain)
         EXPECT_EQ(read.first().address, mailbox.address) << name;
     }
 }
+
+} // namespace mailbox_test

@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+namespace maildir_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -100,3 +102,5 @@ TEST(Maildir, IsToldFromOtherFolders)
     EXPECT_FALSE(messages.reason().isEmpty());
     EXPECT_FALSE(readMaildir(folder.filePath("none")));
 }
+
+} // namespace maildir_test

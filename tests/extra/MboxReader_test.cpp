@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace mbox_reader_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -227,3 +229,5 @@ TEST(MboxAboveTwoGigabytes, IsCut)
     EXPECT_EQ(readMboxMessage(file, message).valueOr(""), "B: 2\n\ny\n");
     EXPECT_FALSE(reader.next(message));
 }
+
+} // namespace mbox_reader_test

@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+namespace message_content_test {
+
 using namespace tarvomime;
 using namespace tarvomime::content;
 
@@ -87,3 +89,5 @@ TEST(ContentOfAFileThatIsGone, FailsWithAReason)
     EXPECT_FALSE(text);
     EXPECT_THAT(text.reason().toStdString(), testing::StartsWith("its text cannot be read"));
 }
+
+} // namespace message_content_test

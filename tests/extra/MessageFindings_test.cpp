@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <gtest/gtest.h>
 
+namespace message_findings_test {
+
 using namespace tarvomime;
 
 TEST(FindingsOfADeepMessage, End)
@@ -41,3 +43,5 @@ TEST(FindingsOfRealMail, LieInTheirMessage)
         }
     }
 }
+
+} // namespace message_findings_test

@@ -6,6 +6,8 @@
 #include <QSet>
 #include <gtest/gtest.h>
 
+namespace message_id_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -93,3 +95,5 @@ TEST(MessageIdFlood, IsLinear)
     for (const char* shape : {"<", ">", "<a", "<>", "<a@x>", "< "})
         EXPECT_LE(readMessageIds(QByteArray(shape).repeated(300000)).size(), 300000) << shape;
 }
+
+} // namespace message_id_test

@@ -7,6 +7,8 @@
 #include <QTemporaryFile>
 #include <gtest/gtest.h>
 
+namespace message_input_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -94,3 +96,5 @@ TEST(MessageInput, RefusesNothing)
     EXPECT_FALSE(empty);
     EXPECT_EQ(empty.reason(), "is empty");
 }
+
+} // namespace message_input_test

@@ -8,6 +8,8 @@
 #include <QDirIterator>
 #include <gtest/gtest.h>
 
+namespace message_measure_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -108,3 +110,5 @@ TEST(MeasureOfRealMail, IsNeverLessThanWhatParsingMakes)
             << file.fileName().toStdString();
     }
 }
+
+} // namespace message_measure_test

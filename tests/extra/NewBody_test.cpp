@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+namespace new_body_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -117,3 +119,5 @@ INSTANTIATE_TEST_SUITE_P(
                 "multipart/mixed multipart/alternative text/plain multipart/related text/html "
                 "image/png image/png"}),
     [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace new_body_test

@@ -3,6 +3,8 @@
 
 #include "tests/support/RowNames.h"
 
+namespace parameter_scanner_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -56,3 +58,5 @@ INSTANTIATE_TEST_SUITE_P(
                     ParametersRow{"QuoteNotClosed", "a; b=\"c; d=e", "[b=c][d=e]"},
                     ParametersRow{"QuotedBeforeTheFirst", "\"a;b\"; c=d", "[c=d]"}),
     rowName<ParametersRow>);
+
+} // namespace parameter_scanner_test

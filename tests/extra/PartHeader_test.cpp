@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace part_header_test {
+
 namespace {
 
 struct PartRow
@@ -76,3 +78,5 @@ TEST(PartTypes, ThatEncloseAMessage)
     for (const char* type : {"message/partial", "message/delivery-status", "multipart/mixed", ""})
         EXPECT_FALSE(tarvomime::isMessageType(type)) << type;
 }
+
+} // namespace part_header_test

@@ -6,6 +6,8 @@
 
 #include <QStringList>
 
+namespace phrase_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -65,3 +67,5 @@ TEST(LongPhrase, IsFoldedBetweenCharacters)
         }
     }
 }
+
+} // namespace phrase_test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace quoting_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -143,3 +145,5 @@ TEST(QuotingFlood, StaysInProportion)
         EXPECT_LE(textFromFlowed(text).size(), 1 + text.size());
     }
 }
+
+} // namespace quoting_test

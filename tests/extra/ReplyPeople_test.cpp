@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace reply_people_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -68,3 +70,5 @@ INSTANTIATE_TEST_SUITE_P(
         PeopleRow{"NoAddress", "From: ann@x\r\nTo: Bob, cy@\r\n", ReplyKind::All, "ann@x", ""},
         PeopleRow{"Nobody", "Subject: x\r\n", ReplyKind::All, "", ""}),
     [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace reply_people_test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace reply_subject_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -79,3 +81,5 @@ TEST(ReplySubjectFlood, IsLinear)
     EXPECT_EQ(baseSubject(QString("Re: ").repeated(200000) + "x"), "x");
     EXPECT_EQ(replySubject(QString("[").repeated(200000)).size(), 200004);
 }
+
+} // namespace reply_subject_test

@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+namespace reply_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -178,3 +180,5 @@ TEST(Forward, LetsNobodyWriteFields)
               "---------- Forwarded message ----------\n"
               "From: \"a Bcc: x@y.example \" <a@b.example>\n\nx");
 }
+
+} // namespace reply_test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace result_test {
+
 using tarvomime::Failure;
 using tarvomime::Result;
 
@@ -63,3 +65,5 @@ TEST(Result, GivesItsValueAway)
     const QString taken = *std::move(result);
     EXPECT_EQ(taken, "a long enough text");
 }
+
+} // namespace result_test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace safe_file_name_test {
+
 namespace {
 
 struct SafeFileNameRow
@@ -134,3 +136,5 @@ INSTANTIATE_TEST_SUITE_P(Extra, NumberedFileName,
                                          NumberedRow{"a.txt", 2, "a (2).txt"},
                                          NumberedRow{"a", 3, "a (3)"},
                                          NumberedRow{"a.tar.gz", 2, "a.tar (2).gz"}));
+
+} // namespace safe_file_name_test

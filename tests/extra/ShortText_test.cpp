@@ -3,6 +3,8 @@
 
 #include "tests/support/RowNames.h"
 
+namespace short_text_test {
+
 using tarvomime::ShortTextReader;
 
 namespace {
@@ -58,3 +60,5 @@ TEST(ShortTextLabels, AreRememberedUpToABound)
     EXPECT_EQ(reader.read("\xA4", "iso-8859-15"), QString(QChar(0x20AC)));
     EXPECT_EQ(reader.read("\xB1", "iso-8859-1"), QString(QChar(0x0105)));
 }
+
+} // namespace short_text_test

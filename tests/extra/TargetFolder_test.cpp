@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
+namespace target_folder_test {
+
 using tarvomime::Result;
 using tarvomime::TargetFolder;
 
@@ -154,3 +156,5 @@ TEST_F(TargetFolderTest, HoldsTenThousandHostileNames)
     EXPECT_EQ(names().size(), count);
     EXPECT_EQ(outside(), QStringList("target"));
 }
+
+} // namespace target_folder_test

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace transfer_text_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -92,3 +94,5 @@ TEST(TransferText, ComesBackAtEveryLength)
         }
     }
 }
+
+} // namespace transfer_text_test

@@ -4,6 +4,8 @@
 #include <QString>
 #include <gtest/gtest.h>
 
+namespace utf8_test {
+
 using tarvomime::firstUtf8Character;
 using tarvomime::isUtf8;
 
@@ -60,3 +62,5 @@ TEST(Utf8Character, IsEveryCodePoint)
         ASSERT_EQ(character.length, bytes.size()) << codePoint;
     }
 }
+
+} // namespace utf8_test

@@ -3,6 +3,8 @@
 
 #include "tests/support/RowNames.h"
 
+namespace word_scanner_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -67,3 +69,5 @@ TEST(WordScanner, KnowsAWordsWholeText)
     EXPECT_EQ(word->text, "=?a*b?Q?c?=");
     EXPECT_FALSE(WordScanner::wordAt(" =?a?Q?c?="));
 }
+
+} // namespace word_scanner_test

@@ -10,6 +10,8 @@
 #include <functional>
 #include <memory>
 
+namespace allocation_count_test {
+
 namespace {
 
 QCString headerOf(int fields, const char* line)
@@ -120,3 +122,5 @@ TEST(AllocationCount, OfACodecToAFileDoesNotGrow)
     EXPECT_LE(allocationsOf([&] { EMAIL_Util::decQp(base64.constData(), textSize, &file); }),
               kOfTheFile);
 }
+
+} // namespace allocation_count_test

@@ -14,6 +14,8 @@
 #include <functional>
 #include <string>
 
+namespace allocation_failure_test {
+
 namespace {
 
 struct FailureRow
@@ -195,3 +197,5 @@ INSTANTIATE_TEST_SUITE_P(
         FailureRow{"sub-part", "utility/EMAIL_MIME\\.cpp",
                    "void EMAIL_MIME::entityToMulitPart(const EMAIL_Entity*, EMAIL_MultiPart&)",
                    "subMulitPart", 0, 0, convertEntity}));
+
+} // namespace allocation_failure_test

@@ -16,6 +16,8 @@
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 
+namespace every_allocation_of_the_api_test {
+
 namespace {
 
 const QByteArray tree("From: Ann <ann@example.org>\r\nTo: a@x, b@y\r\nSubject: =?utf-8?B?zrE=?=\r\n"
@@ -410,3 +412,5 @@ INSTANTIATE_TEST_SUITE_P(
                             m.getName(0);
                             m.getBoundary();
                         }}));
+
+} // namespace every_allocation_of_the_api_test

@@ -21,6 +21,8 @@
 #include <set>
 #include <string>
 
+namespace every_allocation_test {
+
 namespace {
 
 const QCString mixed("From: Ann <ann@example.org>\r\nTo: a@x, b@y, team: c@z\r\nSubject: s\r\n"
@@ -217,3 +219,5 @@ INSTANTIATE_TEST_SUITE_P(
                 insertPart(*m.mBody, -1);
             }},
         Row{"remove a part", true, [](EMAIL_Message& m) { m.mBody->removeBodyPart(0); }}));
+
+} // namespace every_allocation_test

@@ -16,6 +16,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+namespace file_faults_test {
+
 namespace {
 
 constexpr int kSize = 70000;
@@ -265,3 +267,5 @@ TEST_P(FileFaults, AStackOf64KibibytesIsEnough)
 }
 
 INSTANTIATE_TEST_SUITE_P(Jobs, FileFaults, testing::ValuesIn(allJobs()), rowName<FileJob>);
+
+} // namespace file_faults_test

@@ -12,6 +12,8 @@
 #include <cstdlib>
 #include <string>
 
+namespace file_names_test {
+
 namespace {
 
 int printedWords = 0;
@@ -89,3 +91,5 @@ TEST(FileNames, NoFileHasANulInItsName)
     qInstallMessageHandler(handler);
     EXPECT_EQ(printedWords, 0);
 }
+
+} // namespace file_names_test

@@ -12,6 +12,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+namespace short_memory_test {
+
 namespace {
 
 constexpr int kLength = 64 << 20;
@@ -147,3 +149,5 @@ INSTANTIATE_TEST_SUITE_P(
         setPartText("part's text", CHARSET_UTF_8), setPartText("part's text in GBK", CHARSET_GBK),
         encodeWords("to words", EMAIL_Util::encode_2047_String),
         encodeWords("addresses", EMAIL_Util::encode_2047_Address)));
+
+} // namespace short_memory_test

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace system_calls_test {
+
 namespace {
 
 constexpr int kSize = 70000;
@@ -189,3 +191,5 @@ TEST_P(WritingCalls, InterruptedAndShortOnesGoOn)
 }
 
 INSTANTIATE_TEST_SUITE_P(Jobs, WritingCalls, testing::ValuesIn(writingJobs()), rowName<FileJob>);
+
+} // namespace system_calls_test

@@ -13,6 +13,8 @@
 
 #include <functional>
 
+namespace amplification_test {
+
 namespace {
 
 constexpr long kPerEntry = 150;
@@ -217,3 +219,5 @@ INSTANTIATE_TEST_SUITE_P(
                                withLabels('X' + QByteArray(100000, 'n'), 7000), 1, readFindings},
                     MessageRow{"findings of many lines that almost delimit", nearMisses(100, 5000),
                                100, readFindings}));
+
+} // namespace amplification_test

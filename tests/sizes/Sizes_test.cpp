@@ -18,6 +18,8 @@
 #include <functional>
 #include <limits>
 
+namespace sizes_test {
+
 namespace {
 
 constexpr qint64 kTwoGigabytes = qint64(1) << 31;
@@ -528,3 +530,5 @@ TEST(LongestText, BecomesEmptyWhenItGrows)
     EXPECT_TRUE(("a" + longestText()).isEmpty());
     EXPECT_TRUE((longestText() += longestText()).isEmpty());
 }
+
+} // namespace sizes_test

@@ -10,6 +10,8 @@
 
 #include <functional>
 
+namespace written_values_test {
+
 namespace {
 
 constexpr int kLongest = 1048576;
@@ -205,3 +207,5 @@ TEST(RefusedType, IsTheTextOfBeforeOnceItHasNoSubtype)
     EXPECT_EQ(message.assemble(nullptr), 0);
     EXPECT_EQ(type.getMessage(), "Content-Type: text/plain\r\n");
 }
+
+} // namespace written_values_test

@@ -15,6 +15,8 @@
 #include <thread>
 #include <vector>
 
+namespace threads_test {
+
 namespace {
 
 constexpr int rounds = 40;
@@ -233,3 +235,5 @@ TEST(Threads, NoTwoMessagesShareABoundary)
     all.insert(boundaries[1].begin(), boundaries[1].end());
     EXPECT_EQ(all.size(), 2U * rounds);
 }
+
+} // namespace threads_test

@@ -4,6 +4,8 @@
 #include <csignal>
 #include <gtest/gtest.h>
 
+namespace codec_test {
+
 namespace {
 
 struct CodecRow
@@ -119,3 +121,5 @@ TEST(CodecInterruptAtTheKeyboard, EndsTheWaitForInput)
     EXPECT_EQ(ToolRunner::finish(*process).status, 130);
     EXPECT_EQ(tool.files(), QStringList());
 }
+
+} // namespace codec_test

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+namespace command_line_test {
+
 using testing::HasSubstr;
 
 namespace {
@@ -198,3 +200,5 @@ TEST(CommandLine, FileNamesAreMadeHarmless)
     const ToolResult result = tool.run({"headers", "evil\x1B[2J\n.eml"});
     EXPECT_EQ(result.err, "tarvomime: evil\\x1B[2J\\n.eml: No such file or directory\n");
 }
+
+} // namespace command_line_test

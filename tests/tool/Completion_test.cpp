@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+namespace completion_test {
+
 namespace {
 
 const QString kScripts = TARVOMIME_SOURCE_DIR "/tools/tarvomime/completion/";
@@ -168,3 +170,5 @@ TEST(Completion, OffersPartsBehindEquals)
                            << QStringList{"extract", "a.eml", "--part", "=", "1."});
     EXPECT_EQ(ToolRunner::finish(bash).out, "1.1\n");
 }
+
+} // namespace completion_test

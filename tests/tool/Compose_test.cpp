@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <ctime>
 
+namespace compose_test {
+
 using testing::HasSubstr;
 using testing::Not;
 
@@ -413,3 +415,5 @@ TEST(Sendable, RemovesWhatMustNotBeSent)
         EXPECT_THAT(result.out.toStdString(), HasSubstr("\r\n\r\nt\r\n"));
     }
 }
+
+} // namespace compose_test

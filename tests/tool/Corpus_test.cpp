@@ -6,6 +6,8 @@
 #include <QDirIterator>
 #include <gtest/gtest.h>
 
+namespace corpus_test {
+
 namespace {
 
 // One process works on many messages: starting one for each would take most of the time.
@@ -111,3 +113,5 @@ TEST_F(Corpus, EveryMessageIsReassembled)
     }
     EXPECT_EQ(tool.files(), QStringList("out.eml"));
 }
+
+} // namespace corpus_test

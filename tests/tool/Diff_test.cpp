@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace diff_test {
+
 namespace {
 
 struct ChangeRow
@@ -80,3 +82,5 @@ TEST(DiffCommand, ReadsAnMboxAndStandardInput)
     EXPECT_EQ(mbox.out.count("--- a.mbox, message "), 2) << testing::PrintToString(mbox);
     EXPECT_EQ(tool.run({"diff", "-"}, mail).out.count("+++ standard input "), 1);
 }
+
+} // namespace diff_test

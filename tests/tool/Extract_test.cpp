@@ -6,6 +6,8 @@
 #include <csignal>
 #include <gtest/gtest.h>
 
+namespace extract_test {
+
 namespace {
 
 QByteArray part(const QByteArray& header, const QByteArray& body)
@@ -234,3 +236,5 @@ TEST(Extract, InterruptRemovesTheHalfWrittenFile)
     EXPECT_EQ(result.status, 130) << testing::PrintToString(result);
     EXPECT_FALSE(tool.files().contains("out/z"));
 }
+
+} // namespace extract_test

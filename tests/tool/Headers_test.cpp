@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace headers_test {
+
 namespace {
 
 struct HeadersRow
@@ -62,3 +64,5 @@ TEST(HeadersOfAReadOnlyFile, ArePrinted)
     QFile::setPermissions(tool.write("a.eml", "A: 1\n\n"), QFile::ReadOwner);
     EXPECT_EQ(tool.run({"headers", "a.eml"}).out, "A: 1\n");
 }
+
+} // namespace headers_test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace lint_test {
+
 namespace {
 
 QByteArray mixed(const QByteArray& body)
@@ -68,3 +70,5 @@ INSTANTIATE_TEST_SUITE_P(
                     StatusRow{"ErrorInFrontOfClean", {"--strict", "error.eml", "clean.eml"}, 3},
                     StatusRow{"NoFile", {"--strict", "error.eml", "none.eml"}, 1}),
     [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace lint_test

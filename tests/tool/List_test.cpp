@@ -6,6 +6,8 @@
 #include <QJsonObject>
 #include <gtest/gtest.h>
 
+namespace list_test {
+
 namespace {
 
 QByteArray mail(const QByteArray& subject)
@@ -138,3 +140,5 @@ TEST(List, ControlCharactersStayInTheirLine)
     EXPECT_EQ(result.out.count('\n'), 1);
     EXPECT_FALSE(result.out.contains('\x1B'));
 }
+
+} // namespace list_test

@@ -5,6 +5,8 @@
 #include <QSet>
 #include <gtest/gtest.h>
 
+namespace man_page_test {
+
 namespace {
 
 // The page without its markup, as far as names of commands and options go.
@@ -128,3 +130,5 @@ TEST(ManPage, HasAnExampleOfEveryCommand)
     for (const QString& command : commands(tool))
         EXPECT_TRUE(examples.contains("tarvomime " + command + " ")) << command.toStdString();
 }
+
+} // namespace man_page_test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace printable_test {
+
 namespace {
 
 struct PrintableRow
@@ -61,3 +63,5 @@ INSTANTIATE_TEST_SUITE_P(
         PrintableRow{"LineSeparator", "\xE2\x80\xA8", "\\u2028", "\\u2028"},
         PrintableRow{"Hebrew", "שלום", "שלום", "שלום"}),
     [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace printable_test

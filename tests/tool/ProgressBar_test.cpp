@@ -11,6 +11,8 @@
 #include <poll.h>
 #include <string>
 
+namespace progress_bar_test {
+
 using tarvomime::tool::Descriptor;
 using tarvomime::tool::ProgressBar;
 
@@ -89,3 +91,5 @@ TEST(ProgressBar, IsSilentWhereStandardErrorIsNoTerminal)
     }
     EXPECT_EQ(readAll(reading), "");
 }
+
+} // namespace progress_bar_test

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <gtest/gtest.h>
 
+namespace reassemble_test {
+
 namespace {
 
 const QByteArray kMail = "X-A: 1\r\nSubject: Hi\r\nFrom: a@b.example\r\n\r\ntext\r\n";
@@ -115,3 +117,5 @@ TEST(Reassemble, FileThatFillsItsPages)
     tool.write("a.eml", mail);
     EXPECT_EQ(tool.run({"reassemble", "a.eml"}).out, mail);
 }
+
+} // namespace reassemble_test

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+namespace reply_test {
+
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
@@ -198,3 +200,5 @@ TEST(Forward, AttachesTheMessageAsItIs)
     EXPECT_EQ(tool.run({"extract", "f.eml", "--part=1.2", "--out", "out"}).status, 0);
     EXPECT_EQ(tool.read("out/AW_ Hello.eml").trimmed(), kLetter.trimmed());
 }
+
+} // namespace reply_test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace show_test {
+
 namespace {
 
 const QByteArray kInvitation =
@@ -134,3 +136,5 @@ TEST(Calendar, AbsentIsAnErrorLine)
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, "tarvomime: a.eml: has no calendar part\n");
 }
+
+} // namespace show_test

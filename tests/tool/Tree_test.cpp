@@ -6,6 +6,8 @@
 #include <QJsonObject>
 #include <gtest/gtest.h>
 
+namespace tree_test {
+
 namespace {
 
 const QByteArray kMail = "Subject: s\r\n"
@@ -168,3 +170,5 @@ TEST(Tree, MessagesAndContainersByTurnsAreFollowedToTheEnd)
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(partsOf(result).size(), 2 * levels + 1);
 }
+
+} // namespace tree_test

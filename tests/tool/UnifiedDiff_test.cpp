@@ -6,6 +6,8 @@
 #include <random>
 #include <string>
 
+namespace unified_diff_test {
+
 using namespace tarvomime::tool;
 
 namespace {
@@ -152,3 +154,5 @@ TEST(UnifiedDiff, TakesHostileTextsAsFastAsOthers)
     }
     EXPECT_EQ(unifiedDiff(counted, backwards, LineEnds::Ignored).size(), 1U);
 }
+
+} // namespace unified_diff_test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace words_test {
+
 namespace {
 
 struct WordsRow
@@ -47,3 +49,5 @@ INSTANTIATE_TEST_SUITE_P(
                  "=?utf-8?b?zrs=?="},
         WordsRow{"TextLikeAnOption", {"encode", "--", "--help"}, "--help"}),
     [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace words_test

@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QDirIterator>
 
+namespace corpus_test {
+
 namespace {
 
 const QString corpusFolder = QStringLiteral(TARVOMIME_CORPUS_DIR);
@@ -89,3 +91,5 @@ TEST_F(Corpus, SettlesWhenReassembled)
         }
     });
 }
+
+} // namespace corpus_test

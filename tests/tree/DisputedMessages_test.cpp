@@ -14,6 +14,8 @@
 
 #include <QSet>
 
+namespace disputed_messages_test {
+
 namespace {
 
 const QString disputedFolder = QStringLiteral(TARVOMIME_SOURCE_DIR "/tests/tree/disputed/");
@@ -110,3 +112,5 @@ TEST_P(DisputedMessages, FromTheLiteralRules)
 
 INSTANTIATE_TEST_SUITE_P(Samples, DisputedMessages,
                          testing::ValuesIn(golden::sampleNames(disputedFolder)));
+
+} // namespace disputed_messages_test

@@ -9,6 +9,8 @@
 #include "tests/support/GoldenFiles.h"
 #include "tests/support/LiteralCutting.h"
 
+namespace golden_trees_test {
+
 namespace {
 
 const QString goldenFolder = QStringLiteral(TARVOMIME_SOURCE_DIR "/tests/tree/golden/");
@@ -74,3 +76,5 @@ TEST_P(GoldenTrees, FromTheLiteralRules)
 
 INSTANTIATE_TEST_SUITE_P(Samples, GoldenTrees,
                          testing::ValuesIn(golden::sampleNames(goldenFolder)));
+
+} // namespace golden_trees_test

@@ -6,6 +6,8 @@
 #include "tests/support/TreePrinter.h"
 #include "utility/EMAIL_Message.h"
 
+namespace random_trees_test {
+
 namespace {
 
 void expectAsInRules(const QByteArray& text)
@@ -84,3 +86,5 @@ TEST(RandomTrees, OfDeepNests)
         expectAsInMemory(text);
     }
 }
+
+} // namespace random_trees_test

@@ -20,6 +20,8 @@
 #include <cstdio>
 #include <functional>
 
+namespace scale_test {
+
 namespace {
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -364,3 +366,5 @@ TEST(Scale, PartsBehindALongHeaderAreReadOneByOne)
                     return message.getMultiPartCount() == count && message.isCompleteMessage();
                 }).succeeded);
 }
+
+} // namespace scale_test

@@ -11,6 +11,8 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
 
+namespace component_sizes_test {
+
 namespace {
 
 struct SizeRow
@@ -49,3 +51,5 @@ INSTANTIATE_TEST_SUITE_P(Classes, ComponentSizes,
                                          SizeRow{"body", sizeof(EMAIL_Body), 128},
                                          SizeRow{"message", sizeof(EMAIL_Message), 56},
                                          SizeRow{"part", sizeof(EMAIL_BodyPart), 56}));
+
+} // namespace component_sizes_test

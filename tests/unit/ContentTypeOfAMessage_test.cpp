@@ -11,6 +11,8 @@
 
 #include <functional>
 
+namespace content_type_of_amessage_test {
+
 namespace {
 
 constexpr char kType[] = "Content-Type";
@@ -138,3 +140,5 @@ INSTANTIATE_TEST_SUITE_P(
         const testing::TestParamInfo<ChangeRow> change(std::get<1>(row.param), row.index);
         return std::to_string(std::get<0>(row.param)) + "_lines_in_front_" + rowName(change);
     });
+
+} // namespace content_type_of_amessage_test

@@ -4,6 +4,8 @@
 #include "tests/support/AllStrings.h"
 #include "tests/support/RandomText.h"
 
+namespace email_addr_list_test {
+
 namespace {
 
 struct Entry
@@ -294,3 +296,5 @@ TEST(EMAIL_AddrList, RandomBodiesFollowTheRules)
     for (int i = 0; i < 5000; ++i)
         ASSERT_NO_FATAL_FAILURE(expectLikeLiteral(texts.next(20))) << "seed " << seed;
 }
+
+} // namespace email_addr_list_test

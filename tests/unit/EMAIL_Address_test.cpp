@@ -2,6 +2,8 @@
 #include "tests/support/AllStrings.h"
 #include "utility/EMAIL_AddrList.h"
 
+namespace email_address_test {
+
 namespace {
 
 struct Row
@@ -105,3 +107,5 @@ TEST(EMAIL_Address, EveryShortTextFollowsTheRules)
     EXPECT_EQ(unchanged, 8376);
     EXPECT_EQ(empty, 2990);
 }
+
+} // namespace email_address_test

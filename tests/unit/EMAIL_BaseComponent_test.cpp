@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_BaseComponent.h"
 
+namespace email_base_component_test {
+
 namespace {
 
 struct Component : EMAIL_BaseComponent
@@ -47,3 +49,5 @@ TEST(EMAIL_BaseComponent, LeavesItsParentAlive)
     parent.setMessage("alive");
     EXPECT_EQ(parent.mString, "alive");
 }
+
+} // namespace email_base_component_test

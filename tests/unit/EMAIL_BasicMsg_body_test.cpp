@@ -9,6 +9,8 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Message.h"
 
+namespace email_basic_msg_body_test {
+
 namespace {
 
 QCString bodyOf(const EMAIL_BasicMsg& message)
@@ -481,3 +483,5 @@ TEST(EMAIL_BasicMsgNewMessage, WithoutADateGetsTheCurrentOne)
     EXPECT_TRUE(copy.getBody(0).isEmpty());
     EXPECT_EQ(copy.getType(), 0) << "no body, no type";
 }
+
+} // namespace email_basic_msg_body_test

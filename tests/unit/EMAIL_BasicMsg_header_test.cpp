@@ -7,6 +7,8 @@
 
 #include <ctime>
 
+namespace email_basic_msg_header_test {
+
 namespace {
 
 QCString bodyOf(const EMAIL_BasicMsg& message, const char* name)
@@ -342,3 +344,5 @@ TEST(EMAIL_BasicMsgHeader, NameIsTheFileNameOfTheDisposition)
                                           "\r\n"));
     EXPECT_EQ(latin.getName(CHARSET_ISO_8859_1), QString::fromLatin1("\xe9.txt"));
 }
+
+} // namespace email_basic_msg_header_test

@@ -11,6 +11,8 @@
 
 #include <type_traits>
 
+namespace email_basic_msg_test {
+
 namespace {
 
 const QByteArray simpleMessage("From: a@b\r\nSubject: Hi\r\n\r\nText\r\n");
@@ -425,3 +427,5 @@ TEST(EMAIL_BasicMsg, HandleWithoutAMessageIgnoresSetters)
     EXPECT_EQ(handle.getBody(&target), 0) << "an empty body is written";
     EXPECT_EQ(contentOf(file.path()), simpleMessage);
 }
+
+} // namespace email_basic_msg_test

@@ -10,6 +10,8 @@
 #include <limits>
 #include <vector>
 
+namespace email_body_assembly_test {
+
 namespace {
 
 constexpr int maxInt = std::numeric_limits<int>::max();
@@ -374,3 +376,5 @@ TEST(DerivedComponents, ABodyThatIsItsOwnTextKeepsIt)
     owner.mBody->assemble();
     EXPECT_EQ(owner.mBody->getMessage(), "text") << "also where nobody says what it is";
 }
+
+} // namespace email_body_assembly_test

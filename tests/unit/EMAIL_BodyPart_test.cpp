@@ -4,6 +4,8 @@
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_Header.h"
 
+namespace email_body_part_test {
+
 TEST(EMAIL_BodyPart, BeginsWithAnEmptyHeaderAndBody)
 {
     const EMAIL_BodyPart entity;
@@ -24,3 +26,5 @@ TEST(EMAIL_BodyPart, IsAnEntityOverItsText)
     EXPECT_EQ(entity.mHeader->mParent, &entity);
     EXPECT_EQ(entity.mBody->mParent, &entity);
 }
+
+} // namespace email_body_part_test

@@ -7,6 +7,8 @@
 #include <limits>
 #include <vector>
 
+namespace email_body_test {
+
 namespace {
 
 const QString anyPath = QStringLiteral("/a/file");
@@ -338,3 +340,5 @@ TEST(EMAIL_Body, DeletesTheEnclosedMessageThenTheParts)
     }
     EXPECT_EQ(deaths.size(), 4U) << "a list that does not own its parts keeps them alive";
 }
+
+} // namespace email_body_test

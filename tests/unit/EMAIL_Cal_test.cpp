@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Cal.h"
 
+namespace email_cal_test {
+
 TEST(Cal, CharsetFunctionsForward)
 {
     QCString name;
@@ -21,3 +23,5 @@ TEST(Cal, CharsetFunctionsForward)
     decFromCharset_Cal(QByteArray(), text, 13);
     EXPECT_EQ(text, QString::fromUtf8("\xD0\x96"));
 }
+
+} // namespace email_cal_test

@@ -7,6 +7,8 @@
 #include <ctime>
 #include <set>
 
+namespace email_content_type_access_test {
+
 namespace {
 
 // A field with its name, as the header makes it.
@@ -277,3 +279,5 @@ TEST(EMAIL_ContentTypeAccess, BoundariesComeFromTheTimeAndACounter)
         isNext = isNext || boundaryOfSeed(seed + 1 + later) == second;
     EXPECT_TRUE(isNext) << first.constData() << ' ' << second.constData();
 }
+
+} // namespace email_content_type_access_test

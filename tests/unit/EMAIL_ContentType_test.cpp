@@ -7,6 +7,8 @@
 
 #include <map>
 
+namespace email_content_type_test {
+
 namespace {
 
 using Params = std::map<QByteArray, QByteArray>;
@@ -370,3 +372,5 @@ TEST(EMAIL_ContentType, RandomBodiesFollowTheRules)
     for (int i = 0; i < 5000; ++i)
         ASSERT_NO_FATAL_FAILURE(expectLikeLiteral(texts.next(24))) << "seed " << seed;
 }
+
+} // namespace email_content_type_test

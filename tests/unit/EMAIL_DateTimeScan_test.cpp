@@ -4,6 +4,8 @@
 #include "tests/support/RandomText.h"
 #include "utility/EMAIL_DateTime.h"
 
+namespace email_date_time_scan_test {
+
 namespace {
 
 // How the search for a character counts: the first one is examined, then all from the first on.
@@ -189,3 +191,5 @@ TEST(EMAIL_DateTimeScan, RandomTextsFollowTheRules)
         ASSERT_NO_FATAL_FAILURE(expectLikeLiteral(body, Literal(body))) << "seed " << seed;
     }
 }
+
+} // namespace email_date_time_scan_test

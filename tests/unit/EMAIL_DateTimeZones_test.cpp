@@ -5,6 +5,8 @@
 
 #include <climits>
 
+namespace email_date_time_zones_test {
+
 namespace {
 
 constexpr unsigned long november = 1037091600; // 12 Nov 2002 09:00:00 UTC
@@ -206,3 +208,5 @@ TEST(EMAIL_DateTimeZones, ConstructingFromATextMakesTheZoneCurrent)
     const EMAIL_DateTime date(QCString("raw"), nullptr);
     EXPECT_EQ(timezone, -330 * 60);
 }
+
+} // namespace email_date_time_zones_test

@@ -4,6 +4,8 @@
 
 #include <climits>
 
+namespace email_date_time_test {
+
 namespace {
 
 // Everything that parsing writes; the zone starts at 7 minutes, so that a kept zone shows.
@@ -348,3 +350,5 @@ TEST(EMAIL_DateTime, EveryMemberHasSomethingToWrite)
         EXPECT_EQ(date.mBody, row.written);
     }
 }
+
+} // namespace email_date_time_test

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_DispositionType.h"
 
+namespace email_disposition_type_test {
+
 namespace {
 
 struct Row
@@ -163,3 +165,5 @@ TEST(EMAIL_DispositionType, UnparsedBodyIsWrittenAsItStands)
     disposition.assemble();
     EXPECT_EQ(disposition.mString, "");
 }
+
+} // namespace email_disposition_type_test

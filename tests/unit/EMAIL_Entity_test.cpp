@@ -9,6 +9,8 @@
 #include <QTemporaryFile>
 #include <type_traits>
 
+namespace email_entity_test {
+
 namespace {
 
 struct SplitRow
@@ -305,3 +307,5 @@ TEST(EMAIL_Entity, EveryShortTextSplitsTheSameInMemoryAndInAFile)
     }
     EXPECT_EQ(texts, 97656);
 }
+
+} // namespace email_entity_test

@@ -5,6 +5,8 @@
 #include <memory>
 #include <typeinfo>
 
+namespace email_field_test {
+
 TEST(EMAIL_Field, StartsUnparsedAndEmpty)
 {
     EMAIL_Header header;
@@ -65,3 +67,5 @@ INSTANTIATE_TEST_SUITE_P(
                     LineRow{"A", "1\r\n\t2", "A: 1\r\n\t2\r\n"},
                     LineRow{"A", QCString(QByteArray(2000, 'x')),
                             "A: " + QCString(QByteArray(2000, 'x')) + "\r\n"}));
+
+} // namespace email_field_test

@@ -7,6 +7,8 @@
 #include <functional>
 #include <optional>
 
+namespace email_header_extensions_test {
+
 namespace {
 
 QByteArray assembled(EMAIL_Header& header)
@@ -261,3 +263,5 @@ TEST(EMAIL_HeaderExtensions, RemovingTakesTheFirstOfEachName)
     header.removeBodyTruncatedInfo();
     EXPECT_EQ(assembled(header), "Keep: me\r\n");
 }
+
+} // namespace email_header_extensions_test

@@ -10,6 +10,8 @@
 #include <string>
 #include <typeinfo>
 
+namespace email_header_factory_test {
+
 namespace {
 
 struct FactoryRow
@@ -104,3 +106,5 @@ TEST(FieldFactory, AnEmptyNameMakesAPlainFieldWithoutAName)
         EXPECT_TRUE(created.mName.isEmpty());
     }
 }
+
+} // namespace email_header_factory_test

@@ -8,6 +8,8 @@
 
 #include <functional>
 
+namespace email_header_fields_test {
+
 namespace {
 
 using Header = EMAIL_Header;
@@ -317,3 +319,5 @@ TEST(EMAIL_HeaderFields, MethodCreatesTheContentTypeField)
     EXPECT_EQ(header.getMethod(), "REQUEST");
     EXPECT_EQ(header.mFields.count(), 1);
 }
+
+} // namespace email_header_fields_test

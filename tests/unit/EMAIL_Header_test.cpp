@@ -4,6 +4,8 @@
 
 #include <vector>
 
+namespace email_header_test {
+
 namespace {
 
 using Lines = std::vector<std::pair<QCString, QCString>>;
@@ -262,3 +264,5 @@ TEST(EMAIL_Header, DeletesItsFields)
     }
     EXPECT_EQ(alive, 0);
 }
+
+} // namespace email_header_test

@@ -11,6 +11,8 @@
 
 #include <sys/stat.h>
 
+namespace email_mime_calendar_test {
+
 namespace {
 
 QByteArray part(const QByteArray& type, const QByteArray& id)
@@ -206,3 +208,5 @@ TEST(EMAIL_MIMECalendar, FileMayBeEmptyAndNeedNotBeWritable)
         EXPECT_EQ(calPart.mBodyData, calendar);
     }
 }
+
+} // namespace email_mime_calendar_test

@@ -7,6 +7,8 @@
 
 #include <functional>
 
+namespace email_mime_header_test {
+
 namespace {
 
 struct WriteRow
@@ -320,3 +322,5 @@ TEST(HeadToPartAlone, TypeOfAnotherClassIsRead)
     header.assemble();
     EXPECT_EQ(header.getMessage(), "Content-Type: image/png;\r\n\tname=a.png\r\n");
 }
+
+} // namespace email_mime_header_test

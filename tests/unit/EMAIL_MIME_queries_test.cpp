@@ -13,6 +13,8 @@
 
 #include <memory>
 
+namespace email_mime_queries_test {
+
 namespace {
 
 // A container of the given type; its boundary must differ from those of its parts.
@@ -552,3 +554,5 @@ TEST(EMAIL_MIMEQueries, RawBodyOfASinglePartMessageIsItsBody)
         }
     }
 }
+
+} // namespace email_mime_queries_test

@@ -14,6 +14,8 @@
 #include <memory>
 #include <type_traits>
 
+namespace email_mime_test {
+
 namespace {
 
 // A multipart message whose parts are named by their bodies.
@@ -598,3 +600,5 @@ TEST(EMAIL_MIME, ARefusedBodyIsForgottenForOneInAFile)
     EXPECT_TRUE(file.written().contains("\r\n\r\nstored\r\n"));
     EXPECT_EQ(mime.mMessage->assemble(nullptr), 0);
 }
+
+} // namespace email_mime_test

@@ -4,6 +4,8 @@
 #include "utility/EMAIL_Body.h"
 #include "utility/EMAIL_Header.h"
 
+namespace email_message_test {
+
 TEST(EMAIL_Message, BeginsWithAnEmptyHeaderAndBody)
 {
     const EMAIL_Message entity;
@@ -24,3 +26,5 @@ TEST(EMAIL_Message, IsAnEntityOverItsText)
     EXPECT_EQ(entity.mHeader->mParent, &entity);
     EXPECT_EQ(entity.mBody->mParent, &entity);
 }
+
+} // namespace email_message_test

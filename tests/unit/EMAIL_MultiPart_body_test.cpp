@@ -8,6 +8,8 @@
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_MultiPart.h"
 
+namespace email_multi_part_body_test {
+
 namespace {
 
 const QString eAcute = QString::fromLatin1("caf\xe9");
@@ -438,3 +440,5 @@ TEST(EMAIL_MultiPartBody, EmptyBodyLeavesTheTextAlone)
     EXPECT_EQ(part.getBody(&target), 0);
     EXPECT_EQ(target.written(), "");
 }
+
+} // namespace email_multi_part_body_test

@@ -3,6 +3,8 @@
 
 #include <type_traits>
 
+namespace email_multi_part_test {
+
 namespace {
 
 // Parts whose destructor counts: who owns what shows when it dies.
@@ -342,3 +344,5 @@ TEST(EMAIL_MultiPart, NullSubPartsArePassedOver)
     part.makeHeaderSendable();
     EXPECT_EQ(part.getSubMultiPart(1)->getAttSize(), -1);
 }
+
+} // namespace email_multi_part_test

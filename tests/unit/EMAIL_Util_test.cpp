@@ -6,6 +6,8 @@
 #include <memory>
 #include <random>
 
+namespace email_util_test {
+
 namespace {
 
 int neverCalled()
@@ -203,3 +205,5 @@ TEST(EMAIL_Util, DecodesPastANulIntoGivenRoom)
     EXPECT_EQ(EMAIL_Util::decB64To("YQ==\0YQ==", 9, out, sizeof out), 2);
     EXPECT_EQ(EMAIL_Util::decQpTo("a\0b", 3, out, sizeof out), 3);
 }
+
+} // namespace email_util_test

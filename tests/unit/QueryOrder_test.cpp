@@ -18,6 +18,8 @@
 #include <numeric>
 #include <random>
 
+namespace query_order_test {
+
 namespace {
 
 using Query = QByteArray (*)(const EMAIL_MIME&);
@@ -195,3 +197,5 @@ TEST_P(UnparsedDisposition, StaysAsItWasWritten)
 INSTANTIATE_TEST_SUITE_P(Rows, UnparsedDisposition,
                          testing::Values(DispositionRow{"text", "text/plain", queries[3]},
                                          DispositionRow{"calendar", "text/calendar", queries[6]}));
+
+} // namespace query_order_test

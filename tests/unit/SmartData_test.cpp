@@ -5,6 +5,8 @@
 #include "utility/EMAIL_Header.h"
 #include "utility/EMAIL_Util.h"
 
+namespace smart_data_test {
+
 namespace {
 
 const QByteArray contentType = "Content-Type: text/plain;\r\n\tcharset=utf-8\r\n";
@@ -106,3 +108,5 @@ TEST(SmartDataContentType, ThatRefusesLeavesNothingOfTheRest)
     EXPECT_EQ(header.getSmartData(), "To: t@x\r\nSubject: s\r\nContent-Type: text/plain;\r\n"
                                      "\ta=1;\r\n\tcharset=utf-8\r\n");
 }
+
+} // namespace smart_data_test

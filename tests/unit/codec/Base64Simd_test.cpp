@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+namespace base64_simd_test {
+
 // The fast paths beside the plain ones: equal in every byte, every block and every call.
 namespace {
 
@@ -192,3 +194,5 @@ TEST(Base64Twins, FilesGetTheSameBlocksAndCalls)
 }
 
 } // namespace
+
+} // namespace base64_simd_test

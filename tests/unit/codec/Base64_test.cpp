@@ -6,6 +6,8 @@
 
 #include <map>
 
+namespace base64_test {
+
 namespace {
 
 QByteArray encode(const QByteArray& data, int breakLines)
@@ -231,3 +233,5 @@ TEST(Base64AwkwardLines, GiveTheSameBytes)
         }
     }
 }
+
+} // namespace base64_test

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/CharsetNames.h"
 
+namespace charset_names_test {
+
 namespace {
 
 using namespace tarvomime;
@@ -70,3 +72,5 @@ TEST(CharsetNamesTable, RecognisesAnExactNameAsAnyOther)
         EXPECT_EQ(charsetOfExactName((upper + "?Q").constData()), CHARSET_UNKNOWN);
     }
 }
+
+} // namespace charset_names_test

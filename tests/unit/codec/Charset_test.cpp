@@ -4,6 +4,8 @@
 #include <QTextCodec>
 #include <memory>
 
+namespace charset_test {
+
 namespace {
 
 struct CharsetRow
@@ -391,3 +393,5 @@ TEST(Charset, RoundTripTellsWhatACharsetHolds)
             << row.charset << " " << row.utf8;
     EXPECT_TRUE(EMAIL_Util::canEncodeByCharset(QString(QChar(0xD83D)), 13)) << "half a pair";
 }
+
+} // namespace charset_test

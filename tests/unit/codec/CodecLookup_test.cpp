@@ -6,6 +6,8 @@
 #include <QTextCodec>
 #include <random>
 
+namespace codec_lookup_test {
+
 using namespace tarvomime;
 
 TEST(CodecLookup, ThePlatformHasEveryCodec)
@@ -71,3 +73,5 @@ TEST(CodecLookup, WithoutACodecNoTextIsHeld)
         EXPECT_FALSE(encodeIfHeldThroughCodec(bytes, "a", charset, nullptr)) << charset;
     }
 }
+
+} // namespace codec_lookup_test

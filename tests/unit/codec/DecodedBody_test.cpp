@@ -6,6 +6,8 @@
 #include "tests/support/RowNames.h"
 #include "tests/support/StoredFile.h"
 
+namespace decoded_body_test {
+
 namespace {
 
 using namespace tarvomime;
@@ -86,3 +88,5 @@ TEST(DecodedBodyOfAMissingFile, IsRefused)
     EXPECT_EQ(writeDecoded(missing(), CTE_7BIT, &out, {}), -1);
     EXPECT_EQ(text, QStringLiteral("before"));
 }
+
+} // namespace decoded_body_test

@@ -10,6 +10,8 @@
 #include <QTextCodec>
 #include <memory>
 
+namespace double_byte_charset_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -187,3 +189,5 @@ TEST(DoubleByteCharset, HalfAPairAndWhatIsNoUnitAreNotKnown)
     QByteArray bytes;
     EXPECT_FALSE(gbk.encode(QString::fromUtf8("😀"), bytes));
 }
+
+} // namespace double_byte_charset_test

@@ -4,6 +4,8 @@
 
 #include <random>
 
+namespace encoded_word_decoder_test {
+
 namespace {
 
 QString latin1(const QByteArray& bytes)
@@ -283,3 +285,5 @@ TEST(EncodedWordDecoder, FourHundredThousandWords)
     const QByteArray body = QByteArray("=?utf-8?Q?a?=\r\n ").repeated(count);
     EXPECT_EQ(decodedBody(body, 13), QString(count, 'a'));
 }
+
+} // namespace encoded_word_decoder_test

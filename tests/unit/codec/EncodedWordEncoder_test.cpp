@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <random>
 
+namespace encoded_word_encoder_test {
+
 namespace {
 
 QString utf8(const char* text)
@@ -374,3 +376,5 @@ TEST(EncodedWordEncoder, Addresses)
     for (const Row& row : rows)
         EXPECT_EQ(addresses(utf8(row.text), row.charset), row.expected) << row.shows;
 }
+
+} // namespace encoded_word_encoder_test

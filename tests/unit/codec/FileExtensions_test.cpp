@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Util.h"
 
+namespace file_extensions_test {
+
 namespace {
 
 constexpr int untouched = -77;
@@ -116,3 +118,5 @@ TEST(FileExtensions, TypeGivesADefault)
         EXPECT_EQ(EMAIL_Util::getFirstExtByMimeType(type), expected) << type;
     }
 }
+
+} // namespace file_extensions_test

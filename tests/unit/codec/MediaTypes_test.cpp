@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Util.h"
 
+namespace media_types_test {
+
 namespace {
 
 struct NameRow
@@ -201,3 +203,5 @@ TEST(MediaTypes, ValueWithoutASubtypeNameLeavesTheTextAlone)
         EXPECT_EQ(name, "kept") << value;
     }
 }
+
+} // namespace media_types_test

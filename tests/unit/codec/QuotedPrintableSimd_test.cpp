@@ -10,6 +10,8 @@
 #include "utility/codec/QuotedPrintableStretch.h"
 #include "utility/codec/QuotedPrintableTables.h"
 
+namespace quoted_printable_simd_test {
+
 // The fast paths beside the plain ones: equal in every byte, every block and every call.
 namespace {
 
@@ -265,3 +267,5 @@ TEST(QpTwins, FilesGetTheSameBlocksAndCalls)
 }
 
 } // namespace
+
+} // namespace quoted_printable_simd_test

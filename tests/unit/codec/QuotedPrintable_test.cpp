@@ -7,6 +7,8 @@
 
 #include <map>
 
+namespace quoted_printable_test {
+
 namespace {
 
 QByteArray encode(const QByteArray& data, int breakLines)
@@ -226,3 +228,5 @@ TEST(QpExhaustive, EveryByteAtEveryColumn)
 }
 
 } // namespace
+
+} // namespace quoted_printable_test

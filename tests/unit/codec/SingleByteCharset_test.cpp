@@ -8,6 +8,8 @@
 #include <QTextCodec>
 #include <random>
 
+namespace single_byte_charset_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -110,3 +112,5 @@ TEST(SingleByteCharset, RandomTextsEncodeAsTheCodecDoes)
         EXPECT_EQ(heldByTable(text, charset), heldPlainly(text, charset)) << seed;
     }
 }
+
+} // namespace single_byte_charset_test

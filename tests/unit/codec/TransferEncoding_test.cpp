@@ -6,6 +6,8 @@
 
 #include <QMap>
 
+namespace transfer_encoding_test {
+
 namespace {
 
 struct NameRow
@@ -266,3 +268,5 @@ TEST(TransferEncodingStreams, RawDataHandsBackTheCallbacksValue)
 }
 
 } // namespace
+
+} // namespace transfer_encoding_test

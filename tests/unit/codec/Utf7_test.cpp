@@ -2,6 +2,8 @@
 #include "tests/support/AllStrings.h"
 #include "utility/EMAIL_Util.h"
 
+namespace utf7_test {
+
 namespace {
 
 QString decoded(const QByteArray& bytes)
@@ -126,3 +128,5 @@ TEST(Utf7, EveryTwoBytesFollowThePlainRules)
         }
     }
 }
+
+} // namespace utf7_test

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/codec/WordChunks.h"
 
+namespace word_chunks_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -52,3 +54,5 @@ TEST(WordChunks, ACharacterThatNeverFitsIsTakenAlone)
     EXPECT_EQ(chunkLength(pair + "a", 0, never), 2);
     EXPECT_EQ(chunkLength("a" + pair, 1, never), 2);
 }
+
+} // namespace word_chunks_test

@@ -4,6 +4,8 @@
 
 #include <numeric>
 
+namespace block_writer_test {
+
 namespace {
 
 using Writes = std::vector<qint64>;
@@ -137,3 +139,5 @@ TEST(WriteRawDataArguments, NothingToWriteIsNeverAFailure)
 }
 
 } // namespace
+
+} // namespace block_writer_test

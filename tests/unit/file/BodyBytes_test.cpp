@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+namespace body_bytes_test {
+
 namespace {
 
 using tarvomime::BodyBlocks;
@@ -158,3 +160,5 @@ TEST(BodyBytes, OfAFileThatIsReplacedMeanwhileAreThoseThatWereOpened)
     ASSERT_TRUE(QFile::remove(stored.path()));
     EXPECT_TRUE(bytes.all() == content);
 }
+
+} // namespace body_bytes_test

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <map>
 
+namespace codec_streams_test {
+
 // What the file forms have in common: the points at which blocks go out and the callback is asked,
 // and what becomes of a full disk.
 namespace {
@@ -332,3 +334,5 @@ INSTANTIATE_TEST_SUITE_P(Forms, StoppedStream, testing::Values(kForms[2], kForms
                          [](const auto& row) { return row.param.name; });
 
 } // namespace
+
+} // namespace codec_streams_test

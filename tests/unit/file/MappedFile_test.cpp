@@ -8,6 +8,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace mapped_file_test {
+
 namespace {
 
 class MappedFile : public testing::Test
@@ -202,3 +204,5 @@ TEST_F(MappedFile, TakesTheLargestFileAnIntCanMeasure)
 }
 
 } // namespace
+
+} // namespace mapped_file_test

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <vector>
 
+namespace pump_test {
+
 // A codec whose input comes from a file, in blocks, beside the same codec that has all of it in
 // memory: the same bytes, written and asked for at the same points.
 namespace {
@@ -191,3 +193,5 @@ TEST(Pump, ReadsNoFurtherThanTheEndOfTheText)
         EXPECT_FALSE(decode(bytes, NulByte::IsData).has_value());
     }
 }
+
+} // namespace pump_test

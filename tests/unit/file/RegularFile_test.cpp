@@ -8,6 +8,8 @@
 #include <limits>
 #include <unistd.h>
 
+namespace regular_file_test {
+
 namespace {
 
 using namespace tarvomime;
@@ -106,3 +108,5 @@ TEST(RegularFile, ClosesWhatItDoesNotHandOver)
     EXPECT_EQ(close(descriptor), 0);
     EXPECT_EQ(OpenResources::of(stored.path()), before);
 }
+
+} // namespace regular_file_test

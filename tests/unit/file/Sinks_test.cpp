@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <limits>
 
+namespace sinks_test {
+
 // Results for which there is no room. The texts are never read: there are no such texts.
 namespace {
 
@@ -63,3 +65,5 @@ TEST(EncodersWithoutRoom, GiveNothing)
 }
 
 } // namespace
+
+} // namespace sinks_test

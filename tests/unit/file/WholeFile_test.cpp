@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+namespace whole_file_test {
+
 namespace {
 
 using tarvomime::WholeFile;
@@ -75,3 +77,5 @@ TEST(WholeFile, RefusesWhatIsNoFile)
         EXPECT_TRUE(WholeFile(path).view().empty()) << path.toStdString();
     }
 }
+
+} // namespace whole_file_test

@@ -3,6 +3,8 @@
 
 #include <sys/mman.h>
 
+namespace huge_pages_test {
+
 namespace {
 
 constexpr std::size_t kHugePage = std::size_t(1) << 21;
@@ -58,3 +60,5 @@ TEST(HugePages, LeaveErrnoAndSmallPiecesAlone)
     tarvomime::preferHugePages(nullptr, 0);
     EXPECT_STREQ(few, "few");
 }
+
+} // namespace huge_pages_test

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/text/Joined.h"
 
+namespace joined_test {
+
 using namespace tarvomime;
 
 TEST(Joined, PutsThePiecesOneBehindTheOther)
@@ -34,3 +36,5 @@ TEST(RefusedText, IsNoOtherText)
     EXPECT_FALSE(isRefused(QCString::fromLiteral("")));
     EXPECT_FALSE(isRefused(QCString("text").left(0)));
 }
+
+} // namespace joined_test

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Util.h"
 
+namespace tokens_test {
+
 namespace {
 
 struct TwoWayRow
@@ -153,3 +155,5 @@ TEST(StripCharAliasing, TheOutputMayBeTheSource)
     EMAIL_Util::stripChar('"', text, text);
     EXPECT_EQ(text, "abc");
 }
+
+} // namespace tokens_test

@@ -3,6 +3,8 @@
 
 #include <random>
 
+namespace utf16_buffer_test {
+
 using tarvomime::Utf16Buffer;
 
 namespace {
@@ -107,3 +109,5 @@ TEST(Utf16Buffer, RandomBytes)
         EXPECT_EQ(appended(bytes), expected(bytes)) << seed << " " << round;
     }
 }
+
+} // namespace utf16_buffer_test

@@ -3,6 +3,8 @@
 
 #include <random>
 
+namespace utf8_test {
+
 using tarvomime::utf8Of;
 
 namespace {
@@ -40,3 +42,5 @@ TEST(Utf8, RandomUnits)
         expectAsTheStringWrites(text);
     }
 }
+
+} // namespace utf8_test

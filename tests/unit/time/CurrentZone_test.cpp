@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <utility>
 
+namespace current_zone_test {
+
 namespace {
 
 // Seconds west of UTC, as the C library sees it now.
@@ -39,3 +41,5 @@ TEST(CurrentZone, IsTheSystemsWithoutTz)
 }
 
 } // namespace
+
+} // namespace current_zone_test

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/EMAIL_Util.h"
 
+namespace display_number_test {
+
 TEST(DisplayNumber, NumbersBelowTenGetAZero)
 {
     const std::pair<int, const char*> rows[] = {
@@ -11,3 +13,5 @@ TEST(DisplayNumber, NumbersBelowTenGetAZero)
     for (const auto& [number, expected] : rows)
         EXPECT_EQ(EMAIL_Util::getDispNum(number), expected) << number;
 }
+
+} // namespace display_number_test

@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
+namespace local_time_test {
+
 namespace {
 
 constexpr long minute = 60;
@@ -132,3 +134,5 @@ TEST_P(CalendarTime, CarriesOverEachFieldThatIsOutOfRange)
 
 INSTANTIATE_TEST_SUITE_P(Zones, CalendarTime, testing::ValuesIn(rows),
                          [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace local_time_test

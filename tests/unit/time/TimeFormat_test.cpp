@@ -5,6 +5,8 @@
 
 #include <climits>
 
+namespace time_format_test {
+
 namespace {
 
 constexpr unsigned long march3 = 1046649600; // 3 Mar 2003 00:00:00 UTC
@@ -67,3 +69,5 @@ TEST_P(TimeFormatRow, IsShown)
 
 INSTANTIATE_TEST_SUITE_P(Rows, TimeFormatRow, testing::ValuesIn(rows),
                          [](const auto& row) { return row.param.name; });
+
+} // namespace time_format_test

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utility/time/ZoneOffset.h"
 
+namespace zone_offset_test {
+
 namespace {
 
 struct Row
@@ -42,3 +44,5 @@ INSTANTIATE_TEST_SUITE_P(Letters, ZoneOffset,
                          testing::Values(Row{"z", 0}, Row{"g", 0}, Row{"gx", -420}, Row{"e", -300},
                                          Row{"m", -720}, Row{"p", 180}, Row{"u", 480},
                                          Row{"c", -180}, Row{"a", 0}));
+
+} // namespace zone_offset_test

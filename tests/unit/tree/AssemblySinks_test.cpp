@@ -9,6 +9,8 @@
 
 #include <string>
 
+namespace assembly_sinks_test {
+
 using namespace tarvomime;
 
 TEST(MeasuringAssembly, AddsUpToItsLimit)
@@ -88,3 +90,5 @@ TEST(FileAssembly, RefusesAFileThatIsNotOpenForWriting)
     FileAssembly sink(closed);
     EXPECT_FALSE(sink.flush()) << "even with nothing to write";
 }
+
+} // namespace assembly_sinks_test

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+namespace delimiter_index_test {
+
 namespace {
 
 using tarvomime::DelimiterIndex;
@@ -98,3 +100,5 @@ TEST(DelimiterIndex, AnswersForOneBoundaryAfterAnother)
 }
 
 } // namespace
+
+} // namespace delimiter_index_test

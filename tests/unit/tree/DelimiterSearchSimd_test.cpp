@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace delimiter_search_simd_test {
+
 namespace {
 
 // No vector is longer.
@@ -68,3 +70,5 @@ TEST(DelimiterSearchTwins, PassOverCleanTextOfEveryLength)
 }
 
 } // namespace
+
+} // namespace delimiter_search_simd_test

@@ -8,6 +8,8 @@
 
 #include <string>
 
+namespace delimiter_search_test {
+
 namespace {
 
 void expectAsPlain(const ExactBuffer& text, std::size_t from, const std::string& boundary)
@@ -50,3 +52,5 @@ TEST(DelimiterSearch, FindsTheSameInRandomTexts)
 }
 
 } // namespace
+
+} // namespace delimiter_search_test

@@ -7,6 +7,8 @@
 
 #include <vector>
 
+namespace delimiter_test {
+
 namespace {
 
 using namespace tarvomime;
@@ -174,3 +176,5 @@ TEST(DelimiterFinder, FindsLinesWithALongCommonBeginning)
             expectAsInRules(text, boundary, position, int(text.size()), alwaysIndex);
     }
 }
+
+} // namespace delimiter_test

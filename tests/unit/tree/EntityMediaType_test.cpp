@@ -5,6 +5,8 @@
 #include "utility/EMAIL_BodyPart.h"
 #include "utility/EMAIL_Message.h"
 
+namespace entity_media_type_test {
+
 namespace {
 
 using namespace tarvomime;
@@ -57,3 +59,5 @@ TEST(FirstSubPart, IsThatOfAContainerOnly)
     EXPECT_EQ(firstSubPart(text), nullptr);
     EXPECT_EQ(firstSubPart(empty), nullptr);
 }
+
+} // namespace entity_media_type_test

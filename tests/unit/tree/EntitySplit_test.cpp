@@ -4,6 +4,8 @@
 #include "tests/support/AllStrings.h"
 #include "tests/support/RowNames.h"
 
+namespace entity_split_test {
+
 namespace {
 
 using namespace tarvomime;
@@ -59,3 +61,5 @@ TEST(EntitySplitRanges, LieWhereTheEntityLies)
     EXPECT_EQ(split.header.end, 12);
     EXPECT_EQ(split.bodyStart, 13);
 }
+
+} // namespace entity_split_test

@@ -16,6 +16,8 @@
 #include <thread>
 #include <vector>
 
+namespace fresh_boundaries_test {
+
 namespace {
 
 struct BodyRow
@@ -349,3 +351,5 @@ TEST(FreshBoundaries, OfTwoThreadsDiffer)
     all.insert(drawn[1].begin(), drawn[1].end());
     EXPECT_EQ(all.size(), 2U * kEach);
 }
+
+} // namespace fresh_boundaries_test

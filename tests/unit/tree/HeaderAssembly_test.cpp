@@ -4,6 +4,8 @@
 #include "utility/EMAIL_Field.h"
 #include "utility/EMAIL_Header.h"
 
+namespace header_assembly_test {
+
 using namespace tarvomime;
 
 TEST(HeaderAssembly, MakesOneTextOfItsLines)
@@ -82,3 +84,5 @@ TEST(HeaderAssembly, NeverWritesMoreThanItHasMeasured)
         EXPECT_EQ(header.getMessage().length(), 1004 + int(qstrlen(name)));
     }
 }
+
+} // namespace header_assembly_test

@@ -3,6 +3,8 @@
 
 #include "utility/EMAIL_Body.h"
 
+namespace parse_sources_test {
+
 using namespace tarvomime;
 
 TEST(MemorySource, CutsSlicesOfItsText)
@@ -55,3 +57,5 @@ TEST(FileSource, LeavesBodiesInTheFile)
     EXPECT_EQ(body.mOffset, 3);
     EXPECT_EQ(body.mLength, 4);
 }
+
+} // namespace parse_sources_test

@@ -12,6 +12,8 @@
 #include <pthread.h>
 #include <random>
 
+namespace part_trees_test {
+
 namespace {
 
 constexpr int deepLevels = 100000;
@@ -241,3 +243,5 @@ TEST(PartTrees, RandomTreesComeBackAsTheyWent)
             return;
     }
 }
+
+} // namespace part_trees_test

@@ -8,6 +8,8 @@
 #include "utility/EMAIL_Message.h"
 #include "utility/EMAIL_Numbers.h"
 
+namespace stored_body_test {
+
 namespace {
 
 using namespace tarvomime;
@@ -73,3 +75,5 @@ TEST(WriteContent, CopiesRawContentOfAFile)
     EXPECT_EQ(writeContent(part, &out), 0);
     EXPECT_EQ(out.written(), "YWJj") << "an attached file is not encoded yet";
 }
+
+} // namespace stored_body_test

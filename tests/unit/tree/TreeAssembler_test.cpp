@@ -11,6 +11,8 @@
 #include <functional>
 #include <string>
 
+namespace tree_assembler_test {
+
 using namespace tarvomime;
 
 namespace {
@@ -235,3 +237,5 @@ TEST(TreeAssembler, ParsesThroughWhatDerivedClassesOverride)
     EXPECT_EQ(body->numBodyParts(), 1);
     EXPECT_EQ(body->bodyPart(0)->mBody->getMessage(), "one");
 }
+
+} // namespace tree_assembler_test

@@ -9,6 +9,8 @@
 #include <memory>
 #include <vector>
 
+namespace tree_deleter_test {
+
 namespace {
 
 // Notes its number when it is deleted.
@@ -65,3 +67,5 @@ TEST(TreeDeleter, PassesOverNullsAndLostBodies)
     tarvomime::deleteChildren(body);
     EXPECT_THAT(deleted, testing::ElementsAre(1));
 }
+
+} // namespace tree_deleter_test

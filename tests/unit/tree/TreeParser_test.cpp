@@ -10,6 +10,8 @@
 
 #include <climits>
 
+namespace tree_parser_test {
+
 namespace {
 
 using namespace tarvomime;
@@ -142,3 +144,5 @@ INSTANTIATE_TEST_SUITE_P(Rows, KeptRange,
                          testing::Values(KeptRow{"text/plain", 4}, KeptRow{nullptr, 6},
                                          KeptRow{"message/rfc822", 6},
                                          KeptRow{"multipart/mixed; boundary=b", 6}));
+
+} // namespace tree_parser_test

@@ -6,6 +6,8 @@
 
 #include <memory>
 
+namespace type_reader_test {
+
 using tarvomime::TypeReader;
 
 namespace {
@@ -89,3 +91,5 @@ TEST(TypeReader, ForgetsFieldsBeforeTheyAreDeleted)
     EXPECT_EQ(summary(reader.read(*second)),
               summary(headerOf("text/plain; charset=utf-8")->getContentType()));
 }
+
+} // namespace type_reader_test

@@ -9,6 +9,8 @@
 #include <memory>
 #include <type_traits>
 
+namespace qcstring_test {
+
 TEST(QCString, NullAndEmptyDifferButCompareEqual)
 {
     const QCString null;
@@ -507,3 +509,5 @@ TEST(QCString, WritesNumbers)
     EXPECT_EQ(text.setNum(quint64(5)), "5");
     EXPECT_EQ(text.setNum(-6L), "-6");
 }
+
+} // namespace qcstring_test

@@ -5,6 +5,8 @@
 #include <memory>
 #include <vector>
 
+namespace q_ptr_list_test {
+
 namespace {
 
 struct Counted
@@ -126,3 +128,5 @@ TEST(QValueList, IsQtsList)
     const QList<int>& same = list;
     EXPECT_EQ(same.at(1), 2);
 }
+
+} // namespace q_ptr_list_test

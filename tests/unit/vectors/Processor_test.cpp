@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace processor_test {
+
 namespace {
 
 using tarvomime::Processor;
@@ -58,3 +60,5 @@ TEST(Processor, NamesAreOfOneKindEach)
 }
 
 } // namespace
+
+} // namespace processor_test
