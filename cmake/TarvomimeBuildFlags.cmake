@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # A file's private names are its own, and several files use the same: a build that joins files to
-# compile faster must leave these apart.
+# compile faster must leave these apart. The tests, whose files have namespaces, are joined by themselves.
 set(CMAKE_UNITY_BUILD OFF)
 
 # Flags that every target of this repository is built with, gathered in one interface target.
@@ -34,3 +34,12 @@ if(TARVOMIME_SANITIZERS)
   target_compile_options(tarvomime_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds>)
   target_link_options(tarvomime_flags INTERFACE -fsanitize=${TARVOMIME_SANITIZERS})
 endif()
+
+# What a library does not name as its own stays inside it.
+function(tarvomime_hide target)
+  set_target_properties(${target} PROPERTIES
+    POSITION_INDEPENDENT_CODE ON
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON
+  )
+endfunction()

@@ -32,14 +32,5 @@ function(tarvomime_precompile target)
   endif()
 endfunction()
 
-# What a library does not name as its own stays inside it.
-function(tarvomime_hide target)
-  set_target_properties(${target} PROPERTIES
-    POSITION_INDEPENDENT_CODE ON
-    CXX_VISIBILITY_PRESET hidden
-    VISIBILITY_INLINES_HIDDEN ON
-  )
-endfunction()
-
 tarvomime_add_headers(tarvomime_headers)
 tarvomime_hide(tarvomime_headers)
